@@ -1,0 +1,23 @@
+#pragma once
+
+#include "psrender/InputError.h"
+#include "psrender/Warnings.h"
+#include "psrender/scene/DisplayList.h"
+
+#include <string>
+#include <string_view>
+
+namespace psrender::svg {
+
+/// Reads one SVG document (SVG 1.1 with CSS presentation properties) into a page.
+///
+/// The page has the drawing's own size: width and height of the outermost `svg` element in
+/// points at 96 px an inch, else its viewBox, else 300 by 150 px. Elements that the reader
+/// does not know are left out and counted in `warnings`.
+///
+/// `text` is the whole document in UTF-8 (or UTF-16 with a byte order mark); `name` is what
+/// messages call it. Throws `InputError` for what is no SVG, is cut short, or asks for more
+/// than the stated limits of nesting and size. Never reads a file or an address.
+scene::Page readSvg(std::string_view text, const std::string& name, Warnings& warnings);
+
+}  // namespace psrender::svg
