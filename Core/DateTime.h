@@ -1,0 +1,28 @@
+#pragma once
+
+#include "Core/Export.h"
+
+namespace Core {
+
+/// A calendar date of the Gregorian calendar, in UTC.
+class CORE_API DateTime {
+public:
+    constexpr DateTime(int year, unsigned month, unsigned day)
+        : year_(year), month_(month), day_(day) {}
+
+    /// Now, by UTC: the time zone of the process plays no part.
+    static DateTime getCurrentGMTTime();
+
+    [[nodiscard]] int getYear() const { return year_; }
+    /// 1 to 12.
+    [[nodiscard]] unsigned getMonth() const { return month_; }
+    /// 1 to 31.
+    [[nodiscard]] unsigned getDay() const { return day_; }
+
+private:
+    int year_;
+    unsigned month_;
+    unsigned day_;
+};
+
+}  // namespace Core

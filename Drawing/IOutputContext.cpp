@@ -1,0 +1,7 @@
+#include "Drawing/IOutputContext.h"
+
+namespace Drawing {
+
+IOutputContext::~IOutputContext() = default;
+
+}  // namespace Drawing

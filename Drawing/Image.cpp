@@ -1,0 +1,7 @@
+#include "Drawing/Image.h"
+
+namespace Drawing {
+
+Image::~Image() = default;
+
+}  // namespace Drawing

@@ -1,0 +1,7 @@
+#include "Drawing/ResourceManager.h"
+
+namespace Drawing {
+
+ResourceManager::~ResourceManager() = default;
+
+}  // namespace Drawing

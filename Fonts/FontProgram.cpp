@@ -1,0 +1,7 @@
+#include "Fonts/FontProgram.h"
+
+namespace Fonts {
+
+FontProgram::~FontProgram() = default;
+
+}  // namespace Fonts

@@ -1,0 +1,8 @@
+#include "Fonts/ResourceManagerImpl.h"
+
+namespace Fonts {
+
+ResourceManagerImpl::ResourceManagerImpl() = default;
+ResourceManagerImpl::~ResourceManagerImpl() = default;
+
+}  // namespace Fonts
