@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <string>
 #include <tuple>
 #include <utility>
 
@@ -87,20 +88,31 @@ char* writePiece(char* out, const Tuple& numbers) {
     return out;
 }
 
+template <FixedText Template, class... Numbers>
+char* fill(char* out, const Numbers&... numbers) {
+    const auto all = std::forward_as_tuple(numbers...);
+    [&]<std::size_t... Index>(std::index_sequence<Index...>) {
+        ((out = writePiece<Template, Index>(out, all)), ...);
+    }
+    (std::make_index_sequence<countPieces<Template>()>{});
+    return out;
+}
+
 }  // namespace FixedFormat
 
 /// Writes the filled template to `stream` in one piece. If a number cannot be written, its
 /// exception leaves the stream as it was.
 template <FixedText Template, class... Numbers>
 void writeFixed(IO::Stream& stream, Numbers... numbers) {
-    constexpr auto kRoom = FixedFormat::maxLength<Template, Numbers...>();
-    char* out = stream.reserve(kRoom);
-    const auto all = std::make_tuple(numbers...);
-    [&]<std::size_t... Index>(std::index_sequence<Index...>) {
-        ((out = FixedFormat::writePiece<Template, Index>(out, all)), ...);
-    }
-    (std::make_index_sequence<FixedFormat::countPieces<Template>()>{});
-    stream.commit(out);
+    char* out = stream.reserve(FixedFormat::maxLength<Template, Numbers...>());
+    stream.commit(FixedFormat::fill<Template>(out, numbers...));
+}
+
+/// The filled template as a text of its own.
+template <FixedText Template, class... Numbers>
+std::string formatFixed(Numbers... numbers) {
+    std::array<char, FixedFormat::maxLength<Template, Numbers...>()> text{};
+    return {text.data(), FixedFormat::fill<Template>(text.data(), numbers...)};
 }
 
 }  // namespace Core
