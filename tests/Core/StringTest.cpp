@@ -1,0 +1,43 @@
+#include "Core/String.h"
+
+#include "Core/Encoder.h"
+#include "Core/Format.h"
+#include "tests/support/Raises.h"
+
+namespace {
+
+using Core::Encoder;
+using Core::String;
+
+TEST(String, ComparesAndSearchesByCodeUnit) {
+    EXPECT_LT(String(u"F10").compare(u"F9"), 0);
+    EXPECT_GT(String(u"\uFFFD").compare(u"\xD83D\xDE00"), 0) << "units, not characters";
+    EXPECT_TRUE(String(u"TIMES-roman").equalsNoCase(u"Times-Roman"));
+    EXPECT_FALSE(String(u"Times").equalsNoCase(u"Times-Roman"));
+    EXPECT_EQ(3U, String(u"a_b_c").rFind(u'_'));
+    EXPECT_EQ(String(u"c"), String(u"a_b_c").subString(4));
+    EXPECT_EQ(String(), String(u"a").subString(7));
+    EXPECT_EQ(String(u"Deep#20Blue#202"), String(u"Deep Blue 2").replace(u" ", u"#20"));
+}
+
+TEST(String, ConvertsToUtf8AndBack) {
+    const std::string mixed = "A\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80\xEF\xBF\xBD";
+    EXPECT_EQ(mixed, String(mixed).toUtf8());
+    EXPECT_EQ(6U, String(mixed).length());
+    EXPECT_EQ(mixed, Encoder::convertStringToMultibyte(String(mixed)).view());
+    EXPECT_EQ("a\xEF\xBF\xBD", String(u"a\xD800").toUtf8()) << "a lone surrogate";
+    for (const char* malformed :
+         {"\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xE2\x82", "\x80"})
+        EXPECT_EQ(u'\uFFFD', String(malformed)[0]) << malformed;
+    EXPECT_EQ(String(u"\uFFFDA"), String("\xE2"
+                                         "A"))
+        << "what follows is kept";
+}
+
+TEST(Format, ParsesWholeIntegersOnly) {
+    EXPECT_EQ(-12, Core::Format::parseInt(u"-12"));
+    for (const char* wrong : {"", "x", "1 ", " 1", "1.5", "+1", "2147483648"})
+        EXPECT_RAISES(Core::FormatException, "Format:1", Core::Format::parseInt(wrong)) << wrong;
+}
+
+}  // namespace
