@@ -22,6 +22,9 @@ void Path::close() {
 }
 
 void Path::add(const PathCommand& command) {
+    constexpr std::size_t kFirstRoom = 16;  // of most paths all they need
+    if (commands_.capacity() == 0)
+        commands_.reserve(kFirstRoom);
     commands_.push_back(command);
 }
 

@@ -11,6 +11,7 @@ class PSFontResource;
 class PSGradient;
 class PSGraphicsState;
 class PSPatternBrush;
+class PointWriter;
 struct PSPrintingOptions;
 
 }  // namespace Drawing::PS

@@ -211,7 +211,7 @@ private:
     void drawSide(float x1, float y1, float x2, float y2);
     void drawDashedBorder(float x, float y, float width, float height);
     void fillInBrackets();
-    void writeCommand(const PathCommand& command, bool isFirst, bool isLast);
+    void writeCommand(const PathCommand& command, bool isFirst, bool isLast, PointWriter& points);
 
     void writeDashes(const Stroke& stroke);
     void writeLineCap(const Stroke& stroke);

@@ -6,6 +6,7 @@
 #include "Drawing/Stroke.h"
 #include "Drawing/Util.h"
 #include "PS/PSDocument.h"
+#include "PS/internal/PointWriter.h"
 
 namespace Drawing::PS {
 
@@ -41,23 +42,27 @@ void PSDocument::endShape() {
 /// assignment behind the last command has the last word.
 void PSDocument::writePath(const Core::SmartPtr<Path>& path, bool /*flag*/) {
     const std::uint64_t count = path->getCommandCount();
+    PointWriter points(*scriptStream);
+    if (count > 0)
+        points.write(path->getCommandAt(0).x, path->getCommandAt(0).y, " m\n");
     for (std::uint64_t i = 0; i < count; ++i)
-        writeCommand(path->getCommandAt(i), i == 0, i + 1 == count);
+        writeCommand(path->getCommandAt(i), i == 0, i + 1 == count, points);
     graphicsState->fillRule = PSGraphicsState::kNonZero;
 }
 
 /// A path is opened by a move to its first point whatever its first command is. Later subpaths
 /// are opened by the long name "moveto": "m" would drop the path before them.
-void PSDocument::writeCommand(const PathCommand& command, bool isFirst, bool isLast) {
-    if (isFirst)
-        moveTo(command.x, command.y);
+void PSDocument::writeCommand(const PathCommand& command, bool isFirst, bool isLast,
+                              PointWriter& points) {
     switch (command.kind) {
         case PathCommandKind::moveTo:
-            if (!isFirst)
-                writeFixed<"{0} {1} moveto\n">(*scriptStream, command.x, command.y);
+            if (!isFirst) {
+                points.beginSubpath();
+                points.write(command.x, command.y, " moveto\n");
+            }
             break;
         case PathCommandKind::lineTo:
-            lineTo(command.x, command.y);
+            points.write(command.x, command.y, " l\n");
             break;
         case PathCommandKind::curveTo:
             curveTo(command.x1, command.y1, command.x2, command.y2, command.x, command.y);

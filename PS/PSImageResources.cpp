@@ -109,7 +109,8 @@ private:
 /// Type 5 images are placed inline and read a hexadecimal string under the form's name. The form
 /// is defined all the same, behind it.
 void writeInlineString(ImageResource& resource, Core::IO::Stream& stream, const ByteArray& data) {
-    stream.write(("/" + Names::image(resource.key()).toUtf8() + "\n<"));
+    const String head = StringFormatStream(u"/{0}\n<") << Names::image(resource.key());
+    stream.write(head.toUtf8());
     writeHex(stream, data.span());
     resource.line(u"> def");
 }
