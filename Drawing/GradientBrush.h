@@ -23,7 +23,7 @@ public:
     ~GradientBrush() override;
 
     [[nodiscard]] const Core::Vector<StopPoint>& getStops() const { return stops_; }
-    /// From the gradient's own space to the default space of the page.
+    /// From the gradient's own space to the user space in which it is used.
     [[nodiscard]] const Matrix& getMatrix() const { return matrix_; }
     /// The four numbers of the constructor, in its order.
     [[nodiscard]] const std::array<float, 4>& getGeometry() const { return geometry_; }

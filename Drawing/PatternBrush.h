@@ -12,8 +12,8 @@ namespace Drawing {
 class DRAWING_API PatternBrush : public Brush {
 public:
     /// `context` holds the tile, drawn into a context that `createPatternOutputContext` of the
-    /// painting document made. `matrix` leads from the tile's space to the default space of the
-    /// page; `origin` moves the tiling there.
+    /// painting document made. `matrix` leads from the tile's space to the user space in which
+    /// the brush is used; `origin` moves the tiling there.
     PatternBrush(Core::SmartPtr<IOutputContext> context, const Matrix& matrix, XPointF origin = {},
                  float opacity = 1);
     ~PatternBrush() override;
