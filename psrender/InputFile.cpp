@@ -1,0 +1,70 @@
+#include "psrender/InputFile.h"
+
+#include "psrender/InputError.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <system_error>
+
+namespace psrender {
+
+namespace {
+
+/// An open file that closes itself; standard input stays open.
+class Descriptor {
+public:
+    explicit Descriptor(const std::string& name)
+        : number_(name == "-" ? STDIN_FILENO : ::open(name.c_str(), O_RDONLY | O_CLOEXEC)) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor() {
+        if (number_ > STDIN_FILENO)
+            ::close(number_);
+    }
+    [[nodiscard]] int number() const { return number_; }
+
+private:
+    int number_;
+};
+
+[[noreturn]] void refuse(const std::string& name, const std::string& sentence) {
+    throw InputError({name == "-" ? kStandardInput : name}, sentence);
+}
+
+[[noreturn]] void failRead(const std::string& name) {
+    const std::string reason = std::generic_category().message(errno);
+    const bool folder = errno == EISDIR;
+    refuse(name, folder ? "this is a folder; name the SVG files in it"
+                        : "cannot be read (" + reason + "); check the name and its permissions");
+}
+
+}  // namespace
+
+std::string readInput(const std::string& name) {
+    const Descriptor file(name);
+    if (file.number() < 0)
+        failRead(name);
+    std::string content;
+    std::array<char, 65536> block{};
+    for (;;) {
+        const ssize_t count = ::read(file.number(), block.data(), block.size());
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            failRead(name);
+        if (count == 0)
+            break;
+        content.append(block.data(), static_cast<std::size_t>(count));
+        if (content.size() > kLargestInput)
+            refuse(name,
+                   "is larger than 256 MiB, which is the most that is read; split the drawing");
+    }
+    if (content.empty())
+        refuse(name, "is empty; give an SVG drawing");
+    return content;
+}
+
+}  // namespace psrender

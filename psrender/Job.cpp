@@ -1,0 +1,117 @@
+#include "psrender/Job.h"
+
+#include "PS/PSDocument.h"
+#include "psrender/InputError.h"
+#include "psrender/InputFile.h"
+#include "psrender/OutputFile.h"
+#include "psrender/Preview.h"
+#include "psrender/Progress.h"
+#include "psrender/Warnings.h"
+#include "psrender/paint/Painter.h"
+#include "psrender/plan/Planner.h"
+#include "psrender/svg/SvgReader.h"
+
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <stdexcept>
+
+namespace psrender {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+class Job {
+public:
+    explicit Job(const JobRequest& request)
+        : request_(request),
+          output_(request.output),
+          document_(Core::makeObject<Drawing::PS::PSDocument>(output_.stream().get(), false)),
+          progress_(request.inputs.size(), !request.quiet && ::isatty(STDERR_FILENO) == 1) {}
+
+    ExitCode run() {
+        document_->startDocument();
+        if (request_.printing)
+            document_->setPrintingOptions(*request_.printing);
+        for (const std::string& input : request_.inputs)
+            addOrSkip(input);
+        if (pages_ == 0)
+            throw std::runtime_error(
+                "no page is left: every input was skipped, nothing is written");
+        document_->endDocument();
+        output_.commit();
+        progress_.clear();
+        if (request_.previewPrefix)
+            renderPreview(request_.output, *request_.previewPrefix, request_.previewResolution);
+        return skipped_ ? pagesSkipped : success;
+    }
+
+private:
+    void addOrSkip(const std::string& input) {
+        try {
+            addPage(input);
+            ++pages_;
+        } catch (const InputError& error) {
+            if (!request_.keepGoing)
+                throw;
+            skipped_ = true;
+            say(std::string(error.what()) + " (page skipped)");
+        }
+        progress_.advance();
+    }
+
+    /// Everything that can be wrong with an input is found before its page is begun.
+    void addPage(const std::string& input) {
+        const auto start = Clock::now();
+        const std::string name = input == "-" ? kStandardInput : input;
+        Warnings warnings;
+        scene::Page page = svg::readSvg(readInput(input), name, warnings);
+        try {
+            frame(page, request_.frame);
+        } catch (const std::runtime_error& error) {
+            throw InputError({name}, error.what());
+        }
+        page = plan::plan(page, warnings);
+        paint::paintPage(*document_, page);
+        report(name, page, warnings, Clock::now() - start);
+    }
+
+    void report(const std::string& name, const scene::Page& page, const Warnings& warnings,
+                Clock::duration time) {
+        if (!request_.quiet)
+            for (const std::string& sentence : warnings.sentences())
+                say("warning: " + name + ": " + sentence);
+        if (request_.verbose)
+            say(name + ": " + describe(page, time));
+    }
+
+    static std::string describe(const scene::Page& page, Clock::duration time) {
+        char text[128];
+        std::snprintf(text, sizeof text, "%.1f x %.1f pt, %zu shapes, %.1f ms", page.width,
+                      page.height, page.items.size(),
+                      std::chrono::duration<double, std::milli>(time).count());
+        return text;
+    }
+
+    void say(const std::string& sentence) {
+        progress_.clear();
+        std::fprintf(stderr, "psrender: %s\n", sentence.c_str());
+    }
+
+    const JobRequest& request_;
+    OutputFile output_;
+    Core::SmartPtr<Drawing::PS::PSDocument> document_;
+    Progress progress_;
+    int pages_ = 0;
+    bool skipped_ = false;
+};
+
+}  // namespace
+
+ExitCode runJob(const JobRequest& request) {
+    return Job(request).run();
+}
+
+}  // namespace psrender

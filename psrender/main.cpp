@@ -1,0 +1,37 @@
+#include "Core/Exception.h"
+#include "Core/Log.h"
+#include "psrender/CommandLine.h"
+
+#include <cstdio>
+#include <exception>
+#include <new>
+#include <string>
+
+namespace {
+
+int complain(const std::string& sentence) {
+    std::fprintf(stderr, "psrender: %s\n", sentence.c_str());
+    return psrender::failure;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        const auto asked = psrender::parseCommandLine(argc, argv);
+        if (const auto* code = std::get_if<psrender::ExitCode>(&asked))
+            return *code;
+        const auto& request = std::get<psrender::JobRequest>(asked);
+        Core::Log::setSink([&](const Core::String& text) {
+            if (!request.quiet)
+                complain("warning: " + text.toUtf8());
+        });
+        return psrender::runJob(request);
+    } catch (const Core::Exception& error) {
+        return complain(error.getMessage());
+    } catch (const std::bad_alloc&) {
+        return complain("out of memory; convert fewer or smaller drawings at a time");
+    } catch (const std::exception& error) {
+        return complain(error.what());
+    }
+}

@@ -1,0 +1,200 @@
+// Even-odd interiors in non-zero terms.
+//
+// Where a point lies inside by the even-odd rule it is crossed an odd number of times, so its
+// winding number is odd and not zero: the even-odd interior is always part of the non-zero one,
+// however the subpaths are turned. So two interiors of equal area are equal, and a guess at the
+// turns is proven right by comparing two areas.
+
+#include "psrender/plan/FillRule.h"
+
+#include "psrender/plan/Crossings.h"
+#include "psrender/plan/Polyline.h"
+
+#include <polyclipping/clipper.hpp>
+
+#include <algorithm>
+#include <cmath>
+
+namespace psrender::plan {
+
+namespace {
+
+using ClipperLib::IntPoint;
+using ClipperLib::Paths;
+using scene::Affine;
+using scene::Outline;
+using scene::Point;
+
+constexpr double kTolerance = 0.01;  // points
+/// Integer units a point. Pages reach a million points, and Clipper is fast below 2^30.
+constexpr double kUnits = 1000;
+
+Paths toPaths(const std::vector<Polyline>& lines) {
+    Paths paths;
+    for (const Polyline& line : lines) {
+        auto& path = paths.emplace_back();
+        for (const Point& p : line.points)
+            path.emplace_back(std::llround(p.x * kUnits), std::llround(p.y * kUnits));
+    }
+    return paths;
+}
+
+Paths interior(const Paths& paths, ClipperLib::PolyFillType rule) {
+    ClipperLib::Clipper clipper;
+    clipper.AddPaths(paths, ClipperLib::ptSubject, true);
+    Paths result;
+    clipper.Execute(ClipperLib::ctUnion, result, rule, rule);
+    return result;
+}
+
+/// Holes count negative.
+double areaOf(const Paths& paths) {
+    double area = 0;
+    for (const auto& path : paths)
+        area += ClipperLib::Area(path);
+    return area;
+}
+
+/// Rounding to integer units shifts an edge by up to half a unit.
+bool sameArea(double a, double b, const Paths& paths) {
+    double edges = 0;
+    for (const auto& path : paths)
+        for (std::size_t i = 1; i < path.size(); ++i)
+            edges += std::hypot(static_cast<double>(path[i].X - path[i - 1].X),
+                                static_cast<double>(path[i].Y - path[i - 1].Y));
+    return std::abs(a - b) <= 1 + edges / 2;
+}
+
+/// In how many of the others the path's first point lies.
+int depthOf(std::size_t index, const Paths& paths) {
+    int depth = 0;
+    for (std::size_t i = 0; i < paths.size(); ++i)
+        if (i != index && !paths[index].empty() &&
+            ClipperLib::PointInPolygon(paths[index].front(), paths[i]) == 1)
+            ++depth;
+    return depth;
+}
+
+/// Which paths must be turned round so that outer ones run one way and holes the other.
+std::vector<bool> turnsByDepth(const Paths& paths) {
+    std::vector<bool> turns;
+    for (std::size_t i = 0; i < paths.size(); ++i)
+        turns.push_back(ClipperLib::Orientation(paths[i]) == (depthOf(i, paths) % 2 == 1));
+    return turns;
+}
+
+Paths turned(Paths paths, const std::vector<bool>& turns) {
+    for (std::size_t i = 0; i < paths.size(); ++i)
+        if (turns[i])
+            ClipperLib::ReversePath(paths[i]);
+    return paths;
+}
+
+/// One subpath of an outline, ready to be written in either direction.
+struct Subpath {
+    Point start;
+    struct Step {
+        Point c1, c2, end;
+        bool curved;
+    };
+    std::vector<Step> steps;
+
+    void append(Outline& out, bool reverse) const {
+        out.moveTo(reverse && !steps.empty() ? steps.back().end : start);
+        for (std::size_t i = 0; i < steps.size(); ++i)
+            reverse ? appendBackwards(out, steps.size() - 1 - i) : appendStep(out, steps[i]);
+        out.close();
+    }
+
+private:
+    static void appendStep(Outline& out, const Step& step) {
+        if (step.curved)
+            out.cubicTo(step.c1, step.c2, step.end);
+        else
+            out.lineTo(step.end);
+    }
+    void appendBackwards(Outline& out, std::size_t index) const {
+        const Step& step = steps[index];
+        appendStep(out, {step.c2, step.c1, index == 0 ? start : steps[index - 1].end, step.curved});
+    }
+};
+
+class SubpathCollector {
+public:
+    void move(Point p) {
+        subpaths.push_back({p, {}});
+        closed_ = false;
+    }
+    void line(Point from, Point to) { open(from).steps.push_back({{}, {}, to, false}); }
+    void cubic(Point from, Point c1, Point c2, Point to) {
+        open(from).steps.push_back({c1, c2, to, true});
+    }
+    void close(Point /*from*/, Point /*start*/) { closed_ = true; }
+
+    std::vector<Subpath> subpaths;
+
+private:
+    Subpath& open(Point from) {
+        if (subpaths.empty() || closed_)
+            move(from);
+        return subpaths.back();
+    }
+    bool closed_ = false;
+};
+
+Outline turnedOutline(const Outline& outline, const std::vector<bool>& turns) {
+    SubpathCollector collector;
+    visit(outline, collector);
+    Outline result;
+    for (std::size_t i = 0; i < collector.subpaths.size(); ++i)
+        collector.subpaths[i].append(result, i < turns.size() && turns[i]);
+    return result;
+}
+
+Affine inverse(const Affine& m) {
+    const double d = m.determinant();
+    return {m.d / d,
+            -m.b / d,
+            -m.c / d,
+            m.a / d,
+            (m.c * m.f - m.d * m.e) / d,
+            (m.b * m.e - m.a * m.f) / d};
+}
+
+Outline polygonOutline(const Paths& paths, const Affine& fromPage) {
+    Outline outline;
+    for (const auto& path : paths) {
+        for (std::size_t i = 0; i < path.size(); ++i) {
+            const Point p = fromPage.apply(
+                {static_cast<double>(path[i].X) / kUnits, static_cast<double>(path[i].Y) / kUnits});
+            i == 0 ? outline.moveTo(p) : outline.lineTo(p);
+        }
+        outline.close();
+    }
+    return outline;
+}
+
+}  // namespace
+
+std::optional<Outline> nonZeroOutline(const Outline& outline, const Affine& toPage,
+                                      Warnings& warnings) {
+    const std::vector<Polyline> lines = flatten(outline, toPage, kTolerance);
+    if (hasTooManyCrossings(lines)) {
+        warnings.add("an even-odd fill with too many crossings is filled by the non-zero rule");
+        return std::nullopt;
+    }
+    const Paths paths = toPaths(lines);
+    const Paths evenOdd = interior(paths, ClipperLib::pftEvenOdd);
+    const double area = areaOf(evenOdd);
+    const auto isRight = [&](const Paths& candidate) {
+        return sameArea(area, areaOf(interior(candidate, ClipperLib::pftNonZero)), paths);
+    };
+    if (isRight(paths))
+        return std::nullopt;
+    const std::vector<bool> turns = turnsByDepth(paths);
+    if (isRight(turned(paths, turns)))
+        return turnedOutline(outline, turns);
+    return polygonOutline(evenOdd, inverse(toPage));
+}
+
+}  // namespace psrender::plan

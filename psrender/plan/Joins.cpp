@@ -1,0 +1,163 @@
+#include "psrender/plan/Joins.h"
+
+#include "psrender/plan/DashWalk.h"
+#include "psrender/plan/Polyline.h"
+
+#include <cmath>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace psrender::plan {
+
+namespace {
+
+using scene::Outline;
+using scene::Point;
+using scene::Shape;
+
+/// A bevel that stays this close to the arc is not replaced: 1/3600 of an inch.
+constexpr double kVisible = 0.02;  // points
+
+struct Direction {
+    double x = 0;
+    double y = 0;
+
+    [[nodiscard]] bool isNull() const { return x == 0 && y == 0; }
+};
+
+Direction between(Point from, Point to) {
+    const double length = std::hypot(to.x - from.x, to.y - from.y);
+    if (!(length > 0))
+        return {};
+    return {(to.x - from.x) / length, (to.y - from.y) / length};
+}
+
+Direction firstOf(std::initializer_list<Direction> candidates) {
+    for (const Direction& candidate : candidates)
+        if (!candidate.isNull())
+            return candidate;
+    return {};
+}
+
+/// Collects the vertices at which the line turns visibly and lies in a dash.
+class JoinCollector {
+public:
+    JoinCollector(const scene::StrokeStyle& style, double scale)
+        : style_(style), radius_(style.width / 2 * scale), walk_(style) {}
+
+    void move(Point /*p*/) {
+        hasFirst_ = false;
+        arriving_ = {};
+        walk_.restart();
+    }
+    void line(Point from, Point to) {
+        const Direction along = between(from, to);
+        if (!along.isNull())
+            step(from, along, along, std::hypot(to.x - from.x, to.y - from.y));
+    }
+    void cubic(Point from, Point c1, Point c2, Point to) {
+        const Direction out = firstOf({between(from, c1), between(from, c2), between(from, to)});
+        const Direction in = firstOf({between(c2, to), between(c1, to), between(from, to)});
+        if (!out.isNull())
+            step(from, out, in, lengthOfCubic(from, c1, c2, to));
+    }
+    /// A dashed line begins anew at its start, so there is a join only in a solid one.
+    void close(Point from, Point start) {
+        line(from, start);
+        if (hasFirst_ && style_.dashes.empty())
+            consider(start, arriving_, leavingFirst_);
+        hasFirst_ = false;
+        arriving_ = {};
+        walk_.restart();
+    }
+
+    std::vector<Point> joins;
+
+private:
+    void step(Point from, Direction leaving, Direction arriving, double length) {
+        if (hasFirst_ && walk_.isInDash())
+            consider(from, arriving_, leaving);
+        if (!hasFirst_)
+            leavingFirst_ = leaving;
+        hasFirst_ = true;
+        arriving_ = arriving;
+        walk_.advance(length);
+    }
+
+    /// The disc reaches beyond the bevel by radius (1 - cos(turn / 2)).
+    void consider(Point at, Direction in, Direction out) {
+        const double cosine = in.x * out.x + in.y * out.y;
+        const double halfCosine = std::sqrt(std::max(0.0, (1 + cosine) / 2));
+        if (radius_ * (1 - halfCosine) > kVisible)
+            joins.push_back(at);
+    }
+
+    const scene::StrokeStyle& style_;
+    double radius_;  ///< on the page, points
+    DashWalk walk_;
+    bool hasFirst_ = false;
+    Direction leavingFirst_;
+    Direction arriving_;
+};
+
+Outline dotsAt(const std::vector<Point>& points) {
+    Outline outline;
+    for (const Point& p : points) {
+        outline.moveTo(p);
+        outline.lineTo(p);
+    }
+    return outline;
+}
+
+bool isPoint(const Polyline& line) {
+    for (const Point& p : line.points)
+        if (!(p == line.points.front()))
+            return false;
+    return line.points.size() > 1 || line.closed;
+}
+
+void addSquare(Outline& outline, Point centre, double width) {
+    const double half = width / 2;
+    outline.moveTo({centre.x - half, centre.y - half});
+    outline.lineTo({centre.x + half, centre.y - half});
+    outline.lineTo({centre.x + half, centre.y + half});
+    outline.lineTo({centre.x - half, centre.y + half});
+    outline.close();
+}
+
+}  // namespace
+
+std::optional<Shape> replaceRoundJoins(Shape& shape) {
+    if (shape.strokeStyle.join != scene::Join::round)
+        return std::nullopt;
+    JoinCollector collector(shape.strokeStyle, shape.transform.meanScale());
+    visit(*shape.outline, collector);
+    shape.strokeStyle.join = scene::Join::bevel;
+    if (collector.joins.empty())
+        return std::nullopt;
+    Shape discs = shape;
+    discs.outline = std::make_shared<Outline>(dotsAt(collector.joins));
+    discs.fill = {};
+    discs.strokeStyle.cap = scene::Cap::round;
+    discs.strokeStyle.dashes.clear();
+    return discs;
+}
+
+std::optional<Shape> squareDots(const Shape& shape) {
+    if (shape.strokeStyle.cap != scene::Cap::square)
+        return std::nullopt;
+    Outline squares;
+    constexpr double kAnyTolerance = 1;  // a curve of one point is one chord
+    for (const Polyline& line : flatten(*shape.outline, {}, kAnyTolerance))
+        if (isPoint(line))
+            addSquare(squares, line.points.front(), shape.strokeStyle.width);
+    if (squares.empty())
+        return std::nullopt;
+    Shape dots = shape;
+    dots.outline = std::make_shared<Outline>(std::move(squares));
+    dots.fill = std::exchange(dots.stroke, {});
+    return dots;
+}
+
+}  // namespace psrender::plan
