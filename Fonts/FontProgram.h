@@ -4,6 +4,7 @@
 #include "Core/Object.h"
 #include "Core/String.h"
 #include "Fonts/Export.h"
+#include "Fonts/FontFile.h"
 #include "Fonts/FontMetrics.h"
 #include "Fonts/FontScript.h"
 
@@ -12,6 +13,8 @@
 #include <vector>
 
 namespace Fonts {
+
+class GlyphSink;
 
 /// The kinds of font programs; their numbers are part of the interface.
 enum class FontKind : std::int32_t {
@@ -49,6 +52,14 @@ public:
                                                         bool secondIsMark) const = 0;
     /// Advance width in 1/1000 em.
     [[nodiscard]] virtual float getAdvance(GlyphId glyph) const = 0;
+
+    /// Passes the outline of `glyph` to `sink`; nothing for a blank or missing glyph, and nothing
+    /// for a font that knows figures but no outlines.
+    virtual void decomposeGlyph(GlyphId glyph, GlyphSink& sink) const;
+    /// The TrueType or OpenType file, if the program comes from one.
+    [[nodiscard]] virtual std::optional<FontFile> getFile() const;
+    /// Whether there is a glyph for `character`.
+    [[nodiscard]] bool covers(char32_t character) const;
 };
 
 }  // namespace Fonts

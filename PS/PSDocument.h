@@ -117,6 +117,10 @@ public:
     [[nodiscard]] static Core::ByteArray getTransparentBytes(const Core::SmartPtr<Image>& image,
                                                              int selector);
 
+    /// Whether `name` is one of the fonts that every interpreter has: the 14 standard names and
+    /// "Times", in any case.
+    [[nodiscard]] static bool crtPSFontIsStd(const Core::String& name);
+
 protected:
     void writeClip() override;
 
@@ -137,6 +141,10 @@ protected:
     void writeStroke();
     void writeStrokeAndFill();
     void writeBrush(const Core::SmartPtr<Brush>& brush);
+    /// Selects the resource that shows `text` in the current font, made now if need be.
+    void writeFont(const Core::String& text);
+    /// Paints the operand that the font resource wrote, at (x, y).
+    void writeTextStrokeAndFill(float x, float y);
     /// The name of a spot colour with "#20" for every blank.
     [[nodiscard]] static Core::String getEscapedColorName(const Core::SmartPtr<Color>& color);
     /// The colour as a PostScript array of numbers 0 to 1; empty for kinds that have none.
@@ -220,6 +228,11 @@ private:
     void writeGradientBrush(const GradientBrush& brush);
     void writePatternUse(const PatternBrush& brush);
     static void assignShaderName(PSGradient& gradient);
+
+    Core::SmartPtr<PSFontResource> selectResource(
+        Core::Vector<Core::SmartPtr<PSFontResource>>& resources, const Core::String& text) const;
+    void writeTextFill();
+    void writeStandardTextFill();
 
     void writeImages(const Core::SmartPtr<Core::IO::Stream>& stream,
                      ImageEncodeType encoding) const;

@@ -1,5 +1,6 @@
 #include "psrender/Preview.h"
 
+#include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -23,13 +24,31 @@ std::string outputPattern(const std::string& prefix) {
     return pattern + "-%d.png";
 }
 
+/// Sends what a child says to nowhere: the caller has a sentence of its own.
+class Silence {
+public:
+    Silence() {
+        posix_spawn_file_actions_init(&actions_);
+        posix_spawn_file_actions_addopen(&actions_, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+        posix_spawn_file_actions_adddup2(&actions_, STDOUT_FILENO, STDERR_FILENO);
+    }
+    Silence(const Silence&) = delete;
+    Silence& operator=(const Silence&) = delete;
+    ~Silence() { posix_spawn_file_actions_destroy(&actions_); }
+    [[nodiscard]] const posix_spawn_file_actions_t* get() const { return &actions_; }
+
+private:
+    posix_spawn_file_actions_t actions_{};
+};
+
 int runAndWait(std::vector<std::string> arguments) {
     std::vector<char*> pointers;
     for (std::string& argument : arguments)
         pointers.push_back(argument.data());
     pointers.push_back(nullptr);
+    const Silence silence;
     pid_t child = 0;
-    if (::posix_spawnp(&child, pointers[0], nullptr, nullptr, pointers.data(), environ) != 0)
+    if (::posix_spawnp(&child, pointers[0], silence.get(), nullptr, pointers.data(), environ) != 0)
         throw std::runtime_error(
             "no preview: Ghostscript (gs) was not found; install it or leave out --preview");
     int status = 0;

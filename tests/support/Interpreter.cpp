@@ -83,7 +83,7 @@ Interpretation interpret(std::string_view postScript, int dpi) {
 std::string outputOf(const std::string& command, std::string_view input) {
     const ScratchFolder folder;
     std::ofstream(folder.file("in"), std::ios::binary) << input;
-    const std::string line = command + " < " + folder.file("in").string() + " > " +
+    const std::string line = "{ " + command + "; } < " + folder.file("in").string() + " > " +
                              folder.file("out").string() + " 2>&1";
     if (std::system(line.c_str()) != 0)
         throw std::runtime_error(command + ": " + contentOf(folder.file("out")));

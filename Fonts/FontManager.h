@@ -1,0 +1,52 @@
+#pragma once
+
+#include "Core/SmartPtr.h"
+#include "Core/String.h"
+#include "Drawing/Font.h"
+#include "Fonts/Export.h"
+#include "Fonts/FontProgram.h"
+
+#include <cstdint>
+
+namespace Fonts {
+
+/// Finds the program for the description of a font. One for the process; safe to use from several
+/// threads. Programs are shared: a file is opened once per face.
+///
+/// A description is answered by the first of these that fits:
+/// 1. a program that the host registered for the family in this style (bold or not, slanted or
+///    not);
+/// 2. the 14 standard fonts, by PostScript name or by family (Courier, Helvetica, Times, Symbol,
+///    ZapfDingbats) with weight and slant;
+/// 3. an installed font of exactly this family, TrueType or Type 1, nearest in style;
+/// 4. any other registered program of the family;
+/// 5. the standard family that the name suggests: Courier for "monospace", Helvetica for "Arial"
+///    or "sans-serif", Times for "Times New Roman" or "serif".
+class FONTS_API FontManager {
+public:
+    using Program = Core::SmartPtr<FontProgram>;
+
+    /// Raises `FontNotFoundException` if nothing fits.
+    static Program getFont(const Core::SmartPtr<Drawing::Font>& font);
+    /// Null if nothing fits.
+    static Program findFont(const Core::SmartPtr<Drawing::Font>& font);
+    /// A font with a glyph for `character`: the one of the description if it has it, else a
+    /// registered one, else the installed one nearest to the description, else Symbol or
+    /// ZapfDingbats. Null if there is none.
+    static Program findFontFor(char32_t character, const Core::SmartPtr<Drawing::Font>& font);
+
+    /// Lets `program` answer for the family in this style from now on.
+    static void registerFont(const Core::String& family, int weight, Drawing::FontSlant slant,
+                             const Program& program);
+    /// The same with a font file, which is opened at once and may raise `FontException`.
+    static void registerFontFile(const Core::String& family, int weight, Drawing::FontSlant slant,
+                                 const Core::String& fileName, std::uint32_t faceIndex = 0);
+
+    /// Opens a TrueType, OpenType or Type 1 file. Raises `FontException` if it cannot be used.
+    static Program openFontFile(const Core::String& fileName, std::uint32_t faceIndex = 0);
+    /// The same from memory, which is copied. `name` tells in messages what the data is.
+    static Program openFontData(const Core::ByteArray& data, const Core::String& name,
+                                std::uint32_t faceIndex = 0);
+};
+
+}  // namespace Fonts

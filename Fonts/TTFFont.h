@@ -1,0 +1,29 @@
+#pragma once
+
+#include "Fonts/OpenTypeFont.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace Fonts {
+
+/// A font with TrueType outlines: a file of its own or a face of a collection.
+class FONTS_API TTFFont : public OpenTypeFont {
+public:
+    /// Flag of `subset`: leaves the hinting programs out.
+    static constexpr int kDropHints = 1;
+
+    explicit TTFFont(std::unique_ptr<const OpenTypeFace> face);
+    ~TTFFont() override;
+
+    [[nodiscard]] FontKind getKind() const override { return FontKind::trueType; }
+
+    /// A TrueType file reduced to glyph 0, `glyphs` and the parts that these are composed of, with
+    /// all glyphs keeping their numbers. -1 and other numbers that the font does not have are
+    /// passed over. A font whose licence forbids subsets keeps all its glyphs. `flags`: 0 or
+    /// `kDropHints`. The same glyphs give the same bytes. Raises `FontException` for a font whose
+    /// tables contradict each other.
+    [[nodiscard]] Core::ByteArray subset(const std::vector<std::int32_t>& glyphs, int flags) const;
+};
+
+}  // namespace Fonts

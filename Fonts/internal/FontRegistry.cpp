@@ -1,0 +1,149 @@
+#include "Fonts/internal/FontRegistry.h"
+
+#include "Core/Log.h"
+#include "Fonts/FontException.h"
+#include "Fonts/StandardFont.h"
+#include "Fonts/internal/FamilyClass.h"
+#include "Fonts/internal/FontLoader.h"
+
+#include <array>
+#include <cstdlib>
+
+namespace Fonts {
+
+namespace {
+
+constexpr int kBoldFrom = 600;
+
+bool isSameStyle(const FontRegistry::Registration& registration, const Drawing::Font& font) {
+    const auto upright = Drawing::FontSlant::upright;
+    return (registration.weight >= kBoldFrom) == (font.getWeight() >= kBoldFrom) &&
+           (registration.slant == upright) == (font.getSlant() == upright);
+}
+
+/// How far a style is from what is asked: slant counts more than weight.
+int distance(const FontRegistry::Registration& registration, const Drawing::Font& font) {
+    constexpr int otherSlant = 1000;
+    return std::abs(registration.weight - font.getWeight()) +
+           (registration.slant == font.getSlant() ? 0 : otherSlant);
+}
+
+/// Families take weight and slant, the PostScript name of a bold or slanted member is that member.
+/// "Times-Roman" stands for its family as "Helvetica" does.
+FontRegistry::Program standardFont(const Drawing::Font& font) {
+    const Core::String& name = font.getFontFamily();
+    const Core::String family = name.equalsNoCase(u"Times-Roman") ? Core::String(u"Times") : name;
+    if (auto member = StandardFont::findByStyle(family, font.getWeight(), font.getSlant()))
+        return member;
+    return StandardFont::findByName(name);
+}
+
+FontRegistry::Program standIn(const Drawing::Font& font) {
+    return StandardFont::findByStyle(standInFor(font.getFontFamily()), font.getWeight(),
+                                     font.getSlant());
+}
+
+}  // namespace
+
+void FontRegistry::add(Registration registration) {
+    const std::scoped_lock lock(lock_);
+    registrations_.push_back(std::move(registration));
+    answers_.clear();
+    characterAnswers_.clear();
+}
+
+FontRegistry::Program FontRegistry::open(const std::string& fileName, std::uint32_t faceIndex) {
+    const std::scoped_lock lock(lock_);
+    return openLocked(fileName, faceIndex);
+}
+
+FontRegistry::Program FontRegistry::find(const Drawing::Font& font) {
+    const std::scoped_lock lock(lock_);
+    return findLocked(font);
+}
+
+FontRegistry::Program FontRegistry::findFor(char32_t character, const Drawing::Font& font) {
+    const std::scoped_lock lock(lock_);
+    const auto key = std::pair(character, font.getHashKey());
+    const auto known = characterAnswers_.find(key);
+    if (known != characterAnswers_.end())
+        return known->second;
+    return characterAnswers_.emplace(key, searchFor(character, font)).first->second;
+}
+
+FontRegistry::Program FontRegistry::openLocked(const std::string& fileName,
+                                               std::uint32_t faceIndex) {
+    const auto key = std::pair(fileName, faceIndex);
+    const auto known = files_.find(key);
+    if (known != files_.end())
+        return known->second;
+    return files_.emplace(key, loadFont(FontBytes(fileName), faceIndex)).first->second;
+}
+
+FontRegistry::Program FontRegistry::findLocked(const Drawing::Font& font) {
+    const auto known = answers_.find(font.getHashKey());
+    if (known != answers_.end())
+        return known->second;
+    return answers_.emplace(font.getHashKey(), search(font)).first->second;
+}
+
+FontRegistry::Program FontRegistry::search(const Drawing::Font& font) {
+    if (auto program = registered(font, false))
+        return program;
+    if (auto program = standardFont(font))
+        return program;
+    if (auto program = installed(font))
+        return program;
+    if (auto program = registered(font, true))
+        return program;
+    return standIn(font);
+}
+
+/// The registration nearest in style; the latest of several alike.
+FontRegistry::Program FontRegistry::registered(const Drawing::Font& font, bool anyStyle) const {
+    const Registration* best = nullptr;
+    for (const Registration& registration : registrations_)
+        if (registration.family.equalsNoCase(font.getFontFamily()) &&
+            (anyStyle || isSameStyle(registration, font)) &&
+            (!best || distance(registration, font) <= distance(*best, font)))
+            best = &registration;
+    return best ? best->program : Program();
+}
+
+FontRegistry::Program FontRegistry::installed(const Drawing::Font& font) {
+    for (const SystemFonts::Candidate& candidate : system_.sortedFor(font))
+        if (candidate.isOfFamily(font.getFontFamily()))
+            if (auto program = openCandidate(candidate))
+                return program;
+    return {};
+}
+
+/// An installed file that cannot be used is reported and passed over.
+FontRegistry::Program FontRegistry::openCandidate(const SystemFonts::Candidate& candidate) {
+    try {
+        return openLocked(candidate.file(), candidate.faceIndex());
+    } catch (const FontException& error) {
+        Core::Log::warning(error.getMessage());
+        return {};
+    }
+}
+
+FontRegistry::Program FontRegistry::searchFor(char32_t character, const Drawing::Font& font) {
+    if (auto program = findLocked(font); program && program->covers(character))
+        return program;
+    for (const Registration& registration : registrations_)
+        if (registration.program->covers(character))
+            return registration.program;
+    for (const SystemFonts::Candidate& candidate : system_.sortedFor(font))
+        if (candidate.covers(character)) {
+            auto program = openCandidate(candidate);
+            if (program && program->isEmbeddable() && program->covers(character))
+                return program;
+        }
+    for (const char16_t* name : {u"Symbol", u"ZapfDingbats"})
+        if (auto program = StandardFont::findByName(name); program->covers(character))
+            return program;
+    return {};
+}
+
+}  // namespace Fonts

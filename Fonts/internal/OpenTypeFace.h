@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Fonts/FontMetrics.h"
+#include "Fonts/internal/FontBytes.h"
+#include "Fonts/internal/HarfBuzz.h"
+#include "Fonts/internal/OpenTypeKerning.h"
+#include "Fonts/internal/SfntDirectory.h"
+
+#include <cstdint>
+
+namespace Fonts {
+
+/// One face of a TrueType or OpenType file, opened. It does not change, so several threads may
+/// ask it at once.
+class OpenTypeFace {
+public:
+    /// Raises `FontException` if the file does not hold the face, or is damaged.
+    OpenTypeFace(FontBytes fontBytes, std::uint32_t index);
+
+    const FontBytes bytes;
+    const std::uint32_t faceIndex;
+    const SfntDirectory directory;
+    const HarfBuzzPtr<hb_face_t> face;
+    const HarfBuzzPtr<hb_font_t> font;  ///< scaled to the font's own units
+    const std::uint32_t glyphCount;
+    const float unit;  ///< 1/1000 em to one font unit
+    const std::uint32_t licenceBits;
+    const FontMetrics metrics;
+    const OpenTypeKerning kerning;
+};
+
+}  // namespace Fonts

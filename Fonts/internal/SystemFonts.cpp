@@ -1,0 +1,101 @@
+#include "Fonts/internal/SystemFonts.h"
+
+#include <string_view>
+#include <utility>
+
+namespace Fonts {
+
+namespace {
+
+bool flagOf(FcPattern* pattern, const char* object) {
+    FcBool flag = FcFalse;
+    return FcPatternGetBool(pattern, object, 0, &flag) == FcResultMatch && flag != FcFalse;
+}
+
+int numberOf(FcPattern* pattern, const char* object) {
+    int number = 0;
+    FcPatternGetInteger(pattern, object, 0, &number);
+    return number;
+}
+
+const char* textOf(FcPattern* pattern, const char* object, int index = 0) {
+    FcChar8* text = nullptr;
+    const bool found = FcPatternGetString(pattern, object, index, &text) == FcResultMatch;
+    return found ? reinterpret_cast<const char*>(text) : nullptr;
+}
+
+/// Instances of a variable font have a number in the upper half of their index.
+bool isUsable(FcPattern* pattern) {
+    const char* format = textOf(pattern, FC_FONTFORMAT);
+    const std::string_view kind = format ? format : "";
+    return (kind == "TrueType" || kind == "Type 1") && textOf(pattern, FC_FILE) != nullptr &&
+           flagOf(pattern, FC_OUTLINE) && !flagOf(pattern, FC_VARIABLE) &&
+           !flagOf(pattern, FC_COLOR) && numberOf(pattern, FC_INDEX) >> 16 == 0;
+}
+
+int slantOf(Drawing::FontSlant slant) {
+    if (slant == Drawing::FontSlant::upright)
+        return FC_SLANT_ROMAN;
+    return slant == Drawing::FontSlant::italic ? FC_SLANT_ITALIC : FC_SLANT_OBLIQUE;
+}
+
+}  // namespace
+
+std::string SystemFonts::Candidate::file() const {
+    return textOf(pattern_, FC_FILE);
+}
+
+std::uint32_t SystemFonts::Candidate::faceIndex() const {
+    return static_cast<std::uint32_t>(numberOf(pattern_, FC_INDEX));
+}
+
+bool SystemFonts::Candidate::isOfFamily(const Core::String& family) const {
+    for (int i = 0; const char* name = textOf(pattern_, FC_FAMILY, i); ++i)
+        if (family.equalsNoCase(name))
+            return true;
+    return false;
+}
+
+bool SystemFonts::Candidate::covers(char32_t character) const {
+    FcCharSet* characters = nullptr;
+    return FcPatternGetCharSet(pattern_, FC_CHARSET, 0, &characters) == FcResultMatch &&
+           FcCharSetHasChar(characters, character) != FcFalse;
+}
+
+const std::vector<SystemFonts::Candidate>& SystemFonts::sortedFor(const Drawing::Font& font) {
+    const auto found = sorted_.find(font.getHashKey());
+    if (found != sorted_.end())
+        return found->second.candidates;
+    return sorted_.emplace(font.getHashKey(), sort(font)).first->second.candidates;
+}
+
+/// Best matches alone are no use: fontconfig prefers OpenType fonts with CFF outlines for the
+/// common families.
+SystemFonts::Sorted SystemFonts::sort(const Drawing::Font& font) {
+    if (!config_)
+        config_.reset(FcInitLoadConfigAndFonts());
+    if (!config_)
+        return {};
+    const FcPtr<FcPattern> pattern = patternOf(font);
+    FcConfigSubstitute(config_.get(), pattern.get(), FcMatchPattern);
+    FcDefaultSubstitute(pattern.get());
+    FcResult result = FcResultNoMatch;
+    Sorted sorted{
+        FcPtr<FcFontSet>(FcFontSort(config_.get(), pattern.get(), FcFalse, nullptr, &result)), {}};
+    for (int i = 0; sorted.fonts && i < sorted.fonts->nfont; ++i)
+        if (isUsable(sorted.fonts->fonts[i]))
+            sorted.candidates.emplace_back(sorted.fonts->fonts[i]);
+    return sorted;
+}
+
+SystemFonts::FcPtr<FcPattern> SystemFonts::patternOf(const Drawing::Font& font) {
+    const std::string family = font.getFontFamily().toUtf8();
+    FcPtr<FcPattern> pattern(FcPatternCreate());
+    FcPatternAddString(pattern.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(family.c_str()));
+    FcPatternAddInteger(pattern.get(), FC_WEIGHT, FcWeightFromOpenType(font.getWeight()));
+    FcPatternAddInteger(pattern.get(), FC_SLANT, slantOf(font.getSlant()));
+    FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue);
+    return pattern;
+}
+
+}  // namespace Fonts

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "Core/String.h"
+#include "Drawing/Font.h"
+
+#include <fontconfig/fontconfig.h>
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Fonts {
+
+/// The fonts installed on this machine, as fontconfig knows them; none on a machine without
+/// fonts or without a configuration. Used by one thread at a time.
+class SystemFonts {
+public:
+    /// A font file of a kind that the library can use.
+    class Candidate {
+    public:
+        explicit Candidate(FcPattern* pattern) : pattern_(pattern) {}
+
+        [[nodiscard]] std::string file() const;
+        [[nodiscard]] std::uint32_t faceIndex() const;
+        [[nodiscard]] bool isOfFamily(const Core::String& family) const;
+        [[nodiscard]] bool covers(char32_t character) const;
+
+    private:
+        FcPattern* pattern_;
+    };
+
+    /// All usable fonts, those that fit the description best coming first. Valid as long as this
+    /// object lives.
+    const std::vector<Candidate>& sortedFor(const Drawing::Font& font);
+
+private:
+    struct Closer {
+        void operator()(FcConfig* config) const { FcConfigDestroy(config); }
+        void operator()(FcFontSet* set) const { FcFontSetDestroy(set); }
+        void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
+    };
+    template <class T>
+    using FcPtr = std::unique_ptr<T, Closer>;
+
+    struct Sorted {
+        FcPtr<FcFontSet> fonts;
+        std::vector<Candidate> candidates;
+    };
+
+    Sorted sort(const Drawing::Font& font);
+    static FcPtr<FcPattern> patternOf(const Drawing::Font& font);
+
+    FcPtr<FcConfig> config_;
+    std::map<Core::String, Sorted> sorted_;  ///< by the font's hash key
+};
+
+}  // namespace Fonts

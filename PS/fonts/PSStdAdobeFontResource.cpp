@@ -1,0 +1,85 @@
+// A standard font in the prolog:
+//
+//   /F1 /Helvetica      the name on the pages and the interpreter's own font
+//   [/A                 the glyph names in the order of their codes, as many as were given out
+//   /V
+//   ]
+//   makeAdobeStdFont    copies the font with this encoding (PLRM 5.9.1)
+//
+//   /HelveticaKern      with kerning: pairs and moves for the prolog's kernfunc
+//   [
+//   [ /A /V -70 ]
+//   ] def
+
+#include "PS/fonts/PSStdAdobeFontResource.h"
+
+#include "Core/NumberText.h"
+#include "Core/StringFormatStream.h"
+#include "Fonts/FontScriptIterator.h"
+#include "Fonts/UnicodeRanges.h"
+#include "PS/internal/AppendNumber.h"
+
+#include <utility>
+
+namespace Drawing::PS {
+
+using Core::StringFormatStream;
+
+PSStdAdobeFontResource::PSStdAdobeFontResource(const Font& font,
+                                               Core::SmartPtr<Fonts::FontProgram> program,
+                                               Core::String family, bool kernText)
+    : PSOneByteFontResource(font, std::move(program), std::move(family), kernText) {}
+
+PSStdAdobeFontResource::~PSStdAdobeFontResource() = default;
+
+void PSStdAdobeFontResource::writeText(const Core::SmartPtr<Core::IO::Stream>& stream,
+                                       const Core::String& text, float /*fontSize*/,
+                                       float spacing) {
+    std::string operand;
+    appendNumber(spacing, operand);
+    operand += " (";
+    Fonts::FontScriptIterator runs(text, 0);
+    for (Fonts::FontScript run; runs.next(run);) {
+        const std::vector<GlyphId> glyphs = fontProgram->mapGlyphs(run);
+        for (const GlyphId glyph : glyphs)
+            appendEscape(codeOf(glyph), operand);
+        if (kerning)
+            rememberKerning(run, glyphs);
+    }
+    stream->write(operand += ")");
+}
+
+void PSStdAdobeFontResource::rememberKerning(const Fonts::FontScript& run,
+                                             const std::vector<GlyphId>& glyphs) {
+    for (std::size_t i = 1; i < glyphs.size(); ++i) {
+        const bool mark = i < run.text.length() && Fonts::UnicodeRanges::isMark(run.text[i]);
+        if (const auto kern = fontProgram->getKerning(glyphs[i - 1], glyphs[i], mark))
+            kerningPairs[{glyphs[i - 1], glyphs[i]}] = *kern;
+    }
+}
+
+void PSStdAdobeFontResource::writeResource(const Core::SmartPtr<Core::IO::Stream>& stream) {
+    const Core::String head = StringFormatStream(u"/{0} /{1}\n") << getResourceName() << getName();
+    std::string text = head.toUtf8() + "[";
+    for (const Core::String& name : namesInCodeOrder())
+        text += "/" + name.toUtf8() + "\n";
+    stream->write(text += "]\nmakeAdobeStdFont\n");
+    if (kerning)
+        writeKerning(*stream);
+}
+
+/// The table bears the font's name, not the resource's: of two resources of one font, the later
+/// table wins.
+void PSStdAdobeFontResource::writeKerning(Core::IO::Stream& stream) const {
+    const Core::String head = StringFormatStream(u"\n/{0}Kern\n[\n") << getName();
+    std::string text = head.toUtf8();
+    for (const auto& [pair, kern] : kerningPairs) {
+        const Core::String line = StringFormatStream(u"[ /{0} /{1} {2} ]\n")
+                                  << fontProgram->getGlyphName(pair.first)
+                                  << fontProgram->getGlyphName(pair.second) << -kern;
+        text += line.toUtf8();
+    }
+    stream.write(text += "] def\n\n");
+}
+
+}  // namespace Drawing::PS

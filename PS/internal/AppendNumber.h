@@ -1,0 +1,16 @@
+#pragma once
+
+#include "Core/NumberText.h"
+
+#include <array>
+#include <string>
+
+namespace Drawing::PS {
+
+/// Appends a number as PostScript reads it; raises `NumberRangeException` where it cannot.
+void appendNumber(auto value, std::string& out) {
+    std::array<char, Core::kMaxNumberText<decltype(value)>> text;
+    out.append(text.data(), Core::writeNumber(text.data(), value));
+}
+
+}  // namespace Drawing::PS

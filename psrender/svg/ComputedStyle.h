@@ -1,0 +1,72 @@
+#pragma once
+
+#include "psrender/scene/DisplayList.h"
+#include "psrender/scene/Geometry.h"
+#include "psrender/svg/Color.h"
+#include "psrender/svg/Length.h"
+#include "psrender/svg/Paint.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace psrender::svg {
+
+/// Properties that change the picture and that the reader leaves out, as bits of a set.
+using FeatureSet = std::uint16_t;
+namespace feature {
+constexpr FeatureSet clipPath = 1;
+constexpr FeatureSet mask = 2;
+constexpr FeatureSet filter = 4;
+constexpr FeatureSet blendMode = 8;
+constexpr FeatureSet fixedStrokeWidth = 16;
+constexpr FeatureSet markerStart = 32;
+constexpr FeatureSet markerMid = 64;
+constexpr FeatureSet markerEnd = 128;
+constexpr FeatureSet paintOrder = 256;
+
+constexpr FeatureSet anyMarker = markerStart | markerMid | markerEnd;
+constexpr FeatureSet inherited = anyMarker | paintOrder;
+}  // namespace feature
+
+/// Shared between an element and what inherits it; never null entries. Null means solid.
+using DashList = std::shared_ptr<const std::vector<Length>>;
+
+/// What children take over from their parent.
+struct InheritedStyle {
+    PaintValue fill{{}, false, {PlainPaint::Kind::color, {}}};
+    PaintValue stroke;
+    Rgba color;
+    double fillOpacity = 1;
+    double strokeOpacity = 1;
+    scene::FillRule fillRule = scene::FillRule::nonZero;
+    scene::Cap cap = scene::Cap::butt;
+    scene::Join join = scene::Join::miter;
+    double miterLimit = 4;
+    Length strokeWidth{1};
+    DashList dashes;
+    Length dashOffset;
+    double fontSize = 16;
+    bool isVisible = true;
+};
+
+/// What each element has for itself.
+struct OwnStyle {
+    double opacity = 1;
+    bool isDisplayed = true;
+    scene::Affine transform;
+    PlainPaint stopColor{PlainPaint::Kind::color, {}};
+    double stopOpacity = 1;
+};
+
+/// All properties of one element after cascade and inheritance. Paint references are views
+/// into the document.
+struct ComputedStyle : InheritedStyle, OwnStyle {
+    FeatureSet leftOut = 0;
+
+    ComputedStyle() = default;
+    /// What a child of an element with the style `parent` begins with.
+    static ComputedStyle childOf(const ComputedStyle& parent);
+};
+
+}  // namespace psrender::svg

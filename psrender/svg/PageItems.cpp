@@ -1,0 +1,58 @@
+#include "psrender/svg/PageItems.h"
+
+namespace psrender::svg {
+
+namespace {
+
+using scene::Paint;
+using scene::Shape;
+
+constexpr std::size_t mostShapes = 2'000'000;
+constexpr std::size_t mostPoints = 50'000'000;
+
+bool paints(const Paint& paint) {
+    return paint.kind != Paint::Kind::none;
+}
+
+/// Fill and stroke overlap, so with both the opacity has to stay around the two.
+bool takeOver(double opacity, Shape& shape) {
+    if (paints(shape.fill) == paints(shape.stroke))
+        return false;
+    Paint& paint = paints(shape.fill) ? shape.fill : shape.stroke;
+    paint.opacity *= opacity;
+    return true;
+}
+
+}  // namespace
+
+bool PageItems::add(Shape shape) {
+    ++shapes_;
+    points_ += shape.outline->points().size() + shape.strokeStyle.dashes.size();
+    if (shapes_ > mostShapes || points_ > mostPoints)
+        return false;
+    items_.emplace_back(std::move(shape));
+    return true;
+}
+
+PageItems::Mark PageItems::beginGroup(double opacity) {
+    items_.emplace_back(scene::BeginGroup{opacity});
+    return items_.size() - 1;
+}
+
+void PageItems::endGroup(Mark begin) {
+    const std::size_t count = items_.size() - begin - 1;
+    if (count == 0) {
+        items_.pop_back();
+        return;
+    }
+    auto* shape = std::get_if<Shape>(&items_.back());
+    const double opacity = std::get<scene::BeginGroup>(items_[begin]).opacity;
+    if (count == 1 && shape != nullptr && takeOver(opacity, *shape)) {
+        items_[begin] = std::move(*shape);
+        items_.pop_back();
+        return;
+    }
+    items_.emplace_back(scene::EndGroup{});
+}
+
+}  // namespace psrender::svg

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "psrender/svg/Color.h"
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace psrender::svg {
+
+/// A paint that refers to nothing in the document.
+struct PlainPaint {
+    enum class Kind : std::uint8_t { none, color, currentColor };
+
+    Kind kind = Kind::none;
+    Rgba color;
+};
+
+/// The value of a fill or stroke property. With a reference, `plain` is its fallback, which is
+/// what to paint if the reference cannot be followed.
+struct PaintValue {
+    std::string_view reference;  ///< the id of a paint server; empty if in another file
+    bool hasReference = false;
+    PlainPaint plain;
+    bool hasFallback = false;
+};
+
+std::optional<PlainPaint> parsePlainPaint(std::string_view text);
+std::optional<PaintValue> parsePaint(std::string_view text);
+
+}  // namespace psrender::svg

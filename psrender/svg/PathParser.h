@@ -1,0 +1,20 @@
+#pragma once
+
+#include "psrender/scene/Outline.h"
+
+#include <string_view>
+
+namespace psrender::svg {
+
+struct ParsedPath {
+    scene::Outline outline;
+    bool isWhole = true;  ///< false if the text goes wrong after the outline
+};
+
+/// The outline that path data describes, up to the first thing in it that is wrong.
+ParsedPath parsePath(std::string_view data);
+
+/// The points of a polyline or polygon, under the same rule.
+ParsedPath parsePoints(std::string_view points, bool isClosed);
+
+}  // namespace psrender::svg

@@ -1,0 +1,236 @@
+#include "psrender/svg/Properties.h"
+
+#include "psrender/svg/Characters.h"
+#include "psrender/svg/NumberScanner.h"
+#include "psrender/svg/TransformParser.h"
+
+#include <algorithm>
+#include <array>
+
+namespace psrender::svg {
+
+namespace {
+
+/// Sets a field if there is a value for it.
+template <typename Field, typename Value>
+bool assign(Field& field, const std::optional<Value>& value) {
+    if (value)
+        field = *value;
+    return value.has_value();
+}
+
+template <typename Value>
+struct Keyword {
+    std::string_view word;
+    Value value;
+};
+
+template <typename Value, std::size_t count>
+std::optional<Value> lookUp(const std::array<Keyword<Value>, count>& keywords,
+                            std::string_view text) {
+    for (const Keyword<Value>& keyword : keywords)
+        if (equalsIgnoringCase(keyword.word, text))
+            return keyword.value;
+    return std::nullopt;
+}
+
+using scene::Cap;
+using scene::FillRule;
+using scene::Join;
+
+constexpr std::array caps{Keyword<Cap>{"butt", Cap::butt}, Keyword<Cap>{"round", Cap::round},
+                          Keyword<Cap>{"square", Cap::square}};
+constexpr std::array joins{Keyword<Join>{"miter", Join::miter}, Keyword<Join>{"round", Join::round},
+                           Keyword<Join>{"bevel", Join::bevel},
+                           Keyword<Join>{"miter-clip", Join::miter},
+                           Keyword<Join>{"arcs", Join::miter}};
+constexpr std::array fillRules{Keyword<FillRule>{"nonzero", FillRule::nonZero},
+                               Keyword<FillRule>{"evenodd", FillRule::evenOdd}};
+constexpr std::array visibilities{Keyword<bool>{"visible", true}, Keyword<bool>{"hidden", false},
+                                  Keyword<bool>{"collapse", false}};
+/// In pixels; "medium" is the size of text that sets none.
+constexpr std::array fontSizes{Keyword<double>{"xx-small", 9}, Keyword<double>{"x-small", 10},
+                               Keyword<double>{"small", 13},   Keyword<double>{"medium", 16},
+                               Keyword<double>{"large", 18},   Keyword<double>{"x-large", 24},
+                               Keyword<double>{"xx-large", 32}};
+
+using Style = ComputedStyle;
+
+template <auto field>
+bool applyPaint(std::string_view text, Style& style) {
+    return assign(style.*field, parsePaint(text));
+}
+
+template <auto field>
+bool applyOpacity(std::string_view text, Style& style) {
+    return assign(style.*field, parseOpacity(text));
+}
+
+template <auto field, const auto& keywords>
+bool applyKeyword(std::string_view text, Style& style) {
+    return assign(style.*field, lookUp(keywords, text));
+}
+
+bool applyColor(std::string_view text, Style& style) {
+    return equalsIgnoringCase(text, "currentColor") || assign(style.color, parseColor(text));
+}
+
+bool applyStopColor(std::string_view text, Style& style) {
+    return assign(style.stopColor, parsePlainPaint(text));
+}
+
+bool applyDisplay(std::string_view text, Style& style) {
+    style.isDisplayed = !equalsIgnoringCase(text, "none");
+    return true;
+}
+
+bool applyTransform(std::string_view text, Style& style) {
+    return assign(style.transform, parseTransform(text));
+}
+
+bool applyStrokeWidth(std::string_view text, Style& style) {
+    const auto width = parseLength(text, style.fontSize);
+    return width && width->value >= 0 && assign(style.strokeWidth, width);
+}
+
+bool applyMiterLimit(std::string_view text, Style& style) {
+    NumberScanner scanner(text);
+    const auto limit = scanner.number();
+    return limit && *limit >= 1 && scanner.atEnd() && assign(style.miterLimit, limit);
+}
+
+bool applyDashOffset(std::string_view text, Style& style) {
+    return assign(style.dashOffset, parseLength(text, style.fontSize));
+}
+
+/// A list with a wrong or negative entry makes the line solid.
+bool applyDashes(std::string_view text, Style& style) {
+    style.dashes = nullptr;
+    if (equalsIgnoringCase(text, "none"))
+        return true;
+    std::vector<Length> dashes;
+    NumberScanner scanner(text);
+    while (!scanner.atEnd()) {
+        const auto length = scanLength(scanner, style.fontSize);
+        if (!length || length->value < 0)
+            return false;
+        dashes.push_back(*length);
+        scanner.skipCommaSpace();
+    }
+    style.dashes = std::make_shared<const std::vector<Length>>(std::move(dashes));
+    return true;
+}
+
+/// Relative sizes go by the parent's, which is what the style holds until now.
+bool applyFontSize(std::string_view text, Style& style) {
+    if (const auto keyword = lookUp(fontSizes, text))
+        return assign(style.fontSize, keyword);
+    const auto length = parseLength(text, style.fontSize);
+    if (!length || length->value < 0)
+        return false;
+    style.fontSize = length->isShare ? length->value * style.fontSize : length->value;
+    return true;
+}
+
+template <FeatureSet features>
+bool applyLeftOut(std::string_view text, Style& style) {
+    const bool isDefault = equalsIgnoringCase(text, "none") || equalsIgnoringCase(text, "normal");
+    const unsigned others = style.leftOut & ~unsigned{features};
+    style.leftOut = static_cast<FeatureSet>(isDefault ? others : others | features);
+    return true;
+}
+
+template <auto field>
+void copy(const Style& from, Style& to) {
+    to.*field = from.*field;
+}
+
+template <FeatureSet features>
+void copyLeftOut(const Style& from, Style& to) {
+    to.leftOut =
+        static_cast<FeatureSet>((to.leftOut & ~unsigned{features}) | (from.leftOut & features));
+}
+
+struct Property {
+    std::string_view name;
+    bool (*apply)(std::string_view text, Style& style);
+    void (*copy)(const Style& from, Style& to);
+};
+
+template <FeatureSet features>
+constexpr Property leftOut(std::string_view name) {
+    return {name, applyLeftOut<features>, copyLeftOut<features>};
+}
+
+/// Sorted by name, for the search.
+constexpr std::array<Property, propertyCount> properties{{
+    leftOut<feature::clipPath>("clip-path"),
+    {"color", applyColor, copy<&Style::color>},
+    {"display", applyDisplay, copy<&Style::isDisplayed>},
+    {"fill", applyPaint<&Style::fill>, copy<&Style::fill>},
+    {"fill-opacity", applyOpacity<&Style::fillOpacity>, copy<&Style::fillOpacity>},
+    {"fill-rule", applyKeyword<&Style::fillRule, fillRules>, copy<&Style::fillRule>},
+    leftOut<feature::filter>("filter"),
+    {"font-size", applyFontSize, copy<&Style::fontSize>},
+    leftOut<feature::anyMarker>("marker"),
+    leftOut<feature::markerEnd>("marker-end"),
+    leftOut<feature::markerMid>("marker-mid"),
+    leftOut<feature::markerStart>("marker-start"),
+    leftOut<feature::mask>("mask"),
+    leftOut<feature::blendMode>("mix-blend-mode"),
+    {"opacity", applyOpacity<&Style::opacity>, copy<&Style::opacity>},
+    leftOut<feature::paintOrder>("paint-order"),
+    {"stop-color", applyStopColor, copy<&Style::stopColor>},
+    {"stop-opacity", applyOpacity<&Style::stopOpacity>, copy<&Style::stopOpacity>},
+    {"stroke", applyPaint<&Style::stroke>, copy<&Style::stroke>},
+    {"stroke-dasharray", applyDashes, copy<&Style::dashes>},
+    {"stroke-dashoffset", applyDashOffset, copy<&Style::dashOffset>},
+    {"stroke-linecap", applyKeyword<&Style::cap, caps>, copy<&Style::cap>},
+    {"stroke-linejoin", applyKeyword<&Style::join, joins>, copy<&Style::join>},
+    {"stroke-miterlimit", applyMiterLimit, copy<&Style::miterLimit>},
+    {"stroke-opacity", applyOpacity<&Style::strokeOpacity>, copy<&Style::strokeOpacity>},
+    {"stroke-width", applyStrokeWidth, copy<&Style::strokeWidth>},
+    {"transform", applyTransform, copy<&Style::transform>},
+    leftOut<feature::fixedStrokeWidth>("vector-effect"),
+    {"visibility", applyKeyword<&Style::isVisible, visibilities>, copy<&Style::isVisible>},
+}};
+
+constexpr std::optional<std::size_t> find(std::string_view name) {
+    const auto* found = std::lower_bound(
+        properties.begin(), properties.end(), name,
+        [](const Property& property, std::string_view key) { return property.name < key; });
+    if (found == properties.end() || found->name != name)
+        return std::nullopt;
+    return static_cast<std::size_t>(found - properties.begin());
+}
+
+}  // namespace
+
+constinit const std::size_t fontSizeProperty = find("font-size").value();
+
+std::optional<std::size_t> findProperty(std::string_view name) {
+    return find(name);
+}
+
+bool applyProperty(std::size_t property, std::string_view text, ComputedStyle& style,
+                   const ComputedStyle& parent) {
+    const std::string_view value = trimmed(text);
+    if (value == "inherit") {
+        properties[property].copy(parent, style);
+        return true;
+    }
+    if (value == "initial") {
+        properties[property].copy(ComputedStyle(), style);
+        return true;
+    }
+    return properties[property].apply(value, style);
+}
+
+ComputedStyle ComputedStyle::childOf(const ComputedStyle& parent) {
+    ComputedStyle child;
+    static_cast<InheritedStyle&>(child) = parent;
+    child.leftOut = parent.leftOut & feature::inherited;
+    return child;
+}
+
+}  // namespace psrender::svg

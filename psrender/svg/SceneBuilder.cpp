@@ -1,0 +1,136 @@
+#include "psrender/svg/SceneBuilder.h"
+
+#include "psrender/Warnings.h"
+#include "psrender/svg/Conditions.h"
+#include "psrender/svg/XmlWalk.h"
+
+namespace psrender::svg {
+
+using scene::Affine;
+using scene::Rect;
+
+namespace {
+
+constexpr double pointsPerPixel = 0.75;
+constexpr std::size_t deepestNesting = 1000;
+constexpr std::size_t mostReferredEffort = 40'000'000;
+
+void warnOfElement(ElementKind kind, Warnings& warnings) {
+    if (kind == ElementKind::text)
+        warnings.add("text is left out (<text>)");
+    else if (kind == ElementKind::image)
+        warnings.add("images are left out (<image>)");
+    else if (kind == ElementKind::foreignObject)
+        warnings.add("content that is not SVG is left out (<foreignObject>)");
+    else
+        warnings.add("elements that SVG does not know are left out");
+}
+
+/// What reading an element's attributes costs, in elements of ordinary size.
+std::size_t effortFor(pugi::xml_node element) {
+    std::size_t size = 0;
+    for (const pugi::xml_attribute attribute : element.attributes())
+        size += std::string_view(attribute.value()).size();
+    return 1 + size / 64;
+}
+
+}  // namespace
+
+scene::Page SceneBuilder::build() {
+    const pugi::xml_node root = tree_.root();
+    const ComputedStyle initial;
+    const Rect area = drawingArea(tree_, styles_.resolve(root, initial).fontSize);
+    const Affine toPage = Affine::scaling(pointsPerPixel, pointsPerPixel);
+    draw(root, {initial, toPage, {area.width, area.height}}, &area);
+    return {area.width * pointsPerPixel, area.height * pointsPerPixel, items_.takeItems()};
+}
+
+void SceneBuilder::draw(pugi::xml_node element, const Surroundings& around, const Rect* area) {
+    const ElementKind kind = elementKind(element.name());
+    if ((!isShown(kind) && area == nullptr) || !conditionsHold(element))
+        return;
+    checkEffort(element, around);
+    const ComputedStyle style = styles_.resolve(element, around.style);
+    if (!style.isDisplayed || style.opacity <= 0)
+        return;
+    warnOfLeftOut(style, kind);
+    Surroundings inside{style, around.toPage * style.transform, around.measures, around.depth + 1,
+                        around.isReferred};
+    inside.measures.fontSize = style.fontSize;
+    if (style.opacity == 1) {
+        drawContent(kind, element, inside, area);
+        return;
+    }
+    const PageItems::Mark group = items_.beginGroup(style.opacity);
+    drawContent(kind, element, inside, area);
+    items_.endGroup(group);
+}
+
+void SceneBuilder::drawContent(ElementKind kind, pugi::xml_node element, const Surroundings& inside,
+                               const Rect* area) {
+    if (isShape(kind))
+        drawShape(kind, element, inside);
+    else if (kind == ElementKind::group)
+        drawChildren(element, inside);
+    else if (kind == ElementKind::use)
+        drawUse(element, inside);
+    else if (kind == ElementKind::choice)
+        drawChoice(element, inside);
+    else if (kind == ElementKind::svg || kind == ElementKind::symbol)
+        drawViewport(element, area != nullptr ? *area : nestedArea(element, inside.measures),
+                     inside);
+    else
+        warnOfElement(kind, warnings_);
+}
+
+void SceneBuilder::drawChildren(pugi::xml_node element, const Surroundings& inside) {
+    for (auto child = firstChildElement(element); child; child = nextElement(child))
+        draw(child, inside);
+}
+
+/// Draws the first child that is fit to be shown. Foreign content is never it, so that a plain
+/// drawing that stands beside it as its replacement gets its turn.
+void SceneBuilder::drawChoice(pugi::xml_node element, const Surroundings& inside) {
+    bool hasForeign = false;
+    for (auto child = firstChildElement(element); child; child = nextElement(child)) {
+        const ElementKind kind = elementKind(child.name());
+        if (!isShown(kind) || !conditionsHold(child))
+            continue;
+        if (kind != ElementKind::foreignObject) {
+            draw(child, inside);
+            return;
+        }
+        hasForeign = true;
+    }
+    if (hasForeign)
+        warnOfElement(ElementKind::foreignObject, warnings_);
+}
+
+void SceneBuilder::drawViewport(pugi::xml_node element, const Rect& area,
+                                const Surroundings& inside) {
+    const auto viewport = openViewport(element, area, warnings_);
+    if (!viewport)
+        return;
+    Surroundings within = inside;
+    within.toPage = inside.toPage * viewport->map;
+    within.measures.width = viewport->width;
+    within.measures.height = viewport->height;
+    drawChildren(element, within);
+}
+
+/// References can make a small file ask for endless work.
+void SceneBuilder::checkEffort(pugi::xml_node element, const Surroundings& around) {
+    if (around.depth > deepestNesting)
+        tree_.fail(element,
+                   "elements and references are nested more than 1000 deep; "
+                   "remove groups that hold one group only");
+    if (!around.isReferred)
+        return;
+    referredEffort_ += effortFor(element);
+    if (referredEffort_ > mostReferredEffort)
+        tree_.fail(element,
+                   "<use> elements repeat more than the equivalent of 40 million "
+                   "elements; draw less of the picture by <use>");
+}
+
+}  // namespace psrender::svg

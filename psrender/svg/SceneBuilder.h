@@ -1,0 +1,72 @@
+#pragma once
+
+#include "psrender/scene/DisplayList.h"
+#include "psrender/svg/ComputedStyle.h"
+#include "psrender/svg/ElementKind.h"
+#include "psrender/svg/PageItems.h"
+#include "psrender/svg/PaintResolver.h"
+#include "psrender/svg/ShapeReader.h"
+#include "psrender/svg/StyleResolver.h"
+#include "psrender/svg/Viewport.h"
+#include "psrender/svg/XmlTree.h"
+
+#include <vector>
+
+namespace psrender::svg {
+
+/// Walks a document and lays what it shows on a page.
+class SceneBuilder {
+public:
+    /// Both must outlive the builder.
+    SceneBuilder(const XmlTree& tree, Warnings& warnings)
+        : tree_(tree),
+          warnings_(warnings),
+          styles_(tree, warnings),
+          paints_(tree, styles_, warnings),
+          shapes_(warnings) {}
+
+    /// To be called once. Throws `InputError`.
+    scene::Page build();
+
+private:
+    /// What an element finds around it.
+    struct Surroundings {
+        const ComputedStyle& style;
+        scene::Affine toPage;
+        Measures measures;
+        std::size_t depth = 0;
+        bool isReferred = false;  ///< drawn through a reference
+    };
+
+    /// `area` is where a reference wants an element with a viewport of its own.
+    void draw(pugi::xml_node element, const Surroundings& around,
+              const scene::Rect* area = nullptr);
+    void drawContent(ElementKind kind, pugi::xml_node element, const Surroundings& inside,
+                     const scene::Rect* area);
+    void drawChildren(pugi::xml_node element, const Surroundings& inside);
+    void drawChoice(pugi::xml_node element, const Surroundings& inside);
+    void drawViewport(pugi::xml_node element, const scene::Rect& area, const Surroundings& inside);
+    void checkEffort(pugi::xml_node element, const Surroundings& around);
+
+    void drawUse(pugi::xml_node use, const Surroundings& inside);
+    void drawTarget(pugi::xml_node use, pugi::xml_node target, const Surroundings& inside);
+    [[nodiscard]] pugi::xml_node findTarget(pugi::xml_node use);
+    [[nodiscard]] scene::Rect nestedArea(pugi::xml_node svg, const Measures& measures) const;
+    [[nodiscard]] scene::Rect targetArea(pugi::xml_node use, pugi::xml_node target,
+                                         const Measures& measures) const;
+
+    void drawShape(ElementKind kind, pugi::xml_node element, const Surroundings& inside);
+    [[nodiscard]] bool canBeDrawn(const scene::Affine& toPage);
+    void warnOfLeftOut(const ComputedStyle& style, ElementKind kind);
+
+    const XmlTree& tree_;
+    Warnings& warnings_;
+    StyleResolver styles_;
+    PaintResolver paints_;
+    ShapeReader shapes_;
+    PageItems items_;
+    std::vector<pugi::xml_node> targets_;  ///< of the references that are being drawn
+    std::size_t referredEffort_ = 0;
+};
+
+}  // namespace psrender::svg

@@ -1,0 +1,13 @@
+#include "psrender/svg/SvgReader.h"
+
+#include "psrender/svg/SceneBuilder.h"
+#include "psrender/svg/XmlTree.h"
+
+namespace psrender::svg {
+
+scene::Page readSvg(std::string_view text, const std::string& name, Warnings& warnings) {
+    const XmlTree tree(text, name);
+    return SceneBuilder(tree, warnings).build();
+}
+
+}  // namespace psrender::svg

@@ -1,0 +1,190 @@
+#include "psrender/CommandLine.h"
+#include "psrender/InputFile.h"
+#include "tests/support/Interpreter.h"
+#include "tests/support/Raises.h"
+
+#include <gmock/gmock.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+const std::string kRed =
+    "<svg xmlns='http://www.w3.org/2000/svg' width='40pt' height='20pt' viewBox='0 0 40 20'>"
+    "<rect width='20' height='20' fill='red'/></svg>";
+
+/// Runs the program in an empty folder of its own.
+class Psrender : public testing::Test {
+protected:
+    Psrender() {
+        std::string name = (fs::temp_directory_path() / "psrender-test-XXXXXX").string();
+        folder_ = ::mkdtemp(name.data());
+        write("red.svg", kRed);
+        write("bad.svg", "<svg><rect");
+    }
+    ~Psrender() override { fs::remove_all(folder_); }
+
+    void write(const std::string& name, const std::string& content) {
+        std::ofstream(folder_ / name, std::ios::binary) << content;
+    }
+    std::string read(const std::string& name) {
+        std::ifstream in(folder_ / name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+    std::vector<std::string> files() {
+        std::vector<std::string> names;
+        for (const auto& entry : fs::directory_iterator(folder_))
+            names.push_back(entry.path().filename());
+        return names;
+    }
+    /// The exit code; what is said on standard error is in `said`. `before` is shell text that
+    /// runs first.
+    int run(const std::string& arguments, const std::string& before = "") {
+        const std::string command = "cd " + folder_.string() + "; " + before + " " +
+                                    PSRENDER_PROGRAM + " " + arguments + " 2>said";
+        const int status = std::system(command.c_str());
+        said = read("said");
+        fs::remove(folder_ / "said");
+        return WEXITSTATUS(status);
+    }
+
+    fs::path folder_;
+    std::string said;
+};
+
+TEST_F(Psrender, MakesAPageADrawing) {
+    ASSERT_EQ(0, run("red.svg red.svg -o out.ps")) << said;
+    EXPECT_EQ("", said);
+    const Interpretation seen = interpret(read("out.ps"));
+    EXPECT_EQ("", seen.messages);
+    ASSERT_EQ(2U, seen.pages.size());
+    EXPECT_EQ(40, seen.pages[1].width);
+    EXPECT_EQ((Picture::Pixel{254, 0, 0}), seen.pages[1].at(5, 5));
+    EXPECT_EQ((Picture::Pixel{255, 255, 255}), seen.pages[1].at(30, 5));
+}
+
+TEST_F(Psrender, FitsDrawingsToPaper) {
+    const auto pixels = [&](const std::string& options) {
+        EXPECT_EQ(0, run("red.svg -o out.ps --paper 200x100pt " + options)) << said;
+        return interpret(read("out.ps")).pages.at(0);
+    };
+    const Picture natural = pixels("");
+    EXPECT_EQ(200, natural.width);
+    EXPECT_EQ((Picture::Pixel{254, 0, 0}), natural.at(85, 45)) << "20 points, in the middle";
+    EXPECT_EQ((Picture::Pixel{255, 255, 255}), natural.at(75, 45));
+    EXPECT_EQ((Picture::Pixel{254, 0, 0}), pixels("--fit --margin 0pt").at(5, 95));
+    EXPECT_EQ((Picture::Pixel{255, 255, 255}), pixels("--fit --margin 10pt").at(5, 50));
+    ASSERT_EQ(0, run("red.svg -o out.ps --paper a4 --landscape --fit"));
+    EXPECT_THAT(read("out.ps"), HasSubstr("<</PageSize [841.8898 595.2756]"));
+}
+
+TEST_F(Psrender, WorksInAPipeAndPassesPrintingOptions) {
+    ASSERT_EQ(0, run("- -o - --duplex --copies 2 --tray 3 --media-color 'a(b' <red.svg >out.ps"));
+    EXPECT_THAT(read("out.ps"), HasSubstr("<</Duplex true \n/MediaPosition 3\n/MediaColor "
+                                          "(a\\050b)\n/NumCopies 2\n/Jog 0\n"));
+    EXPECT_EQ("", interpret(read("out.ps")).messages);
+}
+
+TEST_F(Psrender, RendersPreviews) {
+    fs::create_directory(folder_ / "a%d b");
+    ASSERT_EQ(0, run("red.svg red.svg -o out.ps --preview 'a%d b/p'")) << said;
+    EXPECT_TRUE(fs::exists(folder_ / "a%d b/p-2.png"));
+    EXPECT_EQ(1, run("red.svg -o out.ps --preview none/p"));
+    EXPECT_THAT(said, HasSubstr("no preview: "));
+    EXPECT_EQ(1, run("red.svg -o out.ps --preview p", "PATH=/nowhere"));
+    EXPECT_THAT(said, HasSubstr("Ghostscript (gs) was not found"));
+}
+
+TEST_F(Psrender, RefusesAWrongCommandLine) {
+    for (const char* arguments :
+         {"", "red.svg", "-o out.ps", "red.svg -o out.ps --paper B9", "red.svg -o out.ps --fit",
+          "red.svg -o out.ps --margin 3", "red.svg -o out.ps --copies 0", "- - -o out.ps",
+          "red.svg -o - --preview p", "red.svg -o out.ps --no-such-option"}) {
+        EXPECT_EQ(2, run(arguments)) << arguments;
+        EXPECT_NE("", said) << arguments;
+    }
+    EXPECT_EQ(0, run("--help >help"));
+    EXPECT_THAT(read("help"), AllOf(HasSubstr("Examples:"), HasSubstr("--keep-going")));
+    EXPECT_EQ(0, run("--version >version"));
+    EXPECT_THAT(read("version"), StartsWith("psrender 0."));
+}
+
+TEST_F(Psrender, NamesWhatIsWrongWithAnInput) {
+    write("empty.svg", "");
+    write("huge.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='2e9' height='9'/>");
+    const std::pair<const char*, const char*> cases[] = {
+        {"missing.svg", "missing.svg: cannot be read (No such file or directory)"},
+        {".", ".: this is a folder"},
+        {"empty.svg", "empty.svg: is empty"},
+        {"/dev/zero", "/dev/zero: is larger than 256 MiB"},
+        {"huge.svg", "huge.svg: the page would be 1.5e+09 by 6.75 points"},
+        {"bad.svg", "bad.svg:1:"}};
+    write("out.ps", "before");
+    for (const auto& [input, sentence] : cases) {
+        EXPECT_EQ(1, run(std::string("red.svg ") + input + " -o out.ps"));
+        EXPECT_THAT(said, StartsWith(std::string("psrender: ") + sentence));
+        EXPECT_EQ(1, std::ranges::count(said, '\n')) << said;
+        EXPECT_EQ("before", read("out.ps"));
+    }
+    EXPECT_EQ(0, run("huge.svg -o out.ps --paper A4 --fit")) << said;
+}
+
+TEST_F(Psrender, KeepsGoingIfAsked) {
+    EXPECT_EQ(3, run("red.svg bad.svg red.svg -o out.ps --keep-going"));
+    EXPECT_THAT(said, HasSubstr("(page skipped)"));
+    EXPECT_EQ(2U, interpret(read("out.ps")).pages.size());
+    fs::remove(folder_ / "out.ps");
+    EXPECT_EQ(1, run("bad.svg missing.svg -o out.ps --keep-going"));
+    EXPECT_FALSE(fs::exists(folder_ / "out.ps"));
+}
+
+TEST_F(Psrender, LosesNothingWhenTheDiskIsFull) {
+    write("out.ps", "before");
+    EXPECT_EQ(1, run("red.svg -o out.ps", "trap '' XFSZ; ulimit -f 1;"));
+    EXPECT_THAT(said, HasSubstr("cannot write to"));
+    EXPECT_EQ("before", read("out.ps"));
+    EXPECT_EQ(3U, files().size()) << "no temporary file stays";
+    EXPECT_EQ(1, run("red.svg -o /dev/full"));
+    EXPECT_EQ(1, run("red.svg -o - >/dev/full"));
+    EXPECT_EQ(1, run("red.svg -o none/out.ps"));
+    EXPECT_THAT(said, AllOf(HasSubstr("none/out.ps"), HasSubstr("No such file")));
+    EXPECT_EQ(0, run("red.svg -o /dev/null"));
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST_F(Psrender, KeepsLinksAndPermissions) {
+    write("target.ps", "before");
+    fs::permissions(folder_ / "target.ps", fs::perms(0640));
+    fs::create_symlink("target.ps", folder_ / "out.ps");
+    ASSERT_EQ(0, run("red.svg -o out.ps")) << said;
+    EXPECT_TRUE(fs::is_symlink(folder_ / "out.ps"));
+    EXPECT_THAT(read("target.ps"), StartsWith("%!PS"));
+    EXPECT_EQ(fs::perms(0640), fs::status(folder_ / "target.ps").permissions());
+    ASSERT_EQ(0, run("red.svg -o new.ps", "umask 027;"));
+    EXPECT_EQ(fs::perms(0640), fs::status(folder_ / "new.ps").permissions());
+}
+
+TEST_F(Psrender, WarnsOnceAKind) {
+    write("text.svg",
+          "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'>"
+          "<image/><image/></svg>");
+    EXPECT_EQ(0, run("text.svg -o out.ps"));
+    EXPECT_THAT(said, AllOf(StartsWith("psrender: warning: text.svg: "), HasSubstr("(2 times)\n")));
+    EXPECT_EQ(0, run("text.svg -o out.ps --quiet"));
+    EXPECT_EQ("", said);
+    EXPECT_EQ(0, run("red.svg -o out.ps --verbose"));
+    EXPECT_THAT(said, HasSubstr("40.0 x 20.0 pt, 1 shapes"));
+}
+
+}  // namespace
