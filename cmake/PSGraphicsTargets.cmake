@@ -15,7 +15,8 @@ function(psgraphics_configure target)
   # g++ 12 reports overlaps and overflows inside its own <string> for `"literal" + text` once it optimises
   # (GCC bug 105651, fixed in 13).
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-    target_compile_options(${target} PRIVATE -Wno-restrict -Wno-stringop-overflow -Wno-array-bounds)
+    target_compile_options(${target} PRIVATE -Wno-restrict -Wno-array-bounds
+                           -Wno-stringop-overflow -Wno-stringop-overread)
   endif()
 endfunction()
 

@@ -2,6 +2,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include <array>
+#include <cstdio>
+
 namespace psrender {
 
 namespace {
@@ -38,11 +41,11 @@ struct Printing {
 /// The text as a PostScript string; what is special in one is written in octal.
 std::string postScriptString(const std::string& text) {
     std::string result = "(";
-    for (const unsigned char c : text) {
+    for (const char c : text) {
         const bool plain = c >= ' ' && c < 127 && c != '(' && c != ')' && c != '\\';
-        char octal[5];
-        std::snprintf(octal, sizeof octal, "\\%03o", c);
-        result += plain ? std::string(1, static_cast<char>(c)) : octal;
+        std::array<char, 5> octal{};
+        std::snprintf(octal.data(), octal.size(), "\\%03o", static_cast<unsigned char>(c));
+        result += plain ? std::string(1, c) : octal.data();
     }
     return result + ")";
 }

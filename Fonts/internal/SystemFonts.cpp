@@ -1,5 +1,8 @@
 #include "Fonts/internal/SystemFonts.h"
 
+#include "Fonts/internal/Type1Face.h"
+
+#include <algorithm>
 #include <string_view>
 #include <utility>
 
@@ -62,6 +65,17 @@ bool SystemFonts::Candidate::covers(char32_t character) const {
            FcCharSetHasChar(characters, character) != FcFalse;
 }
 
+bool SystemFonts::Candidate::lacksFigures() const {
+    return std::string_view(textOf(pattern_, FC_FONTFORMAT)) == "Type 1" &&
+           figuresBeside(file()).empty();
+}
+
+bool SystemFonts::Candidate::isSameFontAs(const Candidate& other) const {
+    const char* name = textOf(pattern_, FC_POSTSCRIPT_NAME);
+    const char* otherName = textOf(other.pattern_, FC_POSTSCRIPT_NAME);
+    return name != nullptr && otherName != nullptr && std::string_view(name) == otherName;
+}
+
 const std::vector<SystemFonts::Candidate>& SystemFonts::sortedFor(const Drawing::Font& font) {
     const auto found = sorted_.find(font.getHashKey());
     if (found != sorted_.end())
@@ -85,7 +99,21 @@ SystemFonts::Sorted SystemFonts::sort(const Drawing::Font& font) {
     for (int i = 0; sorted.fonts && i < sorted.fonts->nfont; ++i)
         if (isUsable(sorted.fonts->fonts[i]))
             sorted.candidates.emplace_back(sorted.fonts->fonts[i]);
+    preferFigures(sorted.candidates);
     return sorted;
+}
+
+/// A Type 1 font is often installed twice, and only one of the files has its figures beside it.
+void SystemFonts::preferFigures(std::vector<Candidate>& candidates) {
+    for (Candidate& candidate : candidates) {
+        if (!candidate.lacksFigures())
+            continue;
+        const auto other = std::ranges::find_if(candidates, [&](const Candidate& found) {
+            return found.isSameFontAs(candidate) && !found.lacksFigures();
+        });
+        if (other != candidates.end())
+            candidate = *other;
+    }
 }
 
 SystemFonts::FcPtr<FcPattern> SystemFonts::patternOf(const Drawing::Font& font) {

@@ -26,6 +26,9 @@ public:
         [[nodiscard]] std::uint32_t faceIndex() const;
         [[nodiscard]] bool isOfFamily(const Core::String& family) const;
         [[nodiscard]] bool covers(char32_t character) const;
+        /// Whether it is a Type 1 file without the figures that tell its kerning.
+        [[nodiscard]] bool lacksFigures() const;
+        [[nodiscard]] bool isSameFontAs(const Candidate& other) const;
 
     private:
         FcPattern* pattern_;
@@ -50,6 +53,7 @@ private:
     };
 
     Sorted sort(const Drawing::Font& font);
+    static void preferFigures(std::vector<Candidate>& candidates);
     static FcPtr<FcPattern> patternOf(const Drawing::Font& font);
 
     FcPtr<FcConfig> config_;

@@ -72,6 +72,16 @@ FreeTypePtr<FT_Face> openFace(FT_Library library, const FontBytes& bytes) {
 
 }  // namespace
 
+std::string figuresBeside(const std::string& fontFile) {
+    for (const char* extension : {".afm", ".AFM", ".pfm"}) {
+        std::error_code ignored;
+        const auto figures = std::filesystem::path(fontFile).replace_extension(extension);
+        if (std::filesystem::exists(figures, ignored))
+            return figures.string();
+    }
+    return {};
+}
+
 Type1Face::Type1Face(FontBytes bytes)
     : bytes_(std::move(bytes)),
       library_(startFreeType(bytes_)),
@@ -84,14 +94,9 @@ Type1Face::Type1Face(FontBytes bytes)
 }
 
 void Type1Face::attachKerning() {
-    std::filesystem::path figures(bytes_.name());
-    for (const char* extension : {".afm", ".AFM", ".pfm"}) {
-        std::error_code ignored;
-        figures.replace_extension(extension);
-        if (std::filesystem::exists(figures, ignored) &&
-            FT_Attach_File(face_.get(), figures.c_str()) == 0)
-            break;
-    }
+    const std::string figures = figuresBeside(bytes_.name());
+    if (!figures.empty())
+        FT_Attach_File(face_.get(), figures.c_str());
     hasKerning_ = FT_HAS_KERNING(face_.get());
 }
 

@@ -11,6 +11,7 @@
 
 #include <memory>
 #include <mutex>
+#include <string>
 #include <type_traits>
 #include <unordered_map>
 #include <vector>
@@ -25,6 +26,10 @@ struct FreeTypeDeleter {
 template <class Handle>
 using FreeTypePtr = std::unique_ptr<std::remove_pointer_t<Handle>, FreeTypeDeleter>;
 
+/// The AFM or PFM file of the same name beside a font file, which tells its kerning; empty if there
+/// is none.
+[[nodiscard]] std::string figuresBeside(const std::string& fontFile);
+
 /// A Type 1 program, opened. What text needs is read once when it opens; kerning and outlines are
 /// asked of FreeType under a lock. Safe to use from several threads.
 class Type1Face {
@@ -34,8 +39,8 @@ public:
         float advance = 0;
     };
 
-    /// Also reads the kerning of an AFM or PFM file of the same name beside the font file. Raises
-    /// `FontException` for what FreeType does not take for a Type 1 program.
+    /// Also reads the kerning that `figuresBeside` finds. Raises `FontException` for what FreeType
+    /// does not take for a Type 1 program.
     explicit Type1Face(FontBytes bytes);
 
     [[nodiscard]] const FontMetrics& metrics() const { return metrics_; }

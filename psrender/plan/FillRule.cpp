@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace psrender::plan {
 
@@ -28,23 +29,34 @@ using scene::Point;
 constexpr double kTolerance = 0.01;  // points
 /// Integer units a point. Pages reach a million points, and Clipper is fast below 2^30.
 constexpr double kUnits = 1000;
+/// Points times subpaths up to which subpaths are turned: about a second.
+constexpr std::size_t kMostPointTests = 500'000'000;
 
-Paths toPaths(const std::vector<Polyline>& lines) {
+/// Clipper sweeps downwards; for a sweep sideways the polygons lie on their side.
+Paths toPaths(const std::vector<Polyline>& lines, Sweep sweep) {
     Paths paths;
     for (const Polyline& line : lines) {
         auto& path = paths.emplace_back();
-        for (const Point& p : line.points)
+        for (const Point& p : line.points) {
             path.emplace_back(std::llround(p.x * kUnits), std::llround(p.y * kUnits));
+            if (sweep == Sweep::sideways)
+                std::swap(path.back().X, path.back().Y);
+        }
     }
     return paths;
 }
 
-Paths interior(const Paths& paths, ClipperLib::PolyFillType rule) {
-    ClipperLib::Clipper clipper;
-    clipper.AddPaths(paths, ClipperLib::ptSubject, true);
-    Paths result;
-    clipper.Execute(ClipperLib::ctUnion, result, rule, rule);
-    return result;
+/// Nothing if Clipper gives up.
+std::optional<Paths> interior(const Paths& paths, ClipperLib::PolyFillType rule) {
+    try {
+        ClipperLib::Clipper clipper;
+        clipper.AddPaths(paths, ClipperLib::ptSubject, true);
+        Paths result;
+        if (clipper.Execute(ClipperLib::ctUnion, result, rule, rule))
+            return result;
+    } catch (const ClipperLib::clipperException&) {
+    }
+    return std::nullopt;
 }
 
 /// Holes count negative.
@@ -55,14 +67,23 @@ double areaOf(const Paths& paths) {
     return area;
 }
 
-/// Rounding to integer units shifts an edge by up to half a unit.
-bool sameArea(double a, double b, const Paths& paths) {
-    double edges = 0;
+/// Equal but for the order of summing up. Polygons that do not cross keep their vertices, so a
+/// hole of a few units makes a difference; a doubt costs no more than the curves.
+bool isSameArea(double a, double b) {
+    constexpr double kRoundingError = 1e-11;
+    return std::abs(a - b) <= 1 + kRoundingError * std::max(std::abs(a), std::abs(b));
+}
+
+bool isRight(const Paths& candidate, double area) {
+    const auto nonZero = interior(candidate, ClipperLib::pftNonZero);
+    return nonZero && isSameArea(area, areaOf(*nonZero));
+}
+
+std::size_t countPoints(const Paths& paths) {
+    std::size_t count = 0;
     for (const auto& path : paths)
-        for (std::size_t i = 1; i < path.size(); ++i)
-            edges += std::hypot(static_cast<double>(path[i].X - path[i - 1].X),
-                                static_cast<double>(path[i].Y - path[i - 1].Y));
-    return std::abs(a - b) <= 1 + edges / 2;
+        count += path.size();
+    return count;
 }
 
 /// In how many of the others the path's first point lies.
@@ -161,12 +182,15 @@ Affine inverse(const Affine& m) {
             (m.b * m.e - m.a * m.f) / d};
 }
 
-Outline polygonOutline(const Paths& paths, const Affine& fromPage) {
+Outline polygonOutline(const Paths& paths, Sweep sweep, const Affine& fromPage) {
     Outline outline;
     for (const auto& path : paths) {
         for (std::size_t i = 0; i < path.size(); ++i) {
-            const Point p = fromPage.apply(
-                {static_cast<double>(path[i].X) / kUnits, static_cast<double>(path[i].Y) / kUnits});
+            Point p{static_cast<double>(path[i].X) / kUnits,
+                    static_cast<double>(path[i].Y) / kUnits};
+            if (sweep == Sweep::sideways)
+                std::swap(p.x, p.y);
+            p = fromPage.apply(p);
             i == 0 ? outline.moveTo(p) : outline.lineTo(p);
         }
         outline.close();
@@ -174,27 +198,34 @@ Outline polygonOutline(const Paths& paths, const Affine& fromPage) {
     return outline;
 }
 
+std::nullopt_t giveUp(Warnings& warnings) {
+    warnings.add("an even-odd fill with too many crossings is filled by the non-zero rule");
+    return std::nullopt;
+}
+
 }  // namespace
 
 std::optional<Outline> nonZeroOutline(const Outline& outline, const Affine& toPage,
                                       Warnings& warnings) {
+    if (countChords(outline, toPage, kTolerance) > kMostEdges)
+        return giveUp(warnings);
     const std::vector<Polyline> lines = flatten(outline, toPage, kTolerance);
-    if (hasTooManyCrossings(lines)) {
-        warnings.add("an even-odd fill with too many crossings is filled by the non-zero rule");
+    const Sweep sweep = chooseSweep(lines);
+    if (sweep == Sweep::tooLong)
+        return giveUp(warnings);
+    const Paths paths = toPaths(lines, sweep);
+    const auto evenOdd = interior(paths, ClipperLib::pftEvenOdd);
+    if (!evenOdd)
+        return giveUp(warnings);
+    const double area = areaOf(*evenOdd);
+    if (isRight(paths, area))
         return std::nullopt;
+    if (paths.size() * countPoints(paths) < kMostPointTests) {
+        const std::vector<bool> turns = turnsByDepth(paths);
+        if (isRight(turned(paths, turns), area))
+            return turnedOutline(outline, turns);
     }
-    const Paths paths = toPaths(lines);
-    const Paths evenOdd = interior(paths, ClipperLib::pftEvenOdd);
-    const double area = areaOf(evenOdd);
-    const auto isRight = [&](const Paths& candidate) {
-        return sameArea(area, areaOf(interior(candidate, ClipperLib::pftNonZero)), paths);
-    };
-    if (isRight(paths))
-        return std::nullopt;
-    const std::vector<bool> turns = turnsByDepth(paths);
-    if (isRight(turned(paths, turns)))
-        return turnedOutline(outline, turns);
-    return polygonOutline(evenOdd, inverse(toPage));
+    return polygonOutline(*evenOdd, sweep, inverse(toPage));
 }
 
 }  // namespace psrender::plan

@@ -110,12 +110,40 @@ Outline dotsAt(const std::vector<Point>& points) {
     return outline;
 }
 
-bool isPoint(const Polyline& line) {
-    for (const Point& p : line.points)
-        if (!(p == line.points.front()))
-            return false;
-    return line.points.size() > 1 || line.closed;
-}
+/// Collects the subpaths that are drawn, if only by a close, and stay on one point.
+class DotCollector {
+public:
+    void move(Point p) {
+        finish();
+        at_ = p;
+    }
+    void line(Point /*from*/, Point to) { draw(to == at_); }
+    void cubic(Point /*from*/, Point c1, Point c2, Point to) {
+        draw(c1 == at_ && c2 == at_ && to == at_);
+    }
+    void close(Point /*from*/, Point start) {
+        draw(start == at_);
+        move(start);
+    }
+    void finish() {
+        if (isDrawn_ && isDot_)
+            dots.push_back(at_);
+        isDrawn_ = false;
+        isDot_ = true;
+    }
+
+    std::vector<Point> dots;
+
+private:
+    void draw(bool staysHere) {
+        isDrawn_ = true;
+        isDot_ = isDot_ && staysHere;
+    }
+
+    Point at_;
+    bool isDrawn_ = false;
+    bool isDot_ = true;
+};
 
 void addSquare(Outline& outline, Point centre, double width) {
     const double half = width / 2;
@@ -147,11 +175,12 @@ std::optional<Shape> replaceRoundJoins(Shape& shape) {
 std::optional<Shape> squareDots(const Shape& shape) {
     if (shape.strokeStyle.cap != scene::Cap::square)
         return std::nullopt;
+    DotCollector collector;
+    visit(*shape.outline, collector);
+    collector.finish();
     Outline squares;
-    constexpr double kAnyTolerance = 1;  // a curve of one point is one chord
-    for (const Polyline& line : flatten(*shape.outline, {}, kAnyTolerance))
-        if (isPoint(line))
-            addSquare(squares, line.points.front(), shape.strokeStyle.width);
+    for (const Point dot : collector.dots)
+        addSquare(squares, dot, shape.strokeStyle.width);
     if (squares.empty())
         return std::nullopt;
     Shape dots = shape;

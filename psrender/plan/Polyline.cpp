@@ -57,6 +57,25 @@ private:
     std::vector<Polyline> lines_;
 };
 
+class ChordCounter {
+public:
+    ChordCounter(const scene::Affine& map, double tolerance) : map_(map), tolerance_(tolerance) {}
+
+    void move(Point /*p*/) { ++count; }
+    void line(Point /*from*/, Point /*to*/) { ++count; }
+    void cubic(Point from, Point c1, Point c2, Point to) {
+        count += static_cast<std::size_t>(chordCount(map_.apply(from), map_.apply(c1),
+                                                     map_.apply(c2), map_.apply(to), tolerance_));
+    }
+    void close(Point /*from*/, Point /*start*/) {}
+
+    std::size_t count = 0;
+
+private:
+    scene::Affine map_;
+    double tolerance_;
+};
+
 }  // namespace
 
 Point pointOfCubic(Point p0, Point p1, Point p2, Point p3, double t) {
@@ -71,6 +90,12 @@ std::vector<Polyline> flatten(const scene::Outline& outline, const scene::Affine
     Flattener flattener(map, tolerance);
     visit(outline, flattener);
     return flattener.take();
+}
+
+std::size_t countChords(const scene::Outline& outline, const scene::Affine& map, double tolerance) {
+    ChordCounter counter(map, tolerance);
+    visit(outline, counter);
+    return counter.count;
 }
 
 }  // namespace psrender::plan

@@ -2,6 +2,7 @@
 
 #include "psrender/scene/Outline.h"
 
+#include <cstddef>
 #include <vector>
 
 namespace psrender::plan {
@@ -16,6 +17,9 @@ struct Polyline {
 /// `tolerance`, given in mapped units.
 std::vector<Polyline> flatten(const scene::Outline& outline, const scene::Affine& map,
                               double tolerance);
+
+/// How many lines and chords that makes.
+std::size_t countChords(const scene::Outline& outline, const scene::Affine& map, double tolerance);
 
 /// Calls `line(from, to)`, `cubic(from, c1, c2, to)`, `move(p)` and `close(from, start)` for every
 /// step of `outline` with the points that it runs between.

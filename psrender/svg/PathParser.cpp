@@ -49,12 +49,13 @@ bool PathParser::readCommand() {
     const char letter = scanner_.peek();
     scanner_.advance();
     char command = toLower(letter);
+    const bool isRelative = command == letter;
     if (command == 'z') {
         pen_.close();
         return true;
     }
     do {
-        origin_ = command == letter ? pen_.current() : Point{};
+        origin_ = isRelative ? pen_.current() : Point{};
         if (!readSegment(command))
             return false;
         if (command == 'm')

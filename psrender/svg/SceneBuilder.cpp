@@ -13,7 +13,7 @@ namespace {
 
 constexpr double pointsPerPixel = 0.75;
 constexpr std::size_t deepestNesting = 1000;
-constexpr std::size_t mostReferredEffort = 40'000'000;
+constexpr std::size_t mostReferredEffort = 10'000'000;
 
 void warnOfElement(ElementKind kind, Warnings& warnings) {
     if (kind == ElementKind::text)
@@ -31,7 +31,7 @@ std::size_t effortFor(pugi::xml_node element) {
     std::size_t size = 0;
     for (const pugi::xml_attribute attribute : element.attributes())
         size += std::string_view(attribute.value()).size();
-    return 1 + size / 64;
+    return 1 + size / 32;
 }
 
 }  // namespace
@@ -129,7 +129,7 @@ void SceneBuilder::checkEffort(pugi::xml_node element, const Surroundings& aroun
     referredEffort_ += effortFor(element);
     if (referredEffort_ > mostReferredEffort)
         tree_.fail(element,
-                   "<use> elements repeat more than the equivalent of 40 million "
+                   "<use> elements repeat more than the equivalent of 10 million "
                    "elements; draw less of the picture by <use>");
 }
 

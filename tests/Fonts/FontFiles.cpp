@@ -1,4 +1,4 @@
-#include "FontFiles.h"
+#include "tests/Fonts/FontFiles.h"
 
 #include "Core/StringFormatStream.h"
 

@@ -1,8 +1,8 @@
 #include "Fonts/OpenTypeFont.h"
 
-#include "FontFiles.h"
 #include "Fonts/FontException.h"
-#include "FreeTypeFile.h"
+#include "tests/Fonts/FontFiles.h"
+#include "tests/Fonts/FreeTypeFile.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "Fonts/StandardFont.h"
 
-#include "FontFiles.h"
+#include "tests/Fonts/FontFiles.h"
 
 #include <gtest/gtest.h>
 

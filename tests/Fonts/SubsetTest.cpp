@@ -1,5 +1,5 @@
-#include "FontFiles.h"
-#include "FreeTypeFile.h"
+#include "tests/Fonts/FontFiles.h"
+#include "tests/Fonts/FreeTypeFile.h"
 
 #include <gtest/gtest.h>
 

@@ -61,7 +61,8 @@ TEST(FontResources, AreNumberedThroughTheProcess) {
 }
 
 TEST(OneByteCodes, AreGivenOutInOrderOfFirstUseUntilTheyRunOut) {
-    const auto resource = make<PSStdAdobeFontResource>(makeObject<FakeFont>(FontKind::type1), false);
+    const auto resource =
+        make<PSStdAdobeFontResource>(makeObject<FakeFont>(FontKind::type1), false);
     const auto run = [](char16_t from, std::size_t count) {
         std::u16string text;
         for (std::size_t i = 0; i < count; ++i)
@@ -85,9 +86,10 @@ TEST(StandardFont, IsReencodedWithTheGlyphsShown) {
     EXPECT_EQ("/F1 /Fake-PS\n[/g65\n/g86\n]\nmakeAdobeStdFont\n", defined(*plain));
     const auto kerned = make<PSStdAdobeFontResource>(makeObject<FakeFont>(FontKind::type1), true);
     EXPECT_EQ("0 (\\00\\01\\00)", shown(*kerned, u"AVA"));
-    EXPECT_EQ("/F1 /Fake-PS\n[/g65\n/g86\n]\nmakeAdobeStdFont\n\n/Fake-PSKern\n[\n"
-              "[ /g65 /g86 -70 ]\n] def\n\n",
-              defined(*kerned));
+    EXPECT_EQ(
+        "/F1 /Fake-PS\n[/g65\n/g86\n]\nmakeAdobeStdFont\n\n/Fake-PSKern\n[\n"
+        "[ /g65 /g86 -70 ]\n] def\n\n",
+        defined(*kerned));
 }
 
 TEST(Type1Font, CarriesItsKerningInline) {
@@ -124,11 +126,13 @@ TEST(Type1Font, HeaderIsRewrittenWithNameAndEncoding) {
     const std::string head = "%%BeginFont:F1\n11 dict begin\n";
     const std::string info =
         "/FontInfo 9 dict dup begin\n%kept\n/FontName inside\nend readonly def\n";
-    EXPECT_EQ(head + info + "/FontName /F1 def\n" + kEncoding + "/PaintType 0 def\n"
-              "currentfile eexec\n",
-              type1(segment(1, "%!PS-AdobeFont\n11 dict begin\n" + info + "% gone\n"
-                               "/FontName /Old def\n/Encoding StandardEncoding def\n"
-                               "/PaintType 0 def\ncurrentfile eexec\nrest\n")));
+    EXPECT_EQ(head + info + "/FontName /F1 def\n" + kEncoding +
+                  "/PaintType 0 def\n"
+                  "currentfile eexec\n",
+              type1(segment(1, "%!PS-AdobeFont\n11 dict begin\n" + info +
+                                   "% gone\n"
+                                   "/FontName /Old def\n/Encoding StandardEncoding def\n"
+                                   "/PaintType 0 def\ncurrentfile eexec\nrest\n")));
     for (const std::string line : {"\r", "\r\n"}) {
         const std::string program = "11 dict begin" + line + "/FontName /Old def" + line +
                                     "/Encoding 256 array" + line + "0 1 255 {1 index} for" + line +

@@ -62,9 +62,9 @@ TEST(Text, OfAnEmbeddedFontInEveryPaint) {
         EXPECT_EQ("1 2 m\nq\nTjfill\n" + kRed + "f\nQ\nq\nTjstroke\n" + kRedStroke + "Q\nQ\n",
                   shown({.fill = true, .stroke = true}));
         EXPECT_EQ("1 2 m\nq\nTjstroke\n" + kRedStroke + "Q\nQ\n", shown({.stroke = true}));
-        EXPECT_EQ("1 2 m\nq\nTjfillKern\n" + kRed + "f\nQ\nq\nTjstrokeKern\n" + kRedStroke +
-                      "Q\nQ\n",
-                  shown({.fill = true, .stroke = true, .kerning = true}));
+        EXPECT_EQ(
+            "1 2 m\nq\nTjfillKern\n" + kRed + "f\nQ\nq\nTjstrokeKern\n" + kRedStroke + "Q\nQ\n",
+            shown({.fill = true, .stroke = true, .kerning = true}));
     }
 }
 
@@ -104,9 +104,9 @@ String characters(char16_t from, std::size_t count) {
 TEST(Fonts, ARunGoesWholeToTheFirstResourceThatTakesIt) {
     const auto context = makeContext();
     context->setFont(fontOf(FontKind::type1, true));
-    const auto numbers = selected(*context, {characters(0x400, 200), characters(0x500, 100),
-                                             characters(0x400, 200), characters(0x500, 100),
-                                             characters(0x600, 56), characters(0x700, 160)});
+    const auto numbers =
+        selected(*context, {characters(0x400, 200), characters(0x500, 100), characters(0x400, 200),
+                            characters(0x500, 100), characters(0x600, 56), characters(0x700, 160)});
     EXPECT_EQ(numbers[0] + 1, numbers[1]);
     EXPECT_EQ(numbers[0], numbers[2]);
     EXPECT_EQ(numbers[1], numbers[3]);

@@ -83,8 +83,9 @@ std::map<std::string, Bytes> tablesOf(const std::vector<std::uint32_t>& lengths,
             put16(loca, offset / 2);
     Bytes maxp{0, 1, 0, 0};
     put16(maxp, static_cast<std::uint32_t>(lengths.size()));
-    return {{"glyf", glyf},          {"loca", loca},          {"maxp", maxp},
-            {"head", head(locaFormat)}, {"hmtx", Bytes(4, 7)}, {"hhea", Bytes(36, 9)}};
+    return {{"glyf", glyf},        {"loca", loca},
+            {"maxp", maxp},        {"head", head(locaFormat)},
+            {"hmtx", Bytes(4, 7)}, {"hhea", Bytes(36, 9)}};
 }
 
 std::string arrayText(const TTFToType42& font, const char* name = "F1") {
@@ -195,11 +196,14 @@ TEST(Type42, DamagedFilesNeverRaiseNorReadBeyondTheirEnd) {
 }
 
 TEST(Type42, DictionariesNameEveryGlyphOfEveryBlock) {
-    auto tables = tablesOf(std::vector<std::uint32_t>(600, 4), [] {
-        std::vector<std::size_t> order(600);
-        std::iota(order.begin(), order.end(), 0);
-        return order;
-    }(), 1);
+    auto tables = tablesOf(
+        std::vector<std::uint32_t>(600, 4),
+        [] {
+            std::vector<std::size_t> order(600);
+            std::iota(order.begin(), order.end(), 0);
+            return order;
+        }(),
+        1);
     Bytes cmap{0, 0, 0, 1, 0, 3, 0, 1, 0, 0, 0, 12, 0, 4, 0, 4};
     tables["cmap"] = cmap;
     const auto text = [](const std::map<std::string, Bytes>& of) {
@@ -220,7 +224,8 @@ TEST(Type42, DictionariesNameEveryGlyphOfEveryBlock) {
     tables.erase("cmap");
     EXPECT_THAT(text(tables), testing::HasSubstr("/.notdef 0 def\nend readonly def\n"));
     EXPECT_THAT(text(tablesOf(std::vector<std::uint32_t>(512, 0), {}, 1)),
-                testing::HasSubstr("/F1_02 findfont\n")) << "an empty block at the end";
+                testing::HasSubstr("/F1_02 findfont\n"))
+        << "an empty block at the end";
 }
 
 }  // namespace

@@ -65,13 +65,13 @@ Picture::Pixel Picture::at(int x, int y) const {
     return {bytes.at(offset), bytes.at(offset + 1), bytes.at(offset + 2)};
 }
 
-Interpretation interpret(std::string_view postScript, int dpi) {
+Interpretation interpret(std::string_view postScript, int dpi, const std::string& options) {
     const ScratchFolder folder;
     std::ofstream(folder.file("in.ps"), std::ios::binary) << postScript;
     std::ostringstream command;
     command << "gs -q -dSAFER -dBATCH -dNOPAUSE -sDEVICE=ppmraw -r" << dpi
-            << " -sOutputFile=" << folder.file("%d.ppm") << " " << folder.file("in.ps") << " > "
-            << folder.file("messages") << " 2>&1";
+            << " -sOutputFile=" << folder.file("%d.ppm") << " " << options << " -f "
+            << folder.file("in.ps") << " > " << folder.file("messages") << " 2>&1";
     Interpretation result;
     result.exitCode = std::system(command.str().c_str());
     result.messages = contentOf(folder.file("messages"));

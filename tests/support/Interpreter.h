@@ -26,8 +26,9 @@ struct Interpretation {
 };
 
 /// Ghostscript renders `postScript` at `dpi` without smoothing, in a folder of its own that is
-/// gone afterwards.
-Interpretation interpret(std::string_view postScript, int dpi = 72);
+/// gone afterwards. `options` are more of its options.
+Interpretation interpret(std::string_view postScript, int dpi = 72,
+                         const std::string& options = "");
 
 /// The output of a program that is run by the shell and fed with `input`.
 std::string outputOf(const std::string& command, std::string_view input);

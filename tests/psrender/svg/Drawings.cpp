@@ -1,0 +1,117 @@
+#include "tests/psrender/svg/Drawings.h"
+
+#include "psrender/svg/SvgReader.h"
+
+#include <cmath>
+#include <iomanip>
+#include <sstream>
+
+namespace psrender::svg {
+
+using scene::Paint;
+using scene::Shape;
+
+namespace {
+
+constexpr double pixelsPerPoint = 4.0 / 3;
+
+std::string number(double value) {
+    std::ostringstream out;
+    const double rounded = std::round(value * 1000) / 1000;
+    out << std::setprecision(10) << (rounded == 0 ? 0 : rounded);
+    return out.str();
+}
+
+std::string toText(const Paint& paint) {
+    if (paint.kind == Paint::Kind::none)
+        return "none";
+    std::ostringstream out;
+    out << '#' << std::hex << std::setfill('0');
+    for (const int component : {paint.color.red, paint.color.green, paint.color.blue})
+        out << std::setw(2) << component;
+    return paint.opacity == 1 ? out.str() : out.str() + "/" + number(paint.opacity);
+}
+
+std::string toText(const scene::StrokeStyle& stroke) {
+    constexpr const char* caps[] = {"", " round-cap", " square-cap"};
+    constexpr const char* joins[] = {"", " round-join", " bevel-join"};
+    std::string text = " width=" + number(stroke.width);
+    text += caps[static_cast<int>(stroke.cap)];
+    text += joins[static_cast<int>(stroke.join)];
+    if (stroke.miterLimit != 4)
+        text += " limit=" + number(stroke.miterLimit);
+    for (std::size_t i = 0; i < stroke.dashes.size(); ++i)
+        text += (i == 0 ? " dashes=" : ",") + number(stroke.dashes[i]);
+    if (stroke.dashOffset != 0)
+        text += " offset=" + number(stroke.dashOffset);
+    return text;
+}
+
+std::string toText(const Shape& shape) {
+    const auto toPixels = scene::Affine::scaling(pixelsPerPoint, pixelsPerPoint);
+    std::string text = "fill=" + toText(shape.fill);
+    if (shape.fillRule == scene::FillRule::evenOdd)
+        text += " evenodd";
+    if (shape.stroke.kind != Paint::Kind::none)
+        text += " stroke=" + toText(shape.stroke) + toText(shape.strokeStyle);
+    return text + " " + toText(shape.outline->transformed(toPixels * shape.transform));
+}
+
+std::string toText(const scene::Item& item) {
+    if (const auto* group = std::get_if<scene::BeginGroup>(&item))
+        return "begin " + number(group->opacity);
+    const auto* shape = std::get_if<Shape>(&item);
+    return shape == nullptr ? "end" : toText(*shape);
+}
+
+}  // namespace
+
+std::string toText(const scene::Outline& outline) {
+    constexpr std::string_view letters = "MLCZ";
+    constexpr int counts[] = {1, 1, 3, 0};
+    std::string text;
+    auto point = outline.points().begin();
+    for (const auto verb : outline.verbs()) {
+        text += text.empty() ? "" : " ";
+        text += letters[static_cast<std::size_t>(verb)];
+        for (int i = 0; i < counts[static_cast<int>(verb)]; ++i, ++point)
+            text += (i == 0 ? "" : " ") + number(point->x) + "," + number(point->y);
+    }
+    return text;
+}
+
+Reading read(std::string_view document) {
+    Warnings warnings;
+    Reading reading;
+    reading.page = readSvg(document, "test.svg", warnings);
+    for (const scene::Item& item : reading.page.items)
+        reading.items.push_back(toText(item));
+    reading.warnings = warnings.sentences();
+    return reading;
+}
+
+Reading readBody(std::string_view body) {
+    return read(R"(<svg xmlns="http://www.w3.org/2000/svg" width="100" height="100">)" +
+                std::string(body) + "</svg>");
+}
+
+std::vector<std::string> drawn(std::string_view body) {
+    return readBody(body).items;
+}
+
+std::string fillOf(std::string_view body) {
+    const Reading reading = readBody(body);
+    return reading.items.size() == 1 ? toText(std::get<Shape>(reading.page.items[0]).fill)
+                                     : std::to_string(reading.items.size()) + " items";
+}
+
+std::string refusal(std::string_view document) {
+    try {
+        read(document);
+    } catch (const InputError& error) {
+        return error.what();
+    }
+    return {};
+}
+
+}  // namespace psrender::svg
