@@ -191,17 +191,19 @@ ParsedPath parsePoints(std::string_view points, bool isClosed) {
     PathPen pen;
     scanner.skipSpace();
     std::size_t count = 0;
-    std::optional<Point> point;
-    while (!scanner.atEnd() && (point = readPoint(scanner))) {
-        if (count++ == 0)
+    bool isWhole = true;
+    while (isWhole && !scanner.atEnd()) {
+        const std::optional<Point> point = readPoint(scanner);
+        isWhole = point.has_value();
+        if (isWhole && count++ == 0)
             pen.move(*point);
-        else
+        else if (isWhole)
             pen.line(*point);
         scanner.skipCommaSpace();
     }
     if (isClosed && count > 0)
         pen.close();
-    return {pen.takeOutline(), scanner.atEnd()};
+    return {pen.takeOutline(), isWhole};
 }
 
 }  // namespace psrender::svg

@@ -40,11 +40,11 @@ void SceneBuilder::drawTarget(pugi::xml_node use, pugi::xml_node target,
 
 pugi::xml_node SceneBuilder::findTarget(pugi::xml_node use) {
     const std::string_view href = hrefOf(use);
-    if (!href.starts_with('#')) {
+    if (!href.empty() && href.front() != '#') {
         warnings_.add("references to other files are not followed (<use>)");
         return {};
     }
-    const pugi::xml_node target = tree_.byId(href.substr(1));
+    const pugi::xml_node target = tree_.byId(href.empty() ? href : href.substr(1));
     if (!target)
         warnings_.add("references to what is not in the file are left out (<use>)");
     return target;

@@ -11,7 +11,7 @@ namespace psrender::svg {
 namespace {
 
 /// A few seconds' work.
-constexpr std::uint64_t mostSteps = 200'000'000;
+constexpr std::uint64_t mostSteps = 100'000'000;
 
 StyleSheet readSheets(const XmlTree& tree, Warnings& warnings) {
     StyleSheet sheet;

@@ -20,7 +20,8 @@ std::string describe(pugi::xml_parse_status status) {
         case pugi::status_out_of_memory:
             return "the document does not fit into memory; split it";
         case pugi::status_bad_attribute:
-            return "an attribute is not well-formed; correct its name or its quotes";
+            return "an attribute is not well-formed; correct its name or its quotes, "
+                   "or complete the file if it is cut short";
         case pugi::status_bad_comment:
         case pugi::status_bad_cdata:
         case pugi::status_bad_pi:

@@ -22,7 +22,7 @@ std::string number(double value) {
     return out.str();
 }
 
-std::string toText(const Paint& paint) {
+std::string describe(const Paint& paint) {
     if (paint.kind == Paint::Kind::none)
         return "none";
     std::ostringstream out;
@@ -32,7 +32,7 @@ std::string toText(const Paint& paint) {
     return paint.opacity == 1 ? out.str() : out.str() + "/" + number(paint.opacity);
 }
 
-std::string toText(const scene::StrokeStyle& stroke) {
+std::string describe(const scene::StrokeStyle& stroke) {
     constexpr const char* caps[] = {"", " round-cap", " square-cap"};
     constexpr const char* joins[] = {"", " round-join", " bevel-join"};
     std::string text = " width=" + number(stroke.width);
@@ -47,21 +47,21 @@ std::string toText(const scene::StrokeStyle& stroke) {
     return text;
 }
 
-std::string toText(const Shape& shape) {
+std::string describe(const Shape& shape) {
     const auto toPixels = scene::Affine::scaling(pixelsPerPoint, pixelsPerPoint);
-    std::string text = "fill=" + toText(shape.fill);
+    std::string text = "fill=" + describe(shape.fill);
     if (shape.fillRule == scene::FillRule::evenOdd)
         text += " evenodd";
     if (shape.stroke.kind != Paint::Kind::none)
-        text += " stroke=" + toText(shape.stroke) + toText(shape.strokeStyle);
+        text += " stroke=" + describe(shape.stroke) + describe(shape.strokeStyle);
     return text + " " + toText(shape.outline->transformed(toPixels * shape.transform));
 }
 
-std::string toText(const scene::Item& item) {
+std::string describe(const scene::Item& item) {
     if (const auto* group = std::get_if<scene::BeginGroup>(&item))
         return "begin " + number(group->opacity);
     const auto* shape = std::get_if<Shape>(&item);
-    return shape == nullptr ? "end" : toText(*shape);
+    return shape == nullptr ? "end" : describe(*shape);
 }
 
 }  // namespace
@@ -85,7 +85,7 @@ Reading read(std::string_view document) {
     Reading reading;
     reading.page = readSvg(document, "test.svg", warnings);
     for (const scene::Item& item : reading.page.items)
-        reading.items.push_back(toText(item));
+        reading.items.push_back(describe(item));
     reading.warnings = warnings.sentences();
     return reading;
 }
@@ -101,7 +101,7 @@ std::vector<std::string> drawn(std::string_view body) {
 
 std::string fillOf(std::string_view body) {
     const Reading reading = readBody(body);
-    return reading.items.size() == 1 ? toText(std::get<Shape>(reading.page.items[0]).fill)
+    return reading.items.size() == 1 ? describe(std::get<Shape>(reading.page.items[0]).fill)
                                      : std::to_string(reading.items.size()) + " items";
 }
 

@@ -39,7 +39,7 @@ TEST(SvgNumbers, AreReadAsBrowsersDo) {
 TEST(SvgLengths, HaveUnits) {
     const Measures measures{300, 400, 10};
     const std::pair<const char*, double> rows[] = {
-        {"12", 12},     {" 1in ", 96},  {"72pt", 96},   {"6pc", 96},  {"2.54cm", 96},
+        {"12", 12},     {" 1in ", 96},  {"72pt", 96},    {"6pc", 96}, {"2.54cm", 96},
         {"25.4MM", 96}, {"101.6Q", 96}, {"-1.5em", -15}, {"2ex", 10}, {"10%", 30}};
     for (const auto& [text, pixels] : rows) {
         const auto length = parseLength(text, measures.fontSize);
@@ -83,9 +83,10 @@ TEST(SvgColors, HaveManyNotations) {
 }
 
 TEST(SvgColors, WrongOnesAreNone) {
-    for (const char* wrong : {"", "#", "#12", "#12345", "#1234567", "#123456789", "#ggg", "rgb(1,2)",
-                              "rgb(1,2,3,4,5)", "rgb(1,2,3", "rgb 1,2,3)", "cmyk(1,2,3)", "redd",
-                              "rgb(1px,2,3)", "rgb(1,2,3) 4)", "lightgoldenrodyellowish"})
+    for (const char* wrong :
+         {"", "#", "#12", "#12345", "#1234567", "#123456789", "#ggg", "rgb(1,2)", "rgb(1,2,3,4,5)",
+          "rgb(1,2,3", "rgb 1,2,3)", "cmyk(1,2,3)", "redd", "rgb(1px,2,3)", "rgb(1,2,3) 4)",
+          "lightgoldenrodyellowish"})
         EXPECT_FALSE(parseColor(wrong)) << wrong;
 }
 
@@ -108,9 +109,9 @@ TEST(SvgTransforms, ApplyTheRightmostFunctionFirst) {
         EXPECT_NEAR(map->apply({10, 20}).x, expected.x, 1e-9) << text;
         EXPECT_NEAR(map->apply({10, 20}).y, expected.y, 1e-9) << text;
     }
-    for (const char* wrong : {"scale", "scale()", "scale(1,2,3)", "rotate(1,2)", "matrix(1,2,3,4,5)",
-                              "translate(1", "spin(4)", "translate(1) junk", "scale(1e400)",
-                              "translate(1em)", "matrix(1,2,3,4,5,6,7)"})
+    for (const char* wrong : {"scale", "scale()", "scale(1,2,3)", "rotate(1,2)",
+                              "matrix(1,2,3,4,5)", "translate(1", "spin(4)", "translate(1) junk",
+                              "scale(1e400)", "translate(1em)", "matrix(1,2,3,4,5,6,7)"})
         EXPECT_FALSE(parseTransform(wrong)) << wrong;
 }
 
