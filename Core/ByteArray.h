@@ -29,8 +29,8 @@ public:
     const std::uint8_t& operator[](std::size_t index) const { return bytes_[index]; }
     [[nodiscard]] std::span<const std::uint8_t> span() const { return bytes_; }
     [[nodiscard]] std::string_view view() const { return {chars(), size()}; }
-    auto begin() const { return bytes_.begin(); }
-    auto end() const { return bytes_.end(); }
+    [[nodiscard]] auto begin() const { return bytes_.begin(); }
+    [[nodiscard]] auto end() const { return bytes_.end(); }
 
     void resize(std::size_t size) { bytes_.resize(size); }
     void append(const void* data, std::size_t size) {

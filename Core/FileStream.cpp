@@ -14,7 +14,7 @@ namespace Core::IO {
 
 namespace {
 
-constexpr std::size_t kBufferSize = 64 * 1024;
+constexpr std::size_t kBufferSize = std::size_t{64} * 1024;
 constexpr mode_t kSharedMode = 0666;  // less the process's umask
 constexpr mode_t kPrivateMode = 0600;
 

@@ -11,8 +11,9 @@ namespace Core::IO {
 namespace {
 
 std::string temporaryFolder() {
-    const char* chosen = std::getenv("TMPDIR");
-    return chosen && *chosen ? chosen : "/tmp";
+    // Only a process that changes its environment while it opens documents could be harmed.
+    const char* chosen = std::getenv("TMPDIR");  // NOLINT(concurrency-mt-unsafe)
+    return chosen && *chosen != '\0' ? chosen : "/tmp";
 }
 
 std::string randomHexadecimal() {

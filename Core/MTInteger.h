@@ -8,7 +8,7 @@ namespace Core::Threading {
 /// An integer that several threads may count up at once.
 class MTInteger {
 public:
-    constexpr explicit MTInteger(std::uint32_t value = 0) : value_(value) {}
+    constexpr explicit MTInteger(std::uint32_t value = 0) noexcept : value_(value) {}
 
     /// Adds 1; the value after the addition, which no other call returns.
     std::uint32_t increment() { return value_.fetch_add(1, std::memory_order_relaxed) + 1; }

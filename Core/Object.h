@@ -22,17 +22,17 @@ public:
     /// to hand the object back to a pool instead.
     virtual void OnFinalRelease();
 
-    void AddRef() const noexcept { references_.fetch_add(1, std::memory_order_relaxed); }
-    void Release() const {
+    void AddRef() noexcept { references_.fetch_add(1, std::memory_order_relaxed); }
+    void Release() {
         if (references_.fetch_sub(1, std::memory_order_acq_rel) == 1)
-            const_cast<Object*>(this)->OnFinalRelease();
+            OnFinalRelease();
     }
     [[nodiscard]] int getReferenceCount() const noexcept {
         return references_.load(std::memory_order_relaxed);
     }
 
 private:
-    mutable std::atomic<int> references_{0};
+    std::atomic<int> references_{0};
 };
 
 }  // namespace Core

@@ -63,7 +63,7 @@ private:
         if (object_)
             object_->Release();
     }
-    T* checked() const {
+    [[nodiscard]] T* checked() const {
         if (!object_) [[unlikely]]
             throwNullPointer();
         return object_;

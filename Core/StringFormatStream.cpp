@@ -74,13 +74,13 @@ StringFormatStream& StringFormatStream::operator<<(const String& text) {
 }
 
 void StringFormatStream::appendDigits(std::u16string_view form, const Argument& argument,
-                                      std::u16string& out) const {
+                                      std::u16string& out) {
     if (!argument.isInteger)
         refuse("digits asked for of an argument that is no integer");
     const auto bits = argument.isNegative ? static_cast<std::uint32_t>(argument.value)
                                           : static_cast<std::uint64_t>(argument.value);
     const unsigned shift = form[0] == u'X' ? 4 : 3;
-    const auto width = static_cast<std::size_t>((form[1] - u'0') * 10 + (form[2] - u'0'));
+    const std::size_t width = std::size_t{form[1]} * 10 + form[2] - std::size_t{u'0'} * 11;
     std::u16string digits;
     for (std::uint64_t rest = bits; rest != 0; rest >>= shift)
         digits.insert(digits.begin(), u"0123456789ABCDEF"[rest & ((1U << shift) - 1)]);

@@ -59,8 +59,8 @@ private:
     void add(std::u16string_view text, Argument argument);
     void add(std::string_view ascii, Argument argument);
     std::size_t fillPlace(std::size_t at, std::u16string& out) const;
-    void appendDigits(std::u16string_view form, const Argument& argument,
-                      std::u16string& out) const;
+    static void appendDigits(std::u16string_view form, const Argument& argument,
+                             std::u16string& out);
 
     std::u16string_view pattern_;
     std::u16string texts_;

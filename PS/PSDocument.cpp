@@ -73,16 +73,14 @@ void PSDocument::draw3DObject(Core::SmartPtr<Object3D> /*object*/, float /*x*/, 
     throw Core::UnreacheableCodeException("PSDocument", 1591);
 }
 
-void PSDocument::write(const Core::SmartPtr<Core::IO::Stream>& stream,
-                       const Core::String& text) const {
+void PSDocument::write(const Core::SmartPtr<Core::IO::Stream>& stream, const Core::String& text) {
     if (text.isEmpty())
         return;
     const Core::ByteArray bytes = Core::Encoder::convertStringToMultibyte(text);
     stream->write(bytes, 0, bytes.size());
 }
 
-void PSDocument::writeLn(const Core::SmartPtr<Core::IO::Stream>& stream,
-                         const Core::String& text) const {
+void PSDocument::writeLn(const Core::SmartPtr<Core::IO::Stream>& stream, const Core::String& text) {
     write(stream, text);
     stream->write("\n");
 }

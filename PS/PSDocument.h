@@ -47,11 +47,11 @@ namespace Drawing::PS {
 class PS_API PSDocument : public IOutputContext {
 public:
     /// A document that `endDocument` writes to `output`, which it holds a reference to; null can
-    /// be made good by `setOutputStream`. `kerning` adds the procedures that show kerned text.
-    PSDocument(Core::IO::Stream* output, bool kerning);
+    /// be made good by `setOutputStream`. `kernText` adds the procedures that show kerned text.
+    PSDocument(Core::IO::Stream* output, bool kernText);
     /// A context of the given size that draws straight into `stream`: no temporary file, no
     /// output stream, a graphics state from the start.
-    PSDocument(Core::IO::Stream* stream, SizeF size, bool kerning);
+    PSDocument(Core::IO::Stream* stream, SizeF size, bool kernText);
     PSDocument(const PSDocument& other);
     PSDocument& operator=(const PSDocument& other);
     ~PSDocument() override;
@@ -125,9 +125,9 @@ protected:
     void writeClip() override;
 
     /// Writes `text` in the multibyte code page, without a line end.
-    void write(const Core::SmartPtr<Core::IO::Stream>& stream, const Core::String& text) const;
+    static void write(const Core::SmartPtr<Core::IO::Stream>& stream, const Core::String& text);
     /// The same and a line feed, on every platform.
-    void writeLn(const Core::SmartPtr<Core::IO::Stream>& stream, const Core::String& text) const;
+    static void writeLn(const Core::SmartPtr<Core::IO::Stream>& stream, const Core::String& text);
 
     void beginState();
     void endState();
@@ -158,8 +158,8 @@ protected:
     void writeGradientFill(const Core::SmartPtr<Core::IO::Stream>& stream,
                            const Core::Vector<StopPoint>& stops, std::uint64_t shadingType,
                            const Core::String& coords) const;
-    /// Defines one tile; `pattern` is a `PSPatternBrush`.
-    void writePatternBrush(const Core::SmartPtr<IOutputContext>& pattern);
+    /// Defines one tile; `context` is a `PSPatternBrush`.
+    void writePatternBrush(const Core::SmartPtr<IOutputContext>& context);
     /// Writes what this nested context refers to (fonts, images, gradients) to `stream`, the
     /// stream of the document that is being assembled.
     void writeContextResources(const Core::SmartPtr<Core::IO::Stream>& stream);

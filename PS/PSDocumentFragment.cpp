@@ -13,7 +13,7 @@ namespace Drawing::PS {
 namespace {
 
 /// Counts the fragments of the process, whatever their document.
-Core::Threading::MTInteger fragmentCounter;
+constinit Core::Threading::MTInteger fragmentCounter;
 
 }  // namespace
 

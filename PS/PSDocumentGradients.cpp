@@ -17,7 +17,7 @@ using Core::StringFormatStream;
 namespace {
 
 /// Counts the gradients of the process, whatever their document.
-Core::Threading::MTInteger gradientCounter;
+constinit Core::Threading::MTInteger gradientCounter;
 
 /// A radial gradient runs between two circles around one centre.
 String formatCoords(const GradientBrush& brush) {

@@ -16,8 +16,8 @@ public:
     static constexpr std::uint64_t kAxial = 2;
     static constexpr std::uint64_t kRadial = 3;
 
-    /// `coords` is the shading's /Coords array as text; `shadingType` is `kAxial` or `kRadial`.
-    PSGradient(Core::String coords, std::uint64_t shadingType, Core::Vector<StopPoint> stops);
+    /// `coordsText` is the shading's /Coords array; `type` is `kAxial` or `kRadial`.
+    PSGradient(Core::String coordsText, std::uint64_t type, Core::Vector<StopPoint> stopPoints);
     ~PSGradient() override;
 
     /// Empty until the gradient is registered with a document.

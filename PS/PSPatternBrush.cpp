@@ -16,7 +16,7 @@ using Core::StringFormatStream;
 namespace {
 
 /// Counts the patterns of the process, whatever their document.
-Core::Threading::MTInteger patternCounter;
+constinit Core::Threading::MTInteger patternCounter;
 
 }  // namespace
 

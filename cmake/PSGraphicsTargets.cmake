@@ -12,11 +12,13 @@ function(psgraphics_configure target)
   target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
                          $<$<BOOL:${PSGRAPHICS_STRICT}>:-Werror>)
-  # g++ 12 reports overlaps and overflows inside its own <string> for `"literal" + text` once it optimises
-  # (GCC bug 105651, fixed in 13).
+  # g++ 12 reports overlaps and overflows inside its own <string> for `"literal" + text` once it
+  # optimises (GCC bug 105651, fixed in 13), and with sanitizers takes members of its own <regex>
+  # for uninitialised.
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     target_compile_options(${target} PRIVATE -Wno-restrict -Wno-array-bounds
-                           -Wno-stringop-overflow -Wno-stringop-overread)
+                           -Wno-stringop-overflow -Wno-stringop-overread
+                           $<$<CONFIG:None>:-Wno-maybe-uninitialized>)
   endif()
 endfunction()
 

@@ -11,7 +11,7 @@ namespace Drawing::PS {
 namespace {
 
 /// Counts the font resources of the process, whatever their document.
-Core::Threading::MTInteger resourceCounter;
+constinit Core::Threading::MTInteger resourceCounter;
 
 }  // namespace
 

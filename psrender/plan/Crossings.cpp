@@ -2,90 +2,98 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <utility>
+#include <vector>
 
 namespace psrender::plan {
 
 namespace {
 
-constexpr std::int64_t kMostPairs = 500'000;
+using ClipperLib::IntPoint;
+
 constexpr std::int64_t kMostComparisons = 50'000'000;
+constexpr std::int64_t kMostPairs = 500'000;
+/// Each pair of edges on one line makes Clipper walk around a polygon once: pairs times edges.
+constexpr std::int64_t kMostJoining = 100'000'000;
 
-struct Interval {
-    double low, high;
+struct Edge {
+    IntPoint from, to;
+    std::int64_t index;  ///< neighbours on a polygon have neighbouring ones, but for the last
 
-    [[nodiscard]] bool meets(const Interval& other) const {
-        return low <= other.high && other.low <= high;
+    [[nodiscard]] auto left() const { return std::min(from.X, to.X); }
+    [[nodiscard]] auto right() const { return std::max(from.X, to.X); }
+    [[nodiscard]] auto top() const { return std::min(from.Y, to.Y); }
+    [[nodiscard]] auto bottom() const { return std::max(from.Y, to.Y); }
+
+    /// Twice the area between this edge and `p`: 0 if it lies on the same line.
+    [[nodiscard]] auto areaTo(IntPoint p) const {
+        return (to.X - from.X) * (p.Y - from.Y) - (to.Y - from.Y) * (p.X - from.X);
     }
 };
 
-/// The box of one edge: its extent along the sweep and across it.
-struct Box {
-    Interval along, across;
-};
-
-Interval between(double a, double b) {
-    return {std::min(a, b), std::max(a, b)};
+IntPoint onItsSide(IntPoint p) {
+    return {p.Y, p.X};
 }
 
-std::vector<Box> edgeBoxes(const std::vector<Polyline>& polygons, Sweep sweep) {
-    std::vector<Box> boxes;
-    for (const Polyline& polygon : polygons)
-        for (std::size_t i = 0; i < polygon.points.size(); ++i) {
-            const scene::Point a = polygon.points[i];
-            const scene::Point b = polygon.points[(i + 1) % polygon.points.size()];
-            boxes.push_back({between(a.y, b.y), between(a.x, b.x)});
+std::vector<Edge> edgesOf(const ClipperLib::Paths& polygons, Sweep sweep) {
+    std::vector<Edge> edges;
+    for (const auto& polygon : polygons)
+        for (std::size_t i = 0; i < polygon.size(); ++i) {
+            Edge edge{polygon[i], polygon[(i + 1) % polygon.size()],
+                      static_cast<std::int64_t>(edges.size())};
             if (sweep == Sweep::sideways)
-                std::swap(boxes.back().along, boxes.back().across);
+                edge = {onItsSide(edge.from), onItsSide(edge.to), edge.index};
+            edges.push_back(edge);
         }
-    return boxes;
+    std::ranges::sort(edges, {}, &Edge::top);
+    return edges;
 }
 
 /// How many pairs of edges are on the sweep's line together. Each edge meets those that began
 /// before it and have not ended.
-std::int64_t comparisons(const std::vector<Box>& boxes) {
-    std::vector<double> lows;
-    std::vector<double> highs;
-    for (const Box& box : boxes) {
-        lows.push_back(box.along.low);
-        highs.push_back(box.along.high);
-    }
-    std::ranges::sort(lows);
-    std::ranges::sort(highs);
+std::int64_t comparisons(const std::vector<Edge>& edges) {
+    std::vector<ClipperLib::cInt> ends;
+    for (const Edge& edge : edges)
+        ends.push_back(edge.bottom());
+    std::ranges::sort(ends);
     std::int64_t count = 0;
-    auto ended = highs.begin();
-    for (auto low = lows.begin(); low != lows.end(); ++low) {
-        while (*ended < *low)
+    std::int64_t begun = 0;
+    std::int64_t ended = 0;
+    for (const Edge& edge : edges) {
+        while (ends[static_cast<std::size_t>(ended)] < edge.top())
             ++ended;
-        count += (low - lows.begin()) - (ended - highs.begin());
+        count += begun++ - ended;
     }
     return count;
 }
 
-/// Neighbours on an outline always touch and are part of the count: two to an edge at most.
-bool hasTooManyCrossings(std::vector<Box> boxes) {
-    std::ranges::sort(boxes, {}, [](const Box& box) { return box.along.low; });
-    const std::int64_t most = kMostPairs + 2 * static_cast<std::int64_t>(boxes.size());
-    std::int64_t pairs = 0;
-    for (auto box = boxes.begin(); box != boxes.end() && pairs <= most; ++box)
-        for (auto other = box + 1; other != boxes.end() && other->along.low <= box->along.high;
-             ++other)
-            pairs += box->across.meets(other->across) ? 1 : 0;
-    return pairs > most;
+bool hasTooManyCrossings(const std::vector<Edge>& edges) {
+    std::int64_t close = 0;
+    std::int64_t onOneLine = 0;
+    for (auto edge = edges.begin(); edge != edges.end() && close <= kMostPairs; ++edge)
+        for (auto other = edge + 1; other != edges.end() && other->top() <= edge->bottom();
+             ++other) {
+            if (other->left() > edge->right() || edge->left() > other->right() ||
+                std::abs(edge->index - other->index) == 1)
+                continue;
+            ++close;
+            if (edge->areaTo(other->from) == 0 && edge->areaTo(other->to) == 0)
+                ++onOneLine;
+        }
+    const auto count = static_cast<std::int64_t>(edges.size());
+    return close > kMostPairs || onOneLine * count > kMostJoining;
 }
 
 }  // namespace
 
-Sweep chooseSweep(const std::vector<Polyline>& polygons) {
-    const std::vector<Box> down = edgeBoxes(polygons, Sweep::downwards);
-    const std::vector<Box> side = edgeBoxes(polygons, Sweep::sideways);
-    if (down.size() > kMostEdges)
-        return Sweep::tooLong;
+Sweep chooseSweep(const ClipperLib::Paths& polygons) {
+    const std::vector<Edge> down = edgesOf(polygons, Sweep::downwards);
+    const std::vector<Edge> side = edgesOf(polygons, Sweep::sideways);
     const auto downComparisons = comparisons(down);
     const auto sideComparisons = comparisons(side);
-    if (std::min(downComparisons, sideComparisons) > kMostComparisons)
-        return Sweep::tooLong;
     const bool isDown = downComparisons <= sideComparisons;
-    if (hasTooManyCrossings(isDown ? down : side))
+    if (std::min(downComparisons, sideComparisons) > kMostComparisons ||
+        hasTooManyCrossings(isDown ? down : side))
         return Sweep::tooLong;
     return isDown ? Sweep::downwards : Sweep::sideways;
 }

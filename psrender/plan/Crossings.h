@@ -1,8 +1,8 @@
 #pragma once
 
-#include "psrender/plan/Polyline.h"
+#include <polyclipping/clipper.hpp>
 
-#include <vector>
+#include <cstddef>
 
 namespace psrender::plan {
 
@@ -14,11 +14,11 @@ enum class Sweep {
     tooLong,  ///< either way it would take many seconds or gigabytes
 };
 
-/// `tooLong` from a million edges, 50 million pairs of edges on the sweep's line, or half a
-/// million pairs that come close to each other on the page.
-Sweep chooseSweep(const std::vector<Polyline>& polygons);
-
-/// No outline with more edges than this is cut.
+/// Polygons with more edges than this are not cut.
 inline constexpr std::size_t kMostEdges = 1'000'000;
+
+/// `tooLong` from 50 million pairs of edges on the sweep's line, from half a million pairs that
+/// come close to each other on the page, and where many edges run on top of each other.
+Sweep chooseSweep(const ClipperLib::Paths& polygons);
 
 }  // namespace psrender::plan

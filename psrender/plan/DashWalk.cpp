@@ -7,15 +7,24 @@
 
 namespace psrender::plan {
 
-DashWalk::DashWalk(const scene::StrokeStyle& style)
-    : style_(style), period_(std::accumulate(style.dashes.begin(), style.dashes.end(), 0.0)) {
+namespace {
+
+constexpr double kFinestPeriod = 0.01;  // points
+
+double periodOf(const scene::StrokeStyle& style) {
+    return std::accumulate(style.dashes.begin(), style.dashes.end(), 0.0);
+}
+
+}  // namespace
+
+DashWalk::DashWalk(const scene::StrokeStyle& style) : style_(style), period_(periodOf(style)) {
     restart();
 }
 
-bool DashWalk::isInDash() const {
+bool DashWalk::isDashAt(double position) const {
     if (!(period_ > 0))
         return true;
-    double rest = std::fmod(position_, period_);
+    double rest = std::fmod(position, period_);
     if (rest < 0)
         rest += period_;
     bool dash = true;
@@ -26,6 +35,15 @@ bool DashWalk::isInDash() const {
         dash = !dash;
     }
     return false;
+}
+
+void removeFineDashes(scene::Shape& shape, Warnings& warnings) {
+    auto& dashes = shape.strokeStyle.dashes;
+    if (dashes.empty() || periodOf(shape.strokeStyle) * shape.transform.meanScale() > kFinestPeriod)
+        return;
+    dashes.clear();
+    if (shape.stroke.kind != scene::Paint::Kind::none)
+        warnings.add("a line with dashes too fine to be seen is drawn solid");
 }
 
 double lengthOfCubic(scene::Point p0, scene::Point p1, scene::Point p2, scene::Point p3) {

@@ -32,18 +32,21 @@ constexpr double kUnits = 1000;
 /// Points times subpaths up to which subpaths are turned: about a second.
 constexpr std::size_t kMostPointTests = 500'000'000;
 
-/// Clipper sweeps downwards; for a sweep sideways the polygons lie on their side.
-Paths toPaths(const std::vector<Polyline>& lines, Sweep sweep) {
+Paths toPaths(const std::vector<Polyline>& lines) {
     Paths paths;
     for (const Polyline& line : lines) {
         auto& path = paths.emplace_back();
-        for (const Point& p : line.points) {
+        for (const Point& p : line.points)
             path.emplace_back(std::llround(p.x * kUnits), std::llround(p.y * kUnits));
-            if (sweep == Sweep::sideways)
-                std::swap(path.back().X, path.back().Y);
-        }
     }
     return paths;
+}
+
+/// Clipper sweeps downwards; for a sweep sideways the polygons lie on their side.
+void layOnSide(Paths& paths) {
+    for (auto& path : paths)
+        for (IntPoint& p : path)
+            std::swap(p.X, p.Y);
 }
 
 /// Nothing if Clipper gives up.
@@ -172,25 +175,12 @@ Outline turnedOutline(const Outline& outline, const std::vector<bool>& turns) {
     return result;
 }
 
-Affine inverse(const Affine& m) {
-    const double d = m.determinant();
-    return {m.d / d,
-            -m.b / d,
-            -m.c / d,
-            m.a / d,
-            (m.c * m.f - m.d * m.e) / d,
-            (m.b * m.e - m.a * m.f) / d};
-}
-
-Outline polygonOutline(const Paths& paths, Sweep sweep, const Affine& fromPage) {
+Outline polygonOutline(const Paths& paths, const Affine& fromPage) {
     Outline outline;
     for (const auto& path : paths) {
         for (std::size_t i = 0; i < path.size(); ++i) {
-            Point p{static_cast<double>(path[i].X) / kUnits,
-                    static_cast<double>(path[i].Y) / kUnits};
-            if (sweep == Sweep::sideways)
-                std::swap(p.x, p.y);
-            p = fromPage.apply(p);
+            const Point p = fromPage.apply(
+                {static_cast<double>(path[i].X) / kUnits, static_cast<double>(path[i].Y) / kUnits});
             i == 0 ? outline.moveTo(p) : outline.lineTo(p);
         }
         outline.close();
@@ -209,12 +199,13 @@ std::optional<Outline> nonZeroOutline(const Outline& outline, const Affine& toPa
                                       Warnings& warnings) {
     if (countChords(outline, toPage, kTolerance) > kMostEdges)
         return giveUp(warnings);
-    const std::vector<Polyline> lines = flatten(outline, toPage, kTolerance);
-    const Sweep sweep = chooseSweep(lines);
+    Paths paths = toPaths(flatten(outline, toPage, kTolerance));
+    const Sweep sweep = chooseSweep(paths);
     if (sweep == Sweep::tooLong)
         return giveUp(warnings);
-    const Paths paths = toPaths(lines, sweep);
-    const auto evenOdd = interior(paths, ClipperLib::pftEvenOdd);
+    if (sweep == Sweep::sideways)
+        layOnSide(paths);
+    auto evenOdd = interior(paths, ClipperLib::pftEvenOdd);
     if (!evenOdd)
         return giveUp(warnings);
     const double area = areaOf(*evenOdd);
@@ -225,7 +216,9 @@ std::optional<Outline> nonZeroOutline(const Outline& outline, const Affine& toPa
         if (isRight(turned(paths, turns), area))
             return turnedOutline(outline, turns);
     }
-    return polygonOutline(*evenOdd, sweep, inverse(toPage));
+    if (sweep == Sweep::sideways)
+        layOnSide(*evenOdd);
+    return polygonOutline(*evenOdd, toPage.inverse());
 }
 
 }  // namespace psrender::plan

@@ -44,7 +44,7 @@ Direction firstOf(std::initializer_list<Direction> candidates) {
 class JoinCollector {
 public:
     JoinCollector(const scene::StrokeStyle& style, double scale)
-        : style_(style), radius_(style.width / 2 * scale), walk_(style) {}
+        : radius_(style.width / 2 * scale), walk_(style) {}
 
     void move(Point /*p*/) {
         hasFirst_ = false;
@@ -62,10 +62,10 @@ public:
         if (!out.isNull())
             step(from, out, in, lengthOfCubic(from, c1, c2, to));
     }
-    /// A dashed line begins anew at its start, so there is a join only in a solid one.
+    /// A dash that reaches the start is joined to the one that begins there.
     void close(Point from, Point start) {
         line(from, start);
-        if (hasFirst_ && style_.dashes.empty())
+        if (hasFirst_ && startsWithDash_ && walk_.isDashBehind())
             consider(start, arriving_, leavingFirst_);
         hasFirst_ = false;
         arriving_ = {};
@@ -76,10 +76,12 @@ public:
 
 private:
     void step(Point from, Direction leaving, Direction arriving, double length) {
-        if (hasFirst_ && walk_.isInDash())
+        if (hasFirst_ && walk_.isDashBehind() && walk_.isDashAhead())
             consider(from, arriving_, leaving);
-        if (!hasFirst_)
+        if (!hasFirst_) {
             leavingFirst_ = leaving;
+            startsWithDash_ = walk_.isDashAhead();
+        }
         hasFirst_ = true;
         arriving_ = arriving;
         walk_.advance(length);
@@ -93,10 +95,10 @@ private:
             joins.push_back(at);
     }
 
-    const scene::StrokeStyle& style_;
     double radius_;  ///< on the page, points
     DashWalk walk_;
     bool hasFirst_ = false;
+    bool startsWithDash_ = false;
     Direction leavingFirst_;
     Direction arriving_;
 };

@@ -1,5 +1,6 @@
 #include "psrender/plan/Planner.h"
 
+#include "psrender/plan/DashWalk.h"
 #include "psrender/plan/FillRule.h"
 #include "psrender/plan/Joins.h"
 #include "psrender/plan/Opacity.h"
@@ -33,8 +34,9 @@ public:
         shape.stroke = opacity_.overWhite(shape.stroke);
         if (!isPainted(shape.fill) && !isPainted(shape.stroke))
             return;
-        if (isInRange(shape, warnings_))
-            place(std::move(shape));
+        removeFineDashes(shape, warnings_);
+        for (Shape& part : bringInRange(shape, warnings_))
+            place(std::move(part));
     }
 
     std::vector<scene::Item> takeItems() { return std::move(items_); }

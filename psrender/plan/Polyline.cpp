@@ -92,6 +92,18 @@ std::vector<Polyline> flatten(const scene::Outline& outline, const scene::Affine
     return flattener.take();
 }
 
+scene::Outline toOutline(const std::vector<Polyline>& lines) {
+    scene::Outline outline;
+    for (const Polyline& line : lines) {
+        outline.moveTo(line.points.front());
+        for (std::size_t i = 1; i < line.points.size(); ++i)
+            outline.lineTo(line.points[i]);
+        if (line.closed)
+            outline.close();
+    }
+    return outline;
+}
+
 std::size_t countChords(const scene::Outline& outline, const scene::Affine& map, double tolerance) {
     ChordCounter counter(map, tolerance);
     visit(outline, counter);

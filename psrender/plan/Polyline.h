@@ -18,6 +18,9 @@ struct Polyline {
 std::vector<Polyline> flatten(const scene::Outline& outline, const scene::Affine& map,
                               double tolerance);
 
+/// The subpaths as an outline again.
+scene::Outline toOutline(const std::vector<Polyline>& lines);
+
 /// How many lines and chords that makes.
 std::size_t countChords(const scene::Outline& outline, const scene::Affine& map, double tolerance);
 

@@ -3,14 +3,15 @@
 #include "psrender/Warnings.h"
 #include "psrender/scene/DisplayList.h"
 
+#include <vector>
+
 namespace psrender::plan {
 
-/// Whether `shape` can be written in 32-bit floats and lies where an interpreter can reach it:
-/// within a million points of the page's corner. If not, it is counted in `warnings`. A shape
-/// that shows nothing, as its transform is flat, is out of range without a warning.
+/// `shape` as 32-bit floats and an interpreter's range can take it; nothing if it shows nothing.
 ///
-/// Coordinates that are large against what is drawn, as on maps, are moved next to the origin:
-/// the outline is replaced by one that keeps its precision in floats.
-bool isInRange(scene::Shape& shape, Warnings& warnings);
+/// A shape that leaves the range is cut there, fill and stroke apart. One with numbers that cannot
+/// be written is left out and counted in `warnings`. Coordinates that are large against what is
+/// drawn, as on maps, are moved next to the origin, where floats keep their precision.
+std::vector<scene::Shape> bringInRange(const scene::Shape& shape, Warnings& warnings);
 
 }  // namespace psrender::plan

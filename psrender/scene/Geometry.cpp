@@ -25,6 +25,12 @@ double Affine::meanScale() const {
     return std::sqrt(std::abs(determinant()));
 }
 
+Affine Affine::inverse() const {
+    const double size = determinant();
+    return {
+        d / size, -b / size, -c / size, a / size, (c * f - d * e) / size, (b * e - a * f) / size};
+}
+
 bool Affine::isFinite() const {
     return std::isfinite(a) && std::isfinite(b) && std::isfinite(c) && std::isfinite(d) &&
            std::isfinite(e) && std::isfinite(f);

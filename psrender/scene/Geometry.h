@@ -41,6 +41,8 @@ struct Affine {
     [[nodiscard]] double determinant() const { return a * d - b * c; }
     /// The factor by which the map enlarges lengths on average: sqrt |determinant|.
     [[nodiscard]] double meanScale() const;
+    /// The map back; the determinant must not be 0.
+    [[nodiscard]] Affine inverse() const;
     /// Whether every coefficient is finite.
     [[nodiscard]] bool isFinite() const;
 

@@ -205,7 +205,8 @@ TEST(Range, KeepsPrecisionAndDropsTheUnreachable) {
     Shape flat = shape(polygon({square(0, 1)}), solid(1));
     flat.transform = Affine::scaling(1, 0);
     EXPECT_TRUE(planned({far, infinite, flat}, &warnings).empty());
-    EXPECT_THAT(warnings.sentences(), testing::ElementsAre(testing::HasSubstr("(2 times)")));
+    EXPECT_THAT(warnings.sentences(), testing::ElementsAre(testing::HasSubstr("beyond all bounds")))
+        << "the far one is cut to nothing, the flat one shows nothing";
 }
 
 }  // namespace
