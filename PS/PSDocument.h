@@ -94,7 +94,7 @@ public:
 
     Core::SmartPtr<IOutputContext> createDocumentFragment(float width, float height) override;
     /// Anything but a fragment is ignored.
-    void drawDocumentFragment(Core::SmartPtr<IOutputContext> fragment) override;
+    void drawDocumentFragment(Core::SmartPtr<IOutputContext> context) override;
     [[nodiscard]] bool isFragmentOf(Core::SmartPtr<IOutputContext> context) const override;
     Core::SmartPtr<IOutputContext> createPatternOutputContext(float width, float height) override;
 
@@ -152,12 +152,12 @@ protected:
 
     /// Whether this very object is registered.
     [[nodiscard]] bool hasGradientFill(const Core::SmartPtr<PSGradient>& gradient) const;
-    void writeFunctionType2(const Core::SmartPtr<Core::IO::Stream>& stream,
-                            const Core::String& name, const Core::SmartPtr<Color>& from,
-                            const Core::SmartPtr<Color>& to) const;
-    void writeGradientFill(const Core::SmartPtr<Core::IO::Stream>& stream,
-                           const Core::Vector<StopPoint>& stops, std::uint64_t shadingType,
-                           const Core::String& coords) const;
+    static void writeFunctionType2(const Core::SmartPtr<Core::IO::Stream>& stream,
+                                   const Core::String& name, const Core::SmartPtr<Color>& from,
+                                   const Core::SmartPtr<Color>& to);
+    static void writeGradientFill(const Core::SmartPtr<Core::IO::Stream>& stream,
+                                  const Core::Vector<StopPoint>& stops, std::uint64_t shadingType,
+                                  const Core::String& coords);
     /// Defines one tile; `context` is a `PSPatternBrush`.
     void writePatternBrush(const Core::SmartPtr<IOutputContext>& context);
     /// Writes what this nested context refers to (fonts, images, gradients) to `stream`, the
@@ -206,8 +206,8 @@ private:
     void writeFragment(const Core::SmartPtr<IOutputContext>& context);
     void writeFonts(const Core::SmartPtr<Core::IO::Stream>& stream);
     void writeGradients(const Core::SmartPtr<Core::IO::Stream>& stream) const;
-    void writeGradient(const Core::SmartPtr<Core::IO::Stream>& stream,
-                       const PSGradient& gradient) const;
+    static void writeGradient(const Core::SmartPtr<Core::IO::Stream>& stream,
+                              const PSGradient& gradient);
 
     void writePageSize();
     void writePrintingOptions();

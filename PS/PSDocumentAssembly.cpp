@@ -99,7 +99,7 @@ void PSDocument::writeGradients(const Core::SmartPtr<Core::IO::Stream>& stream) 
 /// A constant function before the first stop, one for each pair of neighbours, a constant one
 /// behind the last; then the procedure that builds the shading when a page asks for it.
 void PSDocument::writeGradient(const Core::SmartPtr<Core::IO::Stream>& stream,
-                               const PSGradient& gradient) const {
+                               const PSGradient& gradient) {
     const Core::Vector<StopPoint> stops = gradient.getStops();
     if (stops.empty())
         return;

@@ -71,7 +71,7 @@ void PSDocument::writeGradientBrush(const GradientBrush& brush) {
 
 void PSDocument::writeFunctionType2(const Core::SmartPtr<Core::IO::Stream>& stream,
                                     const String& name, const Core::SmartPtr<Color>& from,
-                                    const Core::SmartPtr<Color>& to) const {
+                                    const Core::SmartPtr<Color>& to) {
     write(stream, StringFormatStream(u"/{0} 7 dict def {0}") << name);
     write(stream, u" begin\n/FunctionType 2 def\n/Domain [0 1] def\n");
     write(stream, StringFormatStream(u"/C0 {0} def\n/C1 {1} def\n")
@@ -81,7 +81,7 @@ void PSDocument::writeFunctionType2(const Core::SmartPtr<Core::IO::Stream>& stre
 
 void PSDocument::writeGradientFill(const Core::SmartPtr<Core::IO::Stream>& stream,
                                    const Core::Vector<StopPoint>& stops, std::uint64_t shadingType,
-                                   const String& coords) const {
+                                   const String& coords) {
     const String space = colorSpaceName(stops.at(0).color->getColorType());
     write(stream, u"<<\n/PatternType 2\n/Shading <<\n");
     write(stream, StringFormatStream(u"/ShadingType {0}\n/ColorSpace {1}\n/Coords {2}\n")

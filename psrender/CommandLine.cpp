@@ -2,6 +2,11 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <string>
+
 #include <array>
 #include <cstdio>
 
@@ -22,8 +27,11 @@ constexpr const char* kExamples = R"(Examples:
   psrender *.svg -o book.ps --keep-going --preview book
       skips bad drawings and renders book-1.png, book-2.png ...
 
-Exit codes: 0 done, 1 failed and nothing written, 2 wrong command line,
-3 done but pages were skipped (--keep-going).)";
+Pages are from 1 to 14400 points wide and high. With --paper, what does not fit
+is cut off unless --fit is given.
+
+Exit codes: 0 done, 1 failed and nothing written (but for a failed preview),
+2 wrong command line, 3 done but pages were skipped (--keep-going).)";
 
 /// The printing options as they were given; any of them asks for a page device.
 struct Printing {
@@ -131,8 +139,10 @@ private:
         app_.add_flag("--landscape", request_.frame.landscape, "turn the paper")
             ->needs(paper)
             ->group("Page");
-        app_.add_option("--margin", margin_,
-                        "on all sides, with a unit; default 10mm with --fit, else 0")
+        app_.add_option(
+                "--margin", margin_,
+                "on all sides, with a unit; default 10mm with --fit, else 0; without --paper "
+                "the page grows by it")
             ->type_name("LENGTH")
             ->check(check(
                 [](const std::string& text) {

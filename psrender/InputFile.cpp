@@ -1,5 +1,6 @@
 #include "psrender/InputFile.h"
 
+#include "psrender/Descriptor.h"
 #include "psrender/InputError.h"
 
 #include <fcntl.h>
@@ -12,23 +13,6 @@
 namespace psrender {
 
 namespace {
-
-/// An open file that closes itself; standard input stays open.
-class Descriptor {
-public:
-    explicit Descriptor(const std::string& name)
-        : number_(name == "-" ? STDIN_FILENO : ::open(name.c_str(), O_RDONLY | O_CLOEXEC)) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor() {
-        if (number_ > STDIN_FILENO)
-            ::close(number_);
-    }
-    [[nodiscard]] int number() const { return number_; }
-
-private:
-    int number_;
-};
 
 [[noreturn]] void refuse(const std::string& name, const std::string& sentence) {
     throw InputError({name == "-" ? kStandardInput : name}, sentence);
@@ -44,7 +28,7 @@ private:
 }  // namespace
 
 std::string readInput(const std::string& name) {
-    const Descriptor file(name);
+    const Descriptor file(name == "-" ? STDIN_FILENO : ::open(name.c_str(), O_RDONLY | O_CLOEXEC));
     if (file.number() < 0)
         failRead(name);
     std::string content;

@@ -15,7 +15,9 @@
 
 #include <chrono>
 #include <cstdio>
+#include <filesystem>
 #include <stdexcept>
+#include <system_error>
 
 namespace psrender {
 
@@ -23,11 +25,22 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
+/// `a.svg -o a.svg` is a slip that would cost the drawing.
+const std::string& outputOf(const JobRequest& request) {
+    std::error_code none;
+    for (const std::string& input : request.inputs)
+        if (std::filesystem::equivalent(input, request.output, none) &&
+            std::filesystem::is_regular_file(input, none))
+            throw InputError({input},
+                             "would be replaced by the output; choose another name for -o");
+    return request.output;
+}
+
 class Job {
 public:
     explicit Job(const JobRequest& request)
         : request_(request),
-          output_(request.output),
+          output_(outputOf(request)),
           document_(Core::makeObject<Drawing::PS::PSDocument>(output_.stream().get(), false)),
           progress_(request.inputs.size(), !request.quiet && ::isatty(STDERR_FILENO) == 1) {}
 
@@ -69,7 +82,7 @@ private:
         Warnings warnings;
         scene::Page page = svg::readSvg(readInput(input), name, warnings);
         try {
-            frame(page, request_.frame);
+            frame(page, request_.frame, warnings);
         } catch (const std::runtime_error& error) {
             throw InputError({name}, error.what());
         }

@@ -4,6 +4,7 @@
 #include "Core/FileStream.h"
 #include "psrender/InputFile.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -51,65 +52,68 @@ std::string resolved(const std::string& name) {
     throw Core::IOException(action, name, errno);
 }
 
-mode_t newFileMode() {
+mode_t modeFor(const std::string& target) {
+    struct stat status {};
+    if (::stat(target.c_str(), &status) == 0)
+        return status.st_mode & 07777;
     const mode_t mask = ::umask(0);
     ::umask(mask);
     return 0666 & ~mask;
 }
 
+std::string folderOf(const std::string& name) {
+    const auto slash = name.rfind('/');
+    return slash == std::string::npos ? "" : name.substr(0, slash + 1);
+}
+
 }  // namespace
 
-OutputFile::OutputFile(const std::string& name) : target_(name) {
-    if (name == "-") {
-        stream_ = Core::makeObject<FileStream>(STDOUT_FILENO, kStandardOutput);
-        return;
-    }
-    target_ = resolved(name);
-    struct stat status {};
-    const bool exists = ::stat(target_.c_str(), &status) == 0;
-    if (exists && S_ISDIR(status.st_mode)) {
-        errno = EISDIR;
-        fail("cannot write to", name);
-    }
-    if (exists && !S_ISREG(status.st_mode)) {
-        stream_ = Core::makeObject<FileStream>(target_, true, false, true);
-        return;
-    }
-    openBeside();
-    if (::chmod(temporary_.c_str(), exists ? status.st_mode & 07777 : newFileMode()) != 0)
-        fail("cannot set the permissions of", temporary_);
+OutputFile::Temporary::Temporary(const std::string& target)
+    : name_(folderOf(target) + ".psrender-XXXXXX"),
+      descriptor_(::mkostemp(name_.data(), O_CLOEXEC)) {
+    if (descriptor_ < 0)
+        fail("cannot make a file in the folder of", target);
+    removeWhenInterrupted(name_);
+    // A file system without permissions has none to lose.
+    static_cast<void>(::fchmod(descriptor_, modeFor(target)));
 }
 
-void OutputFile::openBeside() {
-    std::string pattern = target_ + ".XXXXXX";
-    const int descriptor = ::mkstemp(pattern.data());
-    if (descriptor < 0)
-        fail("cannot write to the folder of", target_);
-    ::close(descriptor);
-    temporary_ = pattern;
-    removeWhenInterrupted(temporary_);
-    stream_ = Core::makeObject<FileStream>(temporary_, true, true, true);
-}
-
-OutputFile::~OutputFile() {
-    if (!temporary_.empty())
-        discard();
-}
-
-void OutputFile::discard() noexcept {
-    ::unlink(temporary_.c_str());
+OutputFile::Temporary::~Temporary() {
+    if (!name_.empty())
+        ::unlink(name_.c_str());
     removeWhenInterrupted("");
-    temporary_.clear();
+}
+
+void OutputFile::Temporary::renameTo(const std::string& target) {
+    if (std::rename(name_.c_str(), target.c_str()) != 0)
+        fail("cannot put the finished file in the place of", target);
+    name_.clear();
+}
+
+OutputFile::OutputFile(const std::string& name)
+    : target_(name == "-" ? name : resolved(name)),
+      file_(open()),
+      stream_(Core::makeObject<FileStream>(file_.number(), name == "-" ? kStandardOutput : name)) {}
+
+int OutputFile::open() {
+    if (target_ == "-")
+        return STDOUT_FILENO;
+    struct stat status {};
+    if (::stat(target_.c_str(), &status) != 0 || S_ISREG(status.st_mode)) {
+        return temporary_.emplace(target_).descriptor();
+    }
+    const int descriptor = ::open(target_.c_str(), O_WRONLY | O_CLOEXEC);
+    if (descriptor < 0)
+        fail("cannot write to", target_);
+    return descriptor;
 }
 
 void OutputFile::commit() {
-    static_cast<FileStream&>(*stream_).close();
-    if (temporary_.empty())
-        return;
-    if (std::rename(temporary_.c_str(), target_.c_str()) != 0)
-        fail("cannot put the finished file in the place of", target_);
-    removeWhenInterrupted("");
-    temporary_.clear();
+    stream_->flush();
+    if (!file_.close())
+        fail("cannot write to", target_);
+    if (temporary_)
+        temporary_->renameTo(target_);
 }
 
 }  // namespace psrender

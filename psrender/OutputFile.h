@@ -2,7 +2,9 @@
 
 #include "Core/SmartPtr.h"
 #include "Core/Stream.h"
+#include "psrender/Descriptor.h"
 
+#include <optional>
 #include <string>
 
 namespace psrender {
@@ -18,18 +20,35 @@ public:
     explicit OutputFile(const std::string& name);
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
-    ~OutputFile();
 
     [[nodiscard]] const Core::SmartPtr<Core::IO::Stream>& stream() const { return stream_; }
     /// Closes the stream and puts the file in its place; to be called once.
     void commit();
 
 private:
-    void openBeside();
-    void discard() noexcept;
+    /// A new file that is gone again, also when a signal ends the process, unless it is renamed.
+    class Temporary {
+    public:
+        /// In the folder of `target`, with the permissions that `target` has or would get.
+        explicit Temporary(const std::string& target);
+        Temporary(const Temporary&) = delete;
+        Temporary& operator=(const Temporary&) = delete;
+        ~Temporary();
+
+        /// The file opened for writing; whoever takes it closes it.
+        [[nodiscard]] int descriptor() const { return descriptor_; }
+        void renameTo(const std::string& target);
+
+    private:
+        std::string name_;
+        int descriptor_;
+    };
+
+    int open();
 
     std::string target_;
-    std::string temporary_;  ///< empty if the target is written directly
+    std::optional<Temporary> temporary_;  ///< none if the target is written directly
+    Descriptor file_;
     Core::SmartPtr<Core::IO::Stream> stream_;
 };
 

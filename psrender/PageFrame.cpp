@@ -1,6 +1,7 @@
 #include "psrender/PageFrame.h"
 
 #include <algorithm>
+#include <locale>
 #include <sstream>
 #include <stdexcept>
 #include <utility>
@@ -8,6 +9,8 @@
 namespace psrender {
 
 namespace {
+
+constexpr double kRounding = 0.1;  // points: nobody misses less
 
 PaperSize pageSize(const scene::Page& drawing, const PageFrame& frame) {
     if (!frame.paper)
@@ -42,10 +45,13 @@ double scaleOf(const scene::Page& drawing, const PaperSize& size, const PageFram
 
 }  // namespace
 
-void frame(scene::Page& page, const PageFrame& frame) {
+void frame(scene::Page& page, const PageFrame& frame, Warnings& warnings) {
     const PaperSize size = pageSize(page, frame);
     requirePossible(size);
     const double scale = scaleOf(page, size, frame);
+    if (page.width * scale > size.width + kRounding ||
+        page.height * scale > size.height + kRounding)
+        warnings.add("the drawing is larger than the paper and is cut off; --fit makes it smaller");
     const scene::Affine map{scale,
                             0,
                             0,

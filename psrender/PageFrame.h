@@ -1,6 +1,7 @@
 #pragma once
 
 #include "psrender/PaperSize.h"
+#include "psrender/Warnings.h"
 #include "psrender/scene/DisplayList.h"
 
 #include <optional>
@@ -21,7 +22,8 @@ inline constexpr double kSmallestPage = 1;
 inline constexpr double kLargestPage = 14400;
 
 /// Lays a drawing on its page: in the middle, in its own size or fitted. Raises
-/// `std::runtime_error` with a clause that names the remedy for a page beyond the limits.
-void frame(scene::Page& page, const PageFrame& frame);
+/// `std::runtime_error` with a clause that names the remedy for a page beyond the limits. Counts a
+/// drawing that the paper cuts off in `warnings`.
+void frame(scene::Page& page, const PageFrame& frame, Warnings& warnings);
 
 }  // namespace psrender

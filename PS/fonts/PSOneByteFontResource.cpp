@@ -48,9 +48,9 @@ void PSOneByteFontResource::appendEscape(std::uint32_t code, std::string& out) {
     };
     out.push_back('\\');
     for (unsigned shift = 30; shift >= 9; shift -= 3)
-        if (code >> shift)
+        if (code >> shift != 0)
             out.push_back(digit(shift));
-    if (code >> 6)
+    if (code >> 6 != 0)
         out.push_back(digit(6));
     out.push_back(digit(3));
     out.push_back(digit(0));

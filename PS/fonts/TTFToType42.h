@@ -79,8 +79,8 @@ private:
     [[nodiscard]] std::uint32_t read32(std::uint64_t offset);
     [[nodiscard]] std::int32_t readSigned16(std::uint64_t offset);
     /// The table, if the font has it and it lies inside the data.
-    [[nodiscard]] std::optional<Table> findTable(std::uint32_t tag) const;
-    [[nodiscard]] std::vector<std::uint8_t> bytesOf(std::uint32_t tag) const;
+    [[nodiscard]] std::optional<Table> findTable(std::uint32_t wanted) const;
+    [[nodiscard]] std::vector<std::uint8_t> bytesOf(std::uint32_t wanted) const;
     [[nodiscard]] std::vector<std::uint8_t> newLoca() const;
     [[nodiscard]] std::vector<std::uint8_t> newGlyf() const;
     [[nodiscard]] std::vector<std::uint8_t> newHead() const;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <ranges>
 
 namespace Drawing::PS {
 
@@ -14,8 +15,8 @@ constexpr std::size_t kGroupText = 10;  ///< five digits, each perhaps with a ca
 
 std::array<char, 5> digitsOf(std::uint32_t tuple) {
     std::array<char, 5> digits{};
-    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
-        *digit = static_cast<char>('!' + tuple % 85);
+    for (char& digit : digits | std::views::reverse) {
+        digit = static_cast<char>('!' + tuple % 85);
         tuple /= 85;
     }
     return digits;

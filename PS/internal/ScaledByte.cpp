@@ -4,7 +4,7 @@ namespace Drawing::PS::ScaledByteTexts {
 
 namespace {
 
-std::array<Text, 256> makeTexts() {
+std::array<Text, 256> makeTexts() noexcept {
     std::array<Text, 256> texts;
     for (std::size_t value = 0; value < texts.size(); ++value) {
         std::array<char, Core::kMaxNumberText<float>> number{};

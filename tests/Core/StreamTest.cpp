@@ -11,10 +11,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cmath>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <system_error>
 
 namespace {
 
@@ -124,7 +126,8 @@ TEST(FileStream, NamesTheFileAndTheReasonOfAFailure) {
         full->close();
         FAIL() << "a full disk went unnoticed";
     } catch (const Core::IOException& failure) {
-        EXPECT_EQ("cannot write to /dev/full: No space left on device", failure.getMessage());
+        EXPECT_EQ("cannot write to /dev/full: " + std::generic_category().message(ENOSPC),
+                  failure.getMessage());
     }
     std::string warned;
     auto before = Core::Log::setSink([&](const Core::String& text) { warned = text.toUtf8(); });

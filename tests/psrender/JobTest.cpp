@@ -175,6 +175,37 @@ TEST_F(Psrender, KeepsLinksAndPermissions) {
     EXPECT_EQ(fs::perms(0640), fs::status(folder_ / "new.ps").permissions());
 }
 
+TEST_F(Psrender, CleansUpWhenItIsStopped) {
+    write("out.ps", "before");
+    for (const char* signal : {"TERM", "INT"}) {
+        EXPECT_EQ(124,
+                  run("- -o out.ps", std::string("sleep 0.4 | timeout -s ") + signal + " 0.2"));
+        EXPECT_EQ("before", read("out.ps"));
+        EXPECT_EQ(3U, files().size()) << "no temporary file stays";
+    }
+}
+
+TEST_F(Psrender, WritesPipesAndNamesOfAnyBytes) {
+    EXPECT_EQ(0, run("red.svg -o pipe; wait", "mkfifo pipe; cat pipe >copy &")) << said;
+    EXPECT_THAT(read("copy"), StartsWith("%!PS"));
+    EXPECT_TRUE(fs::is_fifo(folder_ / "pipe"));
+    fs::create_directory(folder_ / "d\xE9j\xE0");
+    EXPECT_EQ(0, run("red.svg -o 'd\xE9j\xE0/vu.ps'")) << said;
+    EXPECT_THAT(read("d\xE9j\xE0/vu.ps"), StartsWith("%!PS"));
+}
+
+TEST_F(Psrender, WarnsOfSlips) {
+    EXPECT_EQ(1, run("red.svg -o ./red.svg"));
+    EXPECT_THAT(said, HasSubstr("red.svg: would be replaced by the output"));
+    EXPECT_EQ(kRed, read("red.svg"));
+    EXPECT_EQ(0, run("red.svg -o out.ps --paper 30x30pt"));
+    EXPECT_THAT(said, HasSubstr("larger than the paper"));
+    EXPECT_EQ(0, run("red.svg -o out.ps --paper 30x30pt --fit --margin 1mm"));
+    EXPECT_EQ("", said);
+    EXPECT_EQ(1, run("red.svg -o out.ps --paper 30x30pt --fit --margin 15pt"));
+    EXPECT_THAT(said, HasSubstr("no room"));
+}
+
 TEST_F(Psrender, WarnsOnceAKind) {
     write("text.svg",
           "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'>"

@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
 #include <cmath>
 
 namespace {
@@ -124,6 +125,38 @@ TEST(EvenOdd, CutsWhatCrosses) {
                 ASSERT_EQ(winding(*outline, {x, y}) % 2 != 0,
                           winding(*shapes[0].outline, {x, y}) != 0)
                     << x << " " << y;
+    }
+}
+
+TEST(EvenOdd, LosesNoSmallHoleInALargeOutline) {
+    Shape lake = shape(polygon({square(0, 900), square(450, 450.2)}), solid(1));
+    lake.fillRule = FillRule::evenOdd;
+    const auto shapes = planned({lake});
+    EXPECT_EQ(0, winding(*shapes.at(0).outline, {450.1, 450.1}));
+    EXPECT_NE(0, winding(*shapes.at(0).outline, {449, 450.1}));
+}
+
+TEST(EvenOdd, IsDecidedInTimeWhateverTheOutline) {
+    constexpr int kTeeth = 50'000;
+    auto comb = std::make_shared<Outline>();
+    auto nested = std::make_shared<Outline>();
+    auto sideways = std::make_shared<Outline>();
+    comb->moveTo({0, 0});
+    sideways->moveTo({-1, 0});
+    for (int i = 0; i < kTeeth; ++i) {
+        const double at = i * 0.009;
+        for (const double y : {0.0, 900.0})
+            comb->lineTo({at, y}), comb->lineTo({at + 0.004, 900 - y});
+        for (const double dy : {0.0, 0.004})
+            sideways->lineTo({dy * 2e5, at + dy}), sideways->lineTo({800 - dy * 2e5, at + dy});
+        nested->append(*polygon({square(at, 1000 - at)}));
+    }
+    for (const auto& outline : {comb, nested, sideways}) {
+        Shape tangle = shape(outline, solid(1));
+        tangle.fillRule = FillRule::evenOdd;
+        const auto start = std::chrono::steady_clock::now();
+        EXPECT_EQ(1U, planned({tangle}).size());
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
     }
 }
 

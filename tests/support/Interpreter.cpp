@@ -69,7 +69,7 @@ Interpretation interpret(std::string_view postScript, int dpi, const std::string
     const ScratchFolder folder;
     std::ofstream(folder.file("in.ps"), std::ios::binary) << postScript;
     std::ostringstream command;
-    command << "gs -q -dSAFER -dBATCH -dNOPAUSE -sDEVICE=ppmraw -r" << dpi
+    command << "gs -q -dSAFER -dBATCH -dNOPAUSE -sDEVICE=ppmraw -r" << std::to_string(dpi)
             << " -sOutputFile=" << folder.file("%d.ppm") << " " << options << " -f "
             << folder.file("in.ps") << " > " << folder.file("messages") << " 2>&1";
     Interpretation result;

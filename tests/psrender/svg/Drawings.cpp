@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <iomanip>
+#include <locale>
 #include <sstream>
 
 namespace psrender::svg {
@@ -17,6 +18,7 @@ constexpr double pixelsPerPoint = 4.0 / 3;
 
 std::string number(double value) {
     std::ostringstream out;
+    out.imbue(std::locale::classic());
     const double rounded = std::round(value * 1000) / 1000;
     out << std::setprecision(10) << (rounded == 0 ? 0 : rounded);
     return out.str();

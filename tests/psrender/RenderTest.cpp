@@ -1,0 +1,113 @@
+#include "psrender/paint/Painter.h"
+#include "psrender/plan/Planner.h"
+#include "psrender/svg/SvgReader.h"
+#include "tests/support/Documents.h"
+#include "tests/support/Interpreter.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using psrender::Warnings;
+
+/// The script of a page of 100 by 100 points with `body` on it.
+std::string script(const std::string& body) {
+    Warnings warnings;
+    const auto page = psrender::svg::readSvg(
+        "<svg xmlns='http://www.w3.org/2000/svg' width='100pt' height='100pt' "
+        "viewBox='0 0 100 100'>" +
+            body + "</svg>",
+        "test", warnings);
+    return finished([&](OpenDocument& document) {
+        psrender::paint::paintPage(document, psrender::plan::plan(page, warnings));
+    });
+}
+
+struct Spot {
+    double x, y;
+    bool inked;
+};
+
+/// Renders `body`, drawn in red, and looks at single spots of it.
+void expectSpots(const std::string& body, std::initializer_list<Spot> spots) {
+    constexpr int kScale = 4;
+    const Interpretation seen = interpret(script(body), 72 * kScale);
+    EXPECT_EQ("", seen.messages) << body;
+    ASSERT_EQ(1U, seen.pages.size()) << body;
+    for (const Spot& spot : spots) {
+        const auto pixel =
+            seen.pages[0].at(static_cast<int>(spot.x * kScale), static_cast<int>(spot.y * kScale));
+        EXPECT_EQ(spot.inked, pixel[1] < 128) << body << " at " << spot.x << " " << spot.y;
+    }
+}
+
+TEST(Rendering, FillsByTheEvenOddRule) {
+    const std::string fill = "<path fill='red' fill-rule='evenodd' ";
+    expectSpots(fill + "d='M50 5L80 95L5 40H95L20 95z'/>",
+                {{50, 50, false}, {50, 20, true}, {20, 45, true}, {50, 85, false}});
+    expectSpots(fill + "d='M10 10h80v80h-80zM20 20h60v60h-60zM40 40h20v20h-20z'/>",
+                {{15, 50, true}, {30, 30, false}, {50, 50, true}});
+    expectSpots(fill +
+                    "d='M50 10a40 40 0 1 0 .1 0zM50 30a20 20 0 1 0 .1 0z' "
+                    "transform='rotate(30 50 50) scale(-1 1) translate(-100 0)'/>",
+                {{50, 50, false}, {50, 20, true}, {20, 50, true}, {5, 5, false}});
+    expectSpots(fill + "stroke='red' stroke-width='4' d='M10 10h60v60h-60zM40 40h50v50h-50z'/>",
+                {{20, 20, true}, {55, 55, false}, {55, 70, true}, {40, 55, true}, {80, 80, true}});
+}
+
+TEST(Rendering, RoundsJoinsButNotEnds) {
+    const std::string line = "<path fill='none' stroke='red' stroke-width='20' d='M10 30h60v60' ";
+    expectSpots(line + "stroke-linejoin='round'/>",
+                {{76, 24, true}, {79, 21, false}, {70, 50, true}, {8, 30, false}});
+    expectSpots(line + "stroke-linejoin='bevel'/>", {{76, 24, false}, {72, 26, true}});
+    expectSpots(line + "stroke-linejoin='miter'/>", {{79, 21, true}, {82, 30, false}});
+    expectSpots(line + "stroke-linejoin='miter' stroke-miterlimit='1.2'/>", {{79, 21, false}});
+    expectSpots(
+        "<path fill='none' stroke='red' stroke-width='10' stroke-linejoin='round' "
+        "transform='scale(2 1)' d='M10 30h20v60'/>",
+        {{66, 27, true}, {69.5, 25.5, false}});
+}
+
+TEST(Rendering, KeepsDashLengthsAndTheJoinsWithinDashes) {
+    const std::string square =
+        "<path fill='none' stroke='red' stroke-width='10' d='M20 20h60v60h-60z' "
+        "stroke-linejoin='round' stroke-dasharray='30 20' ";
+    expectSpots(square + "/>", {{35, 20, true},
+                                {49, 20, true},
+                                {51, 20, false},
+                                {69, 20, false},
+                                {71, 20, true},
+                                {83, 17, true},
+                                {84.6, 15.4, false}});
+    expectSpots(square + "stroke-dashoffset='15'/>",
+                {{34, 20, true}, {36, 20, false}, {54, 20, false}, {56, 20, true}});
+    const std::string whole =
+        "<path fill='none' stroke='red' stroke-width='20' d='M20 20h60v60h-60z' "
+        "stroke-linejoin='round' stroke-dasharray='50 20' ";
+    expectSpots(whole + "/>", {{14, 14, true}, {11, 11, false}});
+    expectSpots(whole + "stroke-dashoffset='60'/>", {{28, 18, false}, {14, 14, false}});
+}
+
+TEST(Rendering, DrawsDotsByTheirCaps) {
+    const auto dot = [](const std::string& cap, const std::string& data) {
+        return "<path stroke='red' stroke-width='20' stroke-linecap='" + cap + "' d='" + data +
+               "'/>";
+    };
+    for (const char* data : {"M50 50h0", "M50 50z", "M50 50c0 0 0 0 0 0"}) {
+        expectSpots(dot("square", data), {{42, 42, true}, {58, 58, true}, {62, 50, false}});
+        expectSpots(dot("round", data), {{50, 42, true}, {42, 42, false}});
+        expectSpots(dot("butt", data), {{45, 45, false}});
+    }
+    expectSpots(dot("round", "M50 50"), {{45, 45, false}});
+}
+
+TEST(Rendering, ReachesAcrossTheEndsOfTheWorld) {
+    expectSpots("<rect fill='red' x='-1e7' y='50' width='2e7' height='1e7'/>",
+                {{50, 40, false}, {50, 60, true}, {99, 99, true}});
+    expectSpots("<path stroke='red' stroke-width='10' d='M-1e7 -1e7L1e7 1e7'/>",
+                {{50, 50, true}, {20, 20, true}, {20, 60, false}});
+    expectSpots("<path fill='none' stroke='red' stroke-width='10' d='M30 30H1e7V60H30z'/>",
+                {{30, 45, true}, {80, 30, true}, {80, 60, true}, {80, 45, false}});
+}
+
+}  // namespace
