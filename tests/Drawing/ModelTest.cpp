@@ -1,7 +1,6 @@
 #include "Drawing/Font.h"
 #include "Drawing/RasterImage.h"
 #include "Drawing/SpotColor.h"
-#include "Drawing/Stroke.h"
 #include "tests/support/Raises.h"
 
 namespace {
@@ -37,15 +36,6 @@ TEST(RasterImage, KeyIsAHashOfEverythingThatIsSeen) {
     EXPECT_NE(base, key({2, 1}, ColorSpaceType::rgb, six, ByteArray(2)));
     EXPECT_NE(base, key({2, 1}, ColorSpaceType::rgb, ByteArray("\0\0\0\0\0\1", 6)));
     EXPECT_RAISES(Core::FormatException, "RasterImage:1", key({2, 2}, ColorSpaceType::rgb, six));
-}
-
-TEST(Stroke, DrawsAtOnceInBlack) {
-    const Drawing::Stroke stroke;
-    EXPECT_EQ(1, stroke.getThickness());
-    EXPECT_EQ(10, stroke.getMiterLimit());
-    EXPECT_TRUE(stroke.getDashArray().empty());
-    const auto& brush = dynamic_cast<const Drawing::SolidColorBrush&>(*stroke.getBrush());
-    EXPECT_EQ(0, dynamic_cast<const Drawing::RGBColor&>(*brush.getColor()).getR());
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "Core/Log.h"
 #include "tests/support/Documents.h"
-#include "tests/support/Interpreter.h"
 #include "tests/support/Raises.h"
 
 #include <gmock/gmock.h>
@@ -88,20 +87,6 @@ TEST(PrintingOptions, WarnOfASizeChangeInsideADuplexJob) {
     });
     Core::Log::setSink(std::move(before));
     EXPECT_THAT(warnings.at(0), testing::HasSubstr("duplex"));
-}
-
-TEST(PrintingOptions, ReachAnInterpreter) {
-    const Interpretation seen = interpret(finished([](OpenDocument& d) {
-        d.setPrintingOptions({0, 0, 2, true, u"(white)"});
-        d.startPage({100, 50});
-        d.endPage();
-        d.startPage({50, 100});
-        d.endPage();
-    }));
-    EXPECT_EQ("", seen.messages);
-    ASSERT_GE(seen.pages.size(), 2U);
-    EXPECT_EQ(100, seen.pages.front().width);
-    EXPECT_EQ(100, seen.pages.back().height);
 }
 
 TEST(State, SettersStoreAndDemandAPage) {

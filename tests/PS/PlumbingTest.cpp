@@ -8,8 +8,6 @@
 
 #include <gmock/gmock.h>
 
-#include <filesystem>
-
 namespace {
 
 using Core::makeObject;
@@ -135,18 +133,6 @@ TEST(PSDocument, EndingTwiceWritesTwoFiles) {
                        std::ranges::count(first.substr(0, first.find("%%Page:")), 'w'));
     document->endDocument();
     EXPECT_EQ(first + first, output->view());
-}
-
-TEST(PSDocument, LeavesNoTemporaryFile) {
-    const auto entries = [] {
-        const std::filesystem::directory_iterator folder(std::filesystem::temp_directory_path());
-        return std::distance(begin(folder), end(folder));
-    };
-    const auto before = entries();
-    const auto document = makeObject<OpenDocument>(nullptr, false);
-    document->startPage({1, 1});
-    document->scriptStream->flush();
-    EXPECT_EQ(before, entries());
 }
 
 }  // namespace

@@ -133,13 +133,6 @@ TEST(Fonts, WithCffOutlinesLeaveThePreviousOneSelected) {
                   context->drawText(u"A", 0, 0, 0, 0, false));
 }
 
-TEST(Fonts, StandardNamesAreComparedWholeInAnyCase) {
-    for (const char* name : {"Courier", "TIMES", "times-roman", "ZapfDingbats"})
-        EXPECT_TRUE(OpenDocument::crtPSFontIsStd(name)) << name;
-    for (const char* name : {"", "Times New Roman", "Arial", "Helvetica-Narrow", "Courier "})
-        EXPECT_FALSE(OpenDocument::crtPSFontIsStd(name)) << name;
-}
-
 TEST(Text, InAStandardFontIsKernedAndCanBeReadBack) {
     const std::string document = finished(
         [](OpenDocument& d) {
