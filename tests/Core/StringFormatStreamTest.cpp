@@ -2,6 +2,7 @@
 
 #include "tests/support/Raises.h"
 
+#include <cmath>
 #include <cstdint>
 
 namespace {
