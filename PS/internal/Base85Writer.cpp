@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <ranges>
 
 namespace Drawing::PS {
 
@@ -15,10 +14,11 @@ constexpr std::size_t kGroupText = 10;  ///< five digits, each perhaps with a ca
 
 std::array<char, 5> digitsOf(std::uint32_t tuple) {
     std::array<char, 5> digits{};
-    for (char& digit : digits | std::views::reverse) {
+    for (char& digit : digits) {
         digit = static_cast<char>('!' + tuple % 85);
         tuple /= 85;
     }
+    std::reverse(digits.begin(), digits.end());
     return digits;
 }
 
