@@ -18,6 +18,7 @@
 #include <filesystem>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 
 namespace psrender {
 
@@ -42,6 +43,7 @@ public:
         : request_(request),
           output_(outputOf(request)),
           document_(Core::makeObject<Drawing::PS::PSDocument>(output_.stream().get(), false)),
+          painter_(*document_),
           progress_(request.inputs.size(), !request.quiet && ::isatty(STDERR_FILENO) == 1) {}
 
     ExitCode run() {
@@ -86,8 +88,8 @@ private:
         } catch (const std::runtime_error& error) {
             throw InputError({name}, error.what());
         }
-        page = plan::plan(page, warnings);
-        paint::paintPage(*document_, page);
+        page = planner_.plan(std::move(page), warnings);
+        painter_.paintPage(page);
         report(name, page, warnings, Clock::now() - start);
     }
 
@@ -116,6 +118,8 @@ private:
     const JobRequest& request_;
     OutputFile output_;
     Core::SmartPtr<Drawing::PS::PSDocument> document_;
+    plan::Planner planner_;
+    paint::Painter painter_;
     Progress progress_;
     int pages_ = 0;
     bool skipped_ = false;

@@ -60,11 +60,8 @@ void frame(scene::Page& page, const PageFrame& frame, Warnings& warnings) {
                             (size.height - page.height * scale) / 2};
     page.width = size.width;
     page.height = size.height;
-    if (map == scene::Affine())
-        return;
-    for (scene::Item& item : page.items)
-        if (auto* shape = std::get_if<scene::Shape>(&item))
-            shape->transform = map * shape->transform;
+    if (map != scene::Affine())
+        scene::transform(page, map);
 }
 
 }  // namespace psrender

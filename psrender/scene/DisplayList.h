@@ -1,10 +1,14 @@
 #pragma once
 
+#include "Core/SmartPtr.h"
+#include "Drawing/Image.h"
 #include "psrender/scene/Geometry.h"
 #include "psrender/scene/Outline.h"
+#include "psrender/scene/TextRun.h"
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <variant>
 #include <vector>
 
@@ -22,14 +26,19 @@ struct Color {
     friend bool operator==(const Color&, const Color&) = default;
 };
 
+struct Gradient;
+struct Pattern;
+
 /// What an area is covered with. `opacity` is 0 (invisible) to 1 (opaque) and holds the
 /// paint's own share only; that of groups around it stands in their `BeginGroup`.
 struct Paint {
-    enum class Kind : std::uint8_t { none, solid };
+    enum class Kind : std::uint8_t { none, solid, gradient, pattern };
 
     Kind kind = Kind::none;
-    Color color;
+    Color color;  ///< of a solid paint
     double opacity = 1;
+    std::shared_ptr<const Gradient> gradient{};  ///< of a gradient paint, else null
+    std::shared_ptr<const Pattern> pattern{};    ///< of a pattern paint, else null
 
     friend bool operator==(const Paint&, const Paint&) = default;
 };
@@ -63,20 +72,94 @@ struct Shape {
     StrokeStyle strokeStyle;
 };
 
-/// Everything up to the matching `EndGroup` is shown as one picture with this opacity.
+/// A run of text in one font and its paints; fill and stroke as of a shape.
+struct Text {
+    std::shared_ptr<const TextRun> run;
+    Affine transform;  ///< from the run's space to the page
+    Paint fill;
+    Paint stroke;
+    StrokeStyle strokeStyle;
+};
+
+/// A raster image. Its opacity multiplies the alpha of its pixels.
+struct Picture {
+    Core::SmartPtr<Drawing::Image> image;
+    Affine transform;  ///< from the square of side 1 that the image fills, y downwards
+    double opacity = 1;
+};
+
+struct ItemList;
+
+/// An area outside of which nothing is shown: wherever the items of `area` cover something,
+/// whatever their paints and opacities are.
+struct Clip {
+    std::shared_ptr<const ItemList> area;
+    Affine transform;  ///< from the area's space to the page
+};
+
+/// Everything up to the matching `EndGroup` is shown as one picture with this opacity, within
+/// `clip` if there is one.
 struct BeginGroup {
     double opacity = 1;
+    std::optional<Clip> clip{};
 };
 struct EndGroup {};
 
-using Item = std::variant<Shape, BeginGroup, EndGroup>;
+/// Items that are shown in many places. Placements of the same symbol share its list.
+struct Placement {
+    std::shared_ptr<const ItemList> symbol;
+    Affine transform;  ///< from the symbol's space to the page
+};
 
-/// One page: its size in points, y downwards from the top left corner, and its items from
-/// the lowest to the topmost.
-struct Page {
-    double width = 0;
-    double height = 0;
+using Item = std::variant<Shape, Text, Picture, BeginGroup, EndGroup, Placement>;
+
+/// Items in a space of their own, from the lowest to the topmost. Transforms and clips within
+/// lead to that space instead of the page.
+struct ItemList {
     std::vector<Item> items;
 };
+
+/// A colour at a place along a gradient: 0 its start, 1 its end.
+struct ColorStop {
+    double position = 0;
+    Color color;
+    double opacity = 1;
+
+    friend bool operator==(const ColorStop&, const ColorStop&) = default;
+};
+
+/// How a gradient goes on before its start and behind its end.
+enum class Spread : std::uint8_t { pad, repeat, reflect };
+
+/// Colours that run from `start` to `end`, or from the circle around `start` to the one around
+/// `end`, which are in the gradient's own space.
+struct Gradient {
+    enum class Kind : std::uint8_t { linear, radial };
+
+    Kind kind = Kind::linear;
+    Point start;
+    Point end;
+    double startRadius = 0;  ///< of a radial gradient
+    double endRadius = 0;
+    Spread spread = Spread::pad;
+    std::vector<ColorStop> stops;  ///< at least one; positions ascend within 0 and 1
+    Affine transform;              ///< to the space of the outline that is painted
+};
+
+/// A tile that repeats in both directions.
+struct Pattern {
+    Rect tile;  ///< one tile in the pattern's space: where it begins and its steps
+    std::shared_ptr<const ItemList> content;
+    Affine transform;  ///< from the pattern's space to that of the outline that is painted
+};
+
+/// One page: its size in points, y downwards from the top left corner, and its items.
+struct Page : ItemList {
+    double width = 0;
+    double height = 0;
+};
+
+/// Maps everything in `list` by `map`.
+void transform(ItemList& list, const Affine& map);
 
 }  // namespace psrender::scene

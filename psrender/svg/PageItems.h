@@ -2,6 +2,8 @@
 
 #include "psrender/scene/DisplayList.h"
 
+#include <memory>
+#include <utility>
 #include <vector>
 
 namespace psrender::svg {
@@ -19,7 +21,17 @@ public:
     Mark beginGroup(double opacity);
     void endGroup(Mark begin);
 
-    std::vector<scene::Item> takeItems() { return std::move(items_); }
+    std::vector<scene::Item> takeItems() { return std::exchange(items_, {}); }
+
+    /// What `draw` adds, as a list of its own. It counts towards the limits like the rest.
+    template <class Draw>
+    std::shared_ptr<const scene::ItemList> record(Draw draw) {
+        std::vector<scene::Item> around = takeItems();
+        draw();
+        auto list = std::make_shared<scene::ItemList>();
+        list->items = std::exchange(items_, std::move(around));
+        return list;
+    }
 
 private:
     std::vector<scene::Item> items_;

@@ -42,7 +42,11 @@ scene::Page SceneBuilder::build() {
     const Rect area = drawingArea(tree_, styles_.resolve(root, initial).fontSize);
     const Affine toPage = Affine::scaling(pointsPerPixel, pointsPerPixel);
     draw(root, {initial, toPage, {area.width, area.height}}, &area);
-    return {area.width * pointsPerPixel, area.height * pointsPerPixel, items_.takeItems()};
+    scene::Page page;
+    page.items = items_.takeItems();
+    page.width = area.width * pointsPerPixel;
+    page.height = area.height * pointsPerPixel;
+    return page;
 }
 
 void SceneBuilder::draw(pugi::xml_node element, const Surroundings& around, const Rect* area) {

@@ -37,7 +37,7 @@ class StyleResolver::Cascade {
 public:
     /// Among equals, the later one wins.
     void add(std::size_t property, std::string_view text, Strength strength) {
-        const std::uint32_t bit = 1U << property;
+        const std::uint64_t bit = std::uint64_t{1} << property;
         if ((present_ & bit) != 0 && entries_[property].strength > strength)
             return;
         present_ |= bit;
@@ -59,13 +59,13 @@ private:
 
     void apply(std::size_t property, ComputedStyle& style, const ComputedStyle& parent,
                Warnings& warnings) const {
-        if ((present_ >> property & 1U) != 0 &&
+        if ((present_ >> property & 1) != 0 &&
             !applyProperty(property, entries_[property].text, style, parent))
             warnings.add("style values that are not understood are ignored");
     }
 
-    static_assert(propertyCount < 32, "the set below has a bit for each property");
-    std::uint32_t present_ = 0;
+    static_assert(propertyCount < 64, "the set below has a bit for each property");
+    std::uint64_t present_ = 0;
     std::array<Entry, propertyCount> entries_;  // only those in the set have a value
 };
 

@@ -9,7 +9,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     psrender::Warnings warnings;
     try {
         const std::string_view text(reinterpret_cast<const char*>(data), size);
-        psrender::plan::plan(psrender::svg::readSvg(text, "fuzz", warnings), warnings);
+        psrender::plan::Planner().plan(psrender::svg::readSvg(text, "fuzz", warnings), warnings);
     } catch (const psrender::InputError&) {
         return 0;
     }

@@ -10,7 +10,6 @@ namespace {
 
 using psrender::Warnings;
 using namespace psrender::scene;
-using psrender::plan::plan;
 
 Paint solid(std::uint8_t red, double opacity = 1) {
     return {Paint::Kind::solid, {red, 0, 0}, opacity};
@@ -57,7 +56,11 @@ Shape shape(std::shared_ptr<const Outline> outline, Paint fill, Paint stroke = {
 std::vector<Shape> planned(std::vector<Item> items, Warnings* warnings = nullptr) {
     Warnings own;
     std::vector<Shape> shapes;
-    for (const Item& item : plan({100, 100, std::move(items)}, warnings ? *warnings : own).items)
+    psrender::scene::Page page;
+    page.width = page.height = 100;
+    page.items = std::move(items);
+    for (const Item& item :
+         psrender::plan::Planner().plan(std::move(page), warnings ? *warnings : own).items)
         shapes.push_back(std::get<Shape>(item));
     return shapes;
 }

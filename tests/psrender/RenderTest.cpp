@@ -19,7 +19,8 @@ std::string script(const std::string& body) {
             body + "</svg>",
         "test", warnings);
     return finished([&](OpenDocument& document) {
-        psrender::paint::paintPage(document, psrender::plan::plan(page, warnings));
+        psrender::paint::Painter(document).paintPage(
+            psrender::plan::Planner().plan(page, warnings));
     });
 }
 

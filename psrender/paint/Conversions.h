@@ -1,0 +1,14 @@
+#pragma once
+
+#include "Core/SmartPtr.h"
+#include "Drawing/Matrix.h"
+#include "Drawing/Path.h"
+#include "psrender/scene/Outline.h"
+
+namespace psrender::paint {
+
+/// Geometry of a page in the terms of the drawing model.
+Drawing::Matrix matrixOf(const scene::Affine& map);
+Core::SmartPtr<Drawing::Path> pathOf(const scene::Outline& outline);
+
+}  // namespace psrender::paint

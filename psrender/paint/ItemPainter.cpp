@@ -1,0 +1,33 @@
+#include "psrender/paint/ItemPainter.h"
+
+#include "psrender/paint/Conversions.h"
+
+namespace psrender::paint {
+
+/// Always as a path: the rectangle operation would lose the fill of a dashed one.
+void ItemPainter::operator()(const scene::Shape& shape) {
+    setTransform(shape.transform);
+    setPaints(shape.fill, shape.stroke, shape.strokeStyle);
+    context_.drawPath(pathOf(*shape.outline));
+}
+
+void ItemPainter::operator()(const scene::Text& /*text*/) {}
+
+void ItemPainter::operator()(const scene::Picture& /*picture*/) {}
+
+void ItemPainter::operator()(const scene::Placement& /*placement*/) {}
+
+void ItemPainter::setTransform(const scene::Affine& transform) {
+    if (transform_ != transform)
+        context_.setTransform(matrixOf(*(transform_ = transform)));
+}
+
+void ItemPainter::setPaints(const scene::Paint& fill, const scene::Paint& stroke,
+                            const scene::StrokeStyle& style) {
+    if (fill_ != fill)
+        context_.setFill(brushes_.brushOf(*(fill_ = fill)));
+    if (stroke_ != stroke || style_ != style)
+        context_.setStroke(brushes_.strokeOf(*(stroke_ = stroke), style_ = style));
+}
+
+}  // namespace psrender::paint

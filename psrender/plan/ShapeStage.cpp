@@ -1,0 +1,73 @@
+#include "psrender/plan/ShapeStage.h"
+
+#include "psrender/plan/DashWalk.h"
+#include "psrender/plan/FillRule.h"
+#include "psrender/plan/Joins.h"
+#include "psrender/plan/Range.h"
+
+#include <utility>
+
+namespace psrender::plan {
+
+using scene::Paint;
+using scene::Shape;
+
+namespace {
+
+bool isPainted(const Paint& paint) {
+    return paint.kind != Paint::Kind::none;
+}
+
+}  // namespace
+
+void ShapeStage::take(scene::Item item) {
+    if (auto* shape = std::get_if<Shape>(&item))
+        takeShape(std::move(*shape));
+    else if (const auto* group = std::get_if<scene::BeginGroup>(&item))
+        opacity_.push(group->opacity);
+    else if (std::holds_alternative<scene::EndGroup>(item))
+        opacity_.pop();
+    else
+        items_.push_back(std::move(item));
+}
+
+void ShapeStage::takeShape(Shape shape) {
+    if (shape.strokeStyle.width <= 0)
+        shape.stroke = {};
+    shape.fill = opacity_.overWhite(shape.fill);
+    shape.stroke = opacity_.overWhite(shape.stroke);
+    if (!isPainted(shape.fill) && !isPainted(shape.stroke))
+        return;
+    removeFineDashes(shape, warnings_);
+    for (Shape& part : bringInRange(shape, warnings_))
+        place(std::move(part));
+}
+
+/// The fill first, where it needs an outline of its own, then the stroke and its joins.
+void ShapeStage::place(Shape shape) {
+    if (shape.fillRule == scene::FillRule::evenOdd && isPainted(shape.fill))
+        placeEvenOddFill(shape);
+    if (!isPainted(shape.fill) && !isPainted(shape.stroke))
+        return;
+    auto joints = isPainted(shape.stroke) ? replaceRoundJoins(shape) : std::nullopt;
+    auto squares = isPainted(shape.stroke) ? squareDots(shape) : std::nullopt;
+    items_.emplace_back(std::move(shape));
+    for (auto& extra : {std::move(joints), std::move(squares)})
+        if (extra)
+            items_.emplace_back(*extra);
+}
+
+/// A fill with another outline than the stroke's becomes a shape of its own.
+void ShapeStage::placeEvenOddFill(Shape& shape) {
+    shape.fillRule = scene::FillRule::nonZero;
+    auto outline = nonZeroOutline(*shape.outline, shape.transform, warnings_);
+    if (!outline)
+        return;
+    Shape fill = shape;
+    fill.outline = std::make_shared<scene::Outline>(std::move(*outline));
+    fill.stroke = {};
+    shape.fill = {};
+    items_.emplace_back(std::move(fill));
+}
+
+}  // namespace psrender::plan

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Core/SmartPtr.h"
+#include "Core/String.h"
+#include "Drawing/Font.h"
+#include "Fonts/FontProgram.h"
+#include "psrender/scene/Geometry.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace psrender::scene {
+
+/// One glyph of a run, laid out.
+struct PlacedGlyph {
+    std::uint32_t id = 0;  ///< of the run's program
+    Point origin;          ///< in the run's space, y downwards
+    double rotation = 0;   ///< degrees, clockwise, around the origin
+
+    friend bool operator==(const PlacedGlyph&, const PlacedGlyph&) = default;
+};
+
+/// Text in one font and size, laid out. The run's space is that of the element around it.
+struct TextRun {
+    Core::SmartPtr<Drawing::Font> font;          ///< under which `program` is found
+    Core::SmartPtr<Fonts::FontProgram> program;  ///< never null
+    double size = 0;                             ///< of the em, in the run's space
+    Core::String text;                           ///< what the run says, in reading order
+    double spacing = 0;                          ///< behind each glyph, beside its advance
+    /// Whether the glyphs are just what showing `text` from the first one's origin gives, with
+    /// the font's own advances and kerning and `spacing`.
+    bool isPlain = false;
+    std::vector<PlacedGlyph> glyphs;
+};
+
+}  // namespace psrender::scene
