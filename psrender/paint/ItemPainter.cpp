@@ -15,7 +15,21 @@ void ItemPainter::operator()(const scene::Text& /*text*/) {}
 
 void ItemPainter::operator()(const scene::Picture& /*picture*/) {}
 
-void ItemPainter::operator()(const scene::Placement& /*placement*/) {}
+void ItemPainter::operator()(const scene::Placement& placement) {
+    setTransform(placement.transform);
+    context_.drawDocumentFragment(fragmentOf(*placement.symbol));
+}
+
+Core::SmartPtr<Drawing::IOutputContext> ItemPainter::fragmentOf(const scene::ItemList& symbol) {
+    auto& fragment = fragments_[&symbol];
+    if (!fragment) {
+        fragment = context_.createDocumentFragment(0, 0);
+        ItemPainter painter(*fragment, brushes_);
+        for (const scene::Item& item : symbol.items)
+            std::visit(painter, item);
+    }
+    return fragment;
+}
 
 void ItemPainter::setTransform(const scene::Affine& transform) {
     if (transform_ != transform)

@@ -3,6 +3,7 @@
 #include "psrender/paint/Brushes.h"
 
 #include <optional>
+#include <unordered_map>
 
 namespace psrender::paint {
 
@@ -24,6 +25,7 @@ public:
 
 private:
     void setTransform(const scene::Affine& transform);
+    Core::SmartPtr<Drawing::IOutputContext> fragmentOf(const scene::ItemList& symbol);
     void setPaints(const scene::Paint& fill, const scene::Paint& stroke,
                    const scene::StrokeStyle& style);
 
@@ -33,6 +35,8 @@ private:
     std::optional<scene::Paint> fill_;
     std::optional<scene::Paint> stroke_;
     scene::StrokeStyle style_;
+    /// What was placed already, by symbol.
+    std::unordered_map<const scene::ItemList*, Core::SmartPtr<Drawing::IOutputContext>> fragments_;
 };
 
 }  // namespace psrender::paint

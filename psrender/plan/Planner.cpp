@@ -1,18 +1,52 @@
 #include "psrender/plan/Planner.h"
 
+#include "psrender/plan/PlacementStage.h"
 #include "psrender/plan/ShapeStage.h"
 
 #include <utility>
 
 namespace psrender::plan {
 
+namespace {
+
+using Items = std::vector<scene::Item>;
+
+/// All sinks but the first, in a row.
+class Row : public Sink {
+public:
+    Row(Items& planned, Warnings& warnings) : shapes_(planned, warnings) {}
+
+    void take(scene::Item item) override { shapes_.take(std::move(item)); }
+
+private:
+    ShapeStage shapes_;
+};
+
+void takeAll(Items items, Sink& sink) {
+    for (scene::Item& item : items)
+        sink.take(std::move(item));
+}
+
+/// Items that stand for themselves, as in a symbol.
+Items planAlone(Items items, Warnings& warnings) {
+    Items planned;
+    Row row(planned, warnings);
+    PlacementStage placements(
+        {}, [](const Items&) { return Items(); }, row);
+    takeAll(std::move(items), placements);
+    return planned;
+}
+
+}  // namespace
+
 scene::Page Planner::plan(scene::Page page, Warnings& warnings) {
     scene::Page planned;
     planned.width = page.width;
     planned.height = page.height;
-    ShapeStage shapes(planned.items, warnings);
-    for (scene::Item& item : page.items)
-        shapes.take(std::move(item));
+    Row row(planned.items, warnings);
+    PlacementStage placements(
+        page, [&](Items items) { return planAlone(std::move(items), warnings); }, row);
+    takeAll(std::move(page.items), placements);
     return planned;
 }
 

@@ -48,6 +48,8 @@ struct InheritedStyle {
     Length dashOffset;
     double fontSize = 16;
     bool isVisible = true;
+
+    friend bool operator==(const InheritedStyle&, const InheritedStyle&) = default;
 };
 
 /// What each element has for itself.
@@ -57,6 +59,8 @@ struct OwnStyle {
     scene::Affine transform;
     PlainPaint stopColor{PlainPaint::Kind::color, {}};
     double stopOpacity = 1;
+
+    friend bool operator==(const OwnStyle&, const OwnStyle&) = default;
 };
 
 /// All properties of one element after cascade and inheritance. Paint references are views
@@ -67,6 +71,8 @@ struct ComputedStyle : InheritedStyle, OwnStyle {
     ComputedStyle() = default;
     /// What a child of an element with the style `parent` begins with.
     static ComputedStyle childOf(const ComputedStyle& parent);
+
+    friend bool operator==(const ComputedStyle&, const ComputedStyle&) = default;
 };
 
 }  // namespace psrender::svg

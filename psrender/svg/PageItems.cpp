@@ -26,12 +26,22 @@ bool takeOver(double opacity, Shape& shape) {
 }  // namespace
 
 bool PageItems::add(Shape shape) {
-    ++shapes_;
-    points_ += shape.outline->points().size() + shape.strokeStyle.dashes.size();
-    if (shapes_ > mostShapes || points_ > mostPoints)
+    if (!grow({1, shape.outline->points().size() + shape.strokeStyle.dashes.size()}))
         return false;
     items_.emplace_back(std::move(shape));
     return true;
+}
+
+bool PageItems::add(scene::Placement placement, Size size) {
+    if (!grow(size))
+        return false;
+    items_.emplace_back(std::move(placement));
+    return true;
+}
+
+bool PageItems::grow(Size size) {
+    size_ = size_ + size;
+    return size_.shapes <= mostShapes && size_.points <= mostPoints;
 }
 
 PageItems::Mark PageItems::beginGroup(double opacity) {
@@ -46,8 +56,9 @@ void PageItems::endGroup(Mark begin) {
         return;
     }
     auto* shape = std::get_if<Shape>(&items_.back());
-    const double opacity = std::get<scene::BeginGroup>(items_[begin]).opacity;
-    if (count == 1 && shape != nullptr && takeOver(opacity, *shape)) {
+    const auto& group = std::get<scene::BeginGroup>(items_[begin]);
+    const double opacity = group.opacity;
+    if (count == 1 && !group.clip && shape != nullptr && takeOver(opacity, *shape)) {
         items_[begin] = std::move(*shape);
         items_.pop_back();
         return;

@@ -14,9 +14,21 @@ class PageItems {
 public:
     using Mark = std::size_t;
 
-    /// False if the page would become too large: more than 2 million shapes or 50 million
-    /// points, those of a shared outline counted each time.
+    /// How much there is to draw; what is shared is counted each time.
+    struct Size {
+        std::size_t shapes = 0;
+        std::size_t points = 0;
+
+        friend Size operator+(Size a, Size b) { return {a.shapes + b.shapes, a.points + b.points}; }
+        friend Size operator-(Size a, Size b) { return {a.shapes - b.shapes, a.points - b.points}; }
+    };
+
+    /// False if the page would become too large: more than 2 million shapes or 50 million points.
     [[nodiscard]] bool add(scene::Shape shape);
+    /// The same for a placement of items of this size.
+    [[nodiscard]] bool add(scene::Placement placement, Size size);
+
+    [[nodiscard]] Size size() const { return size_; }
 
     Mark beginGroup(double opacity);
     void endGroup(Mark begin);
@@ -34,9 +46,10 @@ public:
     }
 
 private:
+    [[nodiscard]] bool grow(Size size);
+
     std::vector<scene::Item> items_;
-    std::size_t shapes_ = 0;
-    std::size_t points_ = 0;
+    Size size_;
 };
 
 }  // namespace psrender::svg

@@ -14,6 +14,8 @@ struct PlainPaint {
 
     Kind kind = Kind::none;
     Rgba color;
+
+    friend bool operator==(const PlainPaint&, const PlainPaint&) = default;
 };
 
 /// The value of a fill or stroke property. With a reference, `plain` is its fallback, which is
@@ -23,6 +25,8 @@ struct PaintValue {
     bool hasReference = false;
     PlainPaint plain;
     bool hasFallback = false;
+
+    friend bool operator==(const PaintValue&, const PaintValue&) = default;
 };
 
 std::optional<PlainPaint> parsePlainPaint(std::string_view text);

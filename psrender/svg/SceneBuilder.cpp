@@ -128,9 +128,12 @@ void SceneBuilder::checkEffort(pugi::xml_node element, const Surroundings& aroun
         tree_.fail(element,
                    "elements and references are nested more than 1000 deep; "
                    "remove groups that hold one group only");
-    if (!around.isReferred)
-        return;
-    referredEffort_ += effortFor(element);
+    if (around.isReferred)
+        addEffort(effortFor(element), element);
+}
+
+void SceneBuilder::addEffort(std::size_t effort, pugi::xml_node element) {
+    referredEffort_ += effort;
     if (referredEffort_ > mostReferredEffort)
         tree_.fail(element,
                    "<use> elements repeat more than the equivalent of 10 million "

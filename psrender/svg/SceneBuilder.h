@@ -7,6 +7,7 @@
 #include "psrender/svg/PaintResolver.h"
 #include "psrender/svg/ShapeReader.h"
 #include "psrender/svg/StyleResolver.h"
+#include "psrender/svg/SymbolStore.h"
 #include "psrender/svg/Viewport.h"
 #include "psrender/svg/XmlTree.h"
 
@@ -47,9 +48,14 @@ private:
     void drawChoice(pugi::xml_node element, const Surroundings& inside);
     void drawViewport(pugi::xml_node element, const scene::Rect& area, const Surroundings& inside);
     void checkEffort(pugi::xml_node element, const Surroundings& around);
+    void addEffort(std::size_t effort, pugi::xml_node element);
+    [[noreturn]] void failOfSize(pugi::xml_node element) const;
 
     void drawUse(pugi::xml_node use, const Surroundings& inside);
     void drawTarget(pugi::xml_node use, pugi::xml_node target, const Surroundings& inside);
+    const Symbol& symbolOf(pugi::xml_node target, const Surroundings& inside,
+                           const std::optional<scene::Rect>& area);
+    void place(pugi::xml_node element, const Symbol& symbol, const scene::Affine& toPage);
     [[nodiscard]] pugi::xml_node findTarget(pugi::xml_node use);
     [[nodiscard]] scene::Rect nestedArea(pugi::xml_node svg, const Measures& measures) const;
     [[nodiscard]] scene::Rect targetArea(pugi::xml_node use, pugi::xml_node target,
@@ -65,6 +71,7 @@ private:
     PaintResolver paints_;
     ShapeReader shapes_;
     PageItems items_;
+    SymbolStore symbols_;
     std::vector<pugi::xml_node> targets_;  ///< of the references that are being drawn
     std::size_t referredEffort_ = 0;
 };

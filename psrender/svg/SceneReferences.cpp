@@ -5,8 +5,17 @@
 #include "psrender/svg/SceneBuilder.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 namespace psrender::svg {
+
+namespace {
+
+/// References from which on a target is drawn once and placed.
+constexpr std::size_t worthSharing = 3;
+
+}  // namespace
 
 using scene::Affine;
 using scene::Rect;
@@ -30,12 +39,38 @@ void SceneBuilder::drawUse(pugi::xml_node use, const Surroundings& inside) {
 void SceneBuilder::drawTarget(pugi::xml_node use, pugi::xml_node target,
                               const Surroundings& inside) {
     const ElementKind kind = elementKind(target.name());
-    if (kind != ElementKind::svg && kind != ElementKind::symbol) {
-        draw(target, inside);
-        return;
+    std::optional<Rect> area;
+    if (kind == ElementKind::svg || kind == ElementKind::symbol)
+        area = targetArea(use, target, inside.measures);
+    if (tree_.timesUsed(target.attribute("id").value()) < worthSharing)
+        draw(target, inside, area ? &*area : nullptr);
+    else if (canBeDrawn(inside.toPage))
+        place(use, symbolOf(target, inside, area), inside.toPage);
+}
+
+/// The target as it is drawn at the origin.
+const Symbol& SceneBuilder::symbolOf(pugi::xml_node target, const Surroundings& inside,
+                                     const std::optional<Rect>& area) {
+    Appearance appearance{inside.style, inside.measures, area};
+    appearance.style.transform = {};
+    if (const Symbol* known = symbols_.find(target, appearance)) {
+        addEffort(known->effort, target);
+        return *known;
     }
-    const Rect area = targetArea(use, target, inside.measures);
-    draw(target, inside, &area);
+    const std::size_t effortBefore = referredEffort_;
+    const PageItems::Size sizeBefore = items_.size();
+    Surroundings around = inside;
+    around.toPage = {};
+    Symbol symbol;
+    symbol.items = items_.record([&] { draw(target, around, area ? &*area : nullptr); });
+    symbol.effort = referredEffort_ - effortBefore;
+    symbol.size = items_.size() - sizeBefore;
+    return symbols_.keep(target, appearance, std::move(symbol));
+}
+
+void SceneBuilder::place(pugi::xml_node element, const Symbol& symbol, const Affine& toPage) {
+    if (!symbol.items->items.empty() && !items_.add({symbol.items, toPage}, symbol.size))
+        failOfSize(element);
 }
 
 pugi::xml_node SceneBuilder::findTarget(pugi::xml_node use) {

@@ -105,9 +105,13 @@ void SceneBuilder::drawShape(ElementKind kind, pugi::xml_node element, const Sur
     shape.transform = inside.toPage;
     shape.fillRule = style.fillRule;
     if (!items_.add(std::move(shape)))
-        tree_.fail(element,
-                   "the picture has more than 2 million shapes or 50 million points; "
-                   "split it or simplify its paths");
+        failOfSize(element);
+}
+
+void SceneBuilder::failOfSize(pugi::xml_node element) const {
+    tree_.fail(element,
+               "the picture has more than 2 million shapes or 50 million points; "
+               "split it or simplify its paths");
 }
 
 /// A map that flattens everything shows nothing.

@@ -89,9 +89,18 @@ void XmlTree::index() {
     forEachElement(root(), [this](pugi::xml_node element, std::size_t) {
         if (const pugi::xml_attribute id = element.attribute("id"))
             ids_.try_emplace(id.value(), element);
-        if (elementKind(element.name()) == ElementKind::style)
+        const ElementKind kind = elementKind(element.name());
+        if (kind == ElementKind::style)
             styles_.push_back(element);
+        else if (kind == ElementKind::use)
+            if (const std::string_view href = hrefOf(element); href.starts_with('#'))
+                ++uses_[href.substr(1)];
     });
+}
+
+std::size_t XmlTree::timesUsed(std::string_view id) const {
+    const auto found = uses_.find(id);
+    return found == uses_.end() ? 0 : found->second;
 }
 
 pugi::xml_node XmlTree::byId(std::string_view id) const {

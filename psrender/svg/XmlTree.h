@@ -21,6 +21,8 @@ public:
     [[nodiscard]] pugi::xml_node root() const { return document_.document_element(); }
     /// The first element with this id, or none.
     [[nodiscard]] pugi::xml_node byId(std::string_view id) const;
+    /// How often `use` elements refer to this id.
+    [[nodiscard]] std::size_t timesUsed(std::string_view id) const;
     /// The `style` elements, in document order.
     [[nodiscard]] const std::vector<pugi::xml_node>& styleElements() const { return styles_; }
 
@@ -35,6 +37,7 @@ private:
     SourceText source_;
     pugi::xml_document document_;
     std::unordered_map<std::string_view, pugi::xml_node> ids_;
+    std::unordered_map<std::string_view, std::size_t> uses_;  ///< by the id of their target
     std::vector<pugi::xml_node> styles_;
 };
 
