@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 namespace psrender::svg {
@@ -20,13 +21,9 @@ constexpr FeatureSet mask = 2;
 constexpr FeatureSet filter = 4;
 constexpr FeatureSet blendMode = 8;
 constexpr FeatureSet fixedStrokeWidth = 16;
-constexpr FeatureSet markerStart = 32;
-constexpr FeatureSet markerMid = 64;
-constexpr FeatureSet markerEnd = 128;
-constexpr FeatureSet paintOrder = 256;
+constexpr FeatureSet paintOrder = 32;
 
-constexpr FeatureSet anyMarker = markerStart | markerMid | markerEnd;
-constexpr FeatureSet inherited = anyMarker | paintOrder;
+constexpr FeatureSet inherited = paintOrder;
 }  // namespace feature
 
 /// Shared between an element and what inherits it; never null entries. Null means solid.
@@ -48,6 +45,10 @@ struct InheritedStyle {
     Length dashOffset;
     double fontSize = 16;
     bool isVisible = true;
+    /// Ids of markers, empty for none.
+    std::string_view markerStart;
+    std::string_view markerMid;
+    std::string_view markerEnd;
 
     friend bool operator==(const InheritedStyle&, const InheritedStyle&) = default;
 };

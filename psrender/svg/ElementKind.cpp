@@ -36,7 +36,7 @@ constexpr std::array entries{
     Entry{"image", image},
     Entry{"line", line},
     Entry{"linearGradient", gradient},
-    Entry{"marker", definition},
+    Entry{"marker", marker},
     Entry{"mask", definition},
     Entry{"metadata", silent},
     Entry{"mpath", silent},

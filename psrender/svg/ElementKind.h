@@ -23,6 +23,7 @@ enum class ElementKind : std::uint8_t {
     pattern,
     stop,
     style,
+    marker,
     definition,  ///< shown only where something refers to it
     silent,      ///< changes nothing on a still picture
     foreign,     ///< of another vocabulary than SVG

@@ -44,8 +44,8 @@ bool PageItems::grow(Size size) {
     return size_.shapes <= mostShapes && size_.points <= mostPoints;
 }
 
-PageItems::Mark PageItems::beginGroup(double opacity) {
-    items_.emplace_back(scene::BeginGroup{opacity});
+PageItems::Mark PageItems::beginGroup(double opacity, std::optional<scene::Clip> clip) {
+    items_.emplace_back(scene::BeginGroup{opacity, std::move(clip)});
     return items_.size() - 1;
 }
 

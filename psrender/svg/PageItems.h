@@ -3,6 +3,7 @@
 #include "psrender/scene/DisplayList.h"
 
 #include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -30,7 +31,7 @@ public:
 
     [[nodiscard]] Size size() const { return size_; }
 
-    Mark beginGroup(double opacity);
+    Mark beginGroup(double opacity, std::optional<scene::Clip> clip = std::nullopt);
     void endGroup(Mark begin);
 
     std::vector<scene::Item> takeItems() { return std::exchange(items_, {}); }

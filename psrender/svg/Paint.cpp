@@ -16,7 +16,7 @@ std::string_view localId(std::string_view address) {
     return address.starts_with('#') ? address.substr(1) : std::string_view();
 }
 
-std::optional<PaintValue> parseReference(std::string_view text) {
+std::optional<PaintValue> parseServer(std::string_view text) {
     const std::size_t end = text.find(')');
     if (end == none)
         return std::nullopt;
@@ -36,6 +36,15 @@ std::optional<PaintValue> parseReference(std::string_view text) {
 
 }  // namespace
 
+std::optional<std::string_view> parseReference(std::string_view text) {
+    const std::string_view value = trimmed(text);
+    if (equalsIgnoringCase(value, "none"))
+        return std::string_view();
+    if (!equalsIgnoringCase(value.substr(0, 4), "url(") || !value.ends_with(')'))
+        return std::nullopt;
+    return localId(value.substr(4, value.size() - 5));
+}
+
 std::optional<PlainPaint> parsePlainPaint(std::string_view text) {
     // A device colour stands before its equivalent in an ICC profile, which is not read.
     const std::string_view value = trimmed(text.substr(0, text.find("icc-color(")));
@@ -50,7 +59,7 @@ std::optional<PlainPaint> parsePlainPaint(std::string_view text) {
 std::optional<PaintValue> parsePaint(std::string_view text) {
     const std::string_view value = trimmed(text);
     if (equalsIgnoringCase(value.substr(0, 4), "url("))
-        return parseReference(value);
+        return parseServer(value);
     const auto plain = parsePlainPaint(value);
     return plain ? std::optional(PaintValue{{}, false, *plain}) : std::nullopt;
 }

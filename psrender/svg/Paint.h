@@ -29,6 +29,10 @@ struct PaintValue {
     friend bool operator==(const PaintValue&, const PaintValue&) = default;
 };
 
+/// The id that "url(#id)" refers to, empty for "none" and for what is not in the document; nothing
+/// for any other text.
+std::optional<std::string_view> parseReference(std::string_view text);
+
 std::optional<PlainPaint> parsePlainPaint(std::string_view text);
 std::optional<PaintValue> parsePaint(std::string_view text);
 

@@ -6,8 +6,6 @@
 #include "psrender/svg/XmlTree.h"
 #include "psrender/svg/XmlWalk.h"
 
-#include <vector>
-
 namespace psrender::svg {
 
 namespace {
@@ -62,7 +60,7 @@ PlainPaint PaintResolver::readFirstStop(pugi::xml_node gradient) {
     const pugi::xml_node stop = findFirstStop(gradient);
     if (!stop)
         return {};
-    const ComputedStyle style = styleOf(stop);
+    const ComputedStyle style = styles_.resolveInPlace(stop);
     PlainPaint paint = style.stopColor;
     if (paint.kind == PlainPaint::Kind::currentColor)
         paint = {PlainPaint::Kind::color, style.color};
@@ -79,17 +77,6 @@ pugi::xml_node PaintResolver::findFirstStop(pugi::xml_node gradient) const {
         gradient = href.starts_with('#') ? tree_.byId(href.substr(1)) : pugi::xml_node();
     }
     return {};
-}
-
-/// The style of an element where it stands, worked out from the root downwards.
-ComputedStyle PaintResolver::styleOf(pugi::xml_node element) {
-    std::vector<pugi::xml_node> line;
-    for (; element; element = parentElement(element))
-        line.push_back(element);
-    ComputedStyle style;
-    for (auto each = line.rbegin(); each != line.rend(); ++each)
-        style = styles_.resolve(*each, style);
-    return style;
 }
 
 }  // namespace psrender::svg

@@ -32,7 +32,6 @@ private:
     const PlainPaint& firstStopOf(std::string_view gradientId, pugi::xml_node gradient);
     PlainPaint readFirstStop(pugi::xml_node gradient);
     [[nodiscard]] pugi::xml_node findFirstStop(pugi::xml_node gradient) const;
-    ComputedStyle styleOf(pugi::xml_node element);
 
     const XmlTree& tree_;
     StyleResolver& styles_;

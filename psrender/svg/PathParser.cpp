@@ -23,7 +23,7 @@ public:
             isWhole = readCommand();
             scanner_.skipSpace();
         }
-        return {pen_.takeOutline(), isWhole};
+        return {pen_.takeOutline(), isWhole, pen_.takeJoints()};
     }
 
 private:

@@ -48,7 +48,10 @@ void PathPen::smoothQuadratic(Point to) {
 
 void PathPen::arc(const Arc& arc) {
     begin();
+    const std::size_t before = outline_.points().size();
     appendArc(outline_, current_, arc);
+    for (std::size_t end = before + 3; end < outline_.points().size(); end += 3)
+        joints_.push_back(end - 1);
     arrive(arc.end, Last::other, arc.end);
 }
 

@@ -3,8 +3,10 @@
 #include "psrender/scene/Outline.h"
 #include "psrender/svg/ArcToCubics.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <utility>
+#include <vector>
 
 namespace psrender::svg {
 
@@ -15,6 +17,8 @@ class PathPen {
 public:
     [[nodiscard]] scene::Point current() const { return current_; }
     scene::Outline takeOutline() { return std::move(outline_); }
+    /// Which of the outline's points lie within an arc that several curves make up.
+    std::vector<std::size_t> takeJoints() { return std::move(joints_); }
 
     void move(scene::Point to);
     void line(scene::Point to);
@@ -34,6 +38,7 @@ private:
     [[nodiscard]] scene::Point mirrored(Last kind) const;
 
     scene::Outline outline_;
+    std::vector<std::size_t> joints_;
     scene::Point start_;
     scene::Point current_;
     scene::Point control_;  ///< the last control point of the segment before

@@ -66,6 +66,17 @@ bool applyOpacity(std::string_view text, Style& style) {
     return assign(style.*field, parseOpacity(text));
 }
 
+template <auto field>
+bool applyReference(std::string_view text, Style& style) {
+    return assign(style.*field, parseReference(text));
+}
+
+bool applyMarkers(std::string_view text, Style& style) {
+    return applyReference<&Style::markerStart>(text, style) &&
+           applyReference<&Style::markerMid>(text, style) &&
+           applyReference<&Style::markerEnd>(text, style);
+}
+
 template <auto field, const auto& keywords>
 bool applyKeyword(std::string_view text, Style& style) {
     return assign(style.*field, lookUp(keywords, text));
@@ -151,6 +162,12 @@ void copyLeftOut(const Style& from, Style& to) {
         static_cast<FeatureSet>((to.leftOut & ~unsigned{features}) | (from.leftOut & features));
 }
 
+void copyMarkers(const Style& from, Style& to) {
+    copy<&Style::markerStart>(from, to);
+    copy<&Style::markerMid>(from, to);
+    copy<&Style::markerEnd>(from, to);
+}
+
 struct Property {
     std::string_view name;
     bool (*apply)(std::string_view text, Style& style);
@@ -172,10 +189,10 @@ constexpr std::array<Property, propertyCount> properties{{
     {"fill-rule", applyKeyword<&Style::fillRule, fillRules>, copy<&Style::fillRule>},
     leftOut<feature::filter>("filter"),
     {"font-size", applyFontSize, copy<&Style::fontSize>},
-    leftOut<feature::anyMarker>("marker"),
-    leftOut<feature::markerEnd>("marker-end"),
-    leftOut<feature::markerMid>("marker-mid"),
-    leftOut<feature::markerStart>("marker-start"),
+    {"marker", applyMarkers, copyMarkers},
+    {"marker-end", applyReference<&Style::markerEnd>, copy<&Style::markerEnd>},
+    {"marker-mid", applyReference<&Style::markerMid>, copy<&Style::markerMid>},
+    {"marker-start", applyReference<&Style::markerStart>, copy<&Style::markerStart>},
     leftOut<feature::mask>("mask"),
     leftOut<feature::blendMode>("mix-blend-mode"),
     {"opacity", applyOpacity<&Style::opacity>, copy<&Style::opacity>},

@@ -3,6 +3,7 @@
 #include "psrender/scene/DisplayList.h"
 #include "psrender/svg/ComputedStyle.h"
 #include "psrender/svg/ElementKind.h"
+#include "psrender/svg/MarkerVertices.h"
 #include "psrender/svg/PageItems.h"
 #include "psrender/svg/PaintResolver.h"
 #include "psrender/svg/ShapeReader.h"
@@ -11,6 +12,7 @@
 #include "psrender/svg/Viewport.h"
 #include "psrender/svg/XmlTree.h"
 
+#include <functional>
 #include <vector>
 
 namespace psrender::svg {
@@ -53,8 +55,11 @@ private:
 
     void drawUse(pugi::xml_node use, const Surroundings& inside);
     void drawTarget(pugi::xml_node use, pugi::xml_node target, const Surroundings& inside);
-    const Symbol& symbolOf(pugi::xml_node target, const Surroundings& inside,
-                           const std::optional<scene::Rect>& area);
+    const Symbol& symbolOfTarget(pugi::xml_node target, const Surroundings& inside,
+                                 const std::optional<scene::Rect>& area);
+    /// What `draw` draws at the origin, which it does unless that is known already.
+    const Symbol& symbolOf(pugi::xml_node target, const Appearance& appearance,
+                           const std::function<void()>& draw);
     void place(pugi::xml_node element, const Symbol& symbol, const scene::Affine& toPage);
     [[nodiscard]] pugi::xml_node findTarget(pugi::xml_node use);
     [[nodiscard]] scene::Rect nestedArea(pugi::xml_node svg, const Measures& measures) const;
@@ -62,6 +67,14 @@ private:
                                          const Measures& measures) const;
 
     void drawShape(ElementKind kind, pugi::xml_node element, const Surroundings& inside);
+    [[nodiscard]] scene::Shape paintedShape(const Surroundings& inside);
+    void addShape(scene::Shape shape, pugi::xml_node element);
+    [[nodiscard]] static bool hasMarkers(ElementKind kind, const ComputedStyle& style);
+    void drawMarkers(pugi::xml_node element, const scene::Outline& outline,
+                     const Surroundings& inside);
+    void drawMarker(pugi::xml_node marker, const MarkerVertex& vertex, bool isStart,
+                    const Surroundings& inside);
+    const Symbol& symbolOfMarker(pugi::xml_node marker, const Surroundings& inside);
     [[nodiscard]] bool canBeDrawn(const scene::Affine& toPage);
     void warnOfLeftOut(const ComputedStyle& style, ElementKind kind);
 

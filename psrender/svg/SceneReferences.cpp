@@ -45,24 +45,31 @@ void SceneBuilder::drawTarget(pugi::xml_node use, pugi::xml_node target,
     if (tree_.timesUsed(target.attribute("id").value()) < worthSharing)
         draw(target, inside, area ? &*area : nullptr);
     else if (canBeDrawn(inside.toPage))
-        place(use, symbolOf(target, inside, area), inside.toPage);
+        place(use, symbolOfTarget(target, inside, area), inside.toPage);
 }
 
 /// The target as it is drawn at the origin.
-const Symbol& SceneBuilder::symbolOf(pugi::xml_node target, const Surroundings& inside,
-                                     const std::optional<Rect>& area) {
+const Symbol& SceneBuilder::symbolOfTarget(pugi::xml_node target, const Surroundings& inside,
+                                           const std::optional<Rect>& area) {
     Appearance appearance{inside.style, inside.measures, area};
     appearance.style.transform = {};
+    return symbolOf(target, appearance, [&] {
+        Surroundings around = inside;
+        around.toPage = {};
+        draw(target, around, area ? &*area : nullptr);
+    });
+}
+
+const Symbol& SceneBuilder::symbolOf(pugi::xml_node target, const Appearance& appearance,
+                                     const std::function<void()>& draw) {
     if (const Symbol* known = symbols_.find(target, appearance)) {
         addEffort(known->effort, target);
         return *known;
     }
     const std::size_t effortBefore = referredEffort_;
     const PageItems::Size sizeBefore = items_.size();
-    Surroundings around = inside;
-    around.toPage = {};
     Symbol symbol;
-    symbol.items = items_.record([&] { draw(target, around, area ? &*area : nullptr); });
+    symbol.items = items_.record(draw);
     symbol.effort = referredEffort_ - effortBefore;
     symbol.size = items_.size() - sizeBefore;
     return symbols_.keep(target, appearance, std::move(symbol));

@@ -33,12 +33,6 @@ constexpr std::array leftOutOfShapes{
     LeftOut{feature::paintOrder, "fill is drawn before stroke whatever is asked (paint-order)"},
     LeftOut{feature::fixedStrokeWidth, "lines are scaled with their shape (vector-effect)"},
 };
-constexpr LeftOut leftOutOfPaths{feature::anyMarker, "markers are left out (marker)"};
-
-bool takesMarkers(ElementKind kind) {
-    return kind == ElementKind::path || kind == ElementKind::line ||
-           kind == ElementKind::polyline || kind == ElementKind::polygon;
-}
 
 void warn(const LeftOut& leftOut, FeatureSet present, Warnings& warnings) {
     if ((leftOut.features & present) != 0)
@@ -84,26 +78,39 @@ StrokeStyle resolveStroke(const ComputedStyle& style, const Measures& measures) 
 }  // namespace
 
 void SceneBuilder::drawShape(ElementKind kind, pugi::xml_node element, const Surroundings& inside) {
-    const ComputedStyle& style = inside.style;
-    if (!style.isVisible || !canBeDrawn(inside.toPage))
+    if (!inside.style.isVisible || !canBeDrawn(inside.toPage))
         return;
-    Shape shape;
-    shape.fill = paints_.resolve(style.fill, style.fillOpacity, style.color);
-    if (style.strokeWidth.value > 0)
-        shape.stroke = paints_.resolve(style.stroke, style.strokeOpacity, style.color);
-    if (shape.fill.kind == Paint::Kind::none && shape.stroke.kind == Paint::Kind::none)
+    const bool marked = hasMarkers(kind, inside.style);
+    Shape shape = paintedShape(inside);
+    if (!marked && shape.fill.kind == Paint::Kind::none && shape.stroke.kind == Paint::Kind::none)
         return;
     shape.outline = shapes_.read(element, kind, inside.measures, inside.isReferred);
     if (!shape.outline)
         return;
-    if (!hasInside(*shape.outline))
-        shape.fill = {};
+    const SharedOutline outline = shape.outline;
+    addShape(std::move(shape), element);
+    if (marked)
+        drawMarkers(element, *outline, inside);
+}
+
+Shape SceneBuilder::paintedShape(const Surroundings& inside) {
+    const ComputedStyle& style = inside.style;
+    Shape shape;
+    shape.transform = inside.toPage;
+    shape.fill = paints_.resolve(style.fill, style.fillOpacity, style.color);
+    shape.fillRule = style.fillRule;
+    if (style.strokeWidth.value > 0)
+        shape.stroke = paints_.resolve(style.stroke, style.strokeOpacity, style.color);
     if (shape.stroke.kind != Paint::Kind::none)
         shape.strokeStyle = resolveStroke(style, inside.measures);
-    else if (shape.fill.kind == Paint::Kind::none)
+    return shape;
+}
+
+void SceneBuilder::addShape(Shape shape, pugi::xml_node element) {
+    if (!hasInside(*shape.outline))
+        shape.fill = {};
+    if (shape.fill.kind == Paint::Kind::none && shape.stroke.kind == Paint::Kind::none)
         return;
-    shape.transform = inside.toPage;
-    shape.fillRule = style.fillRule;
     if (!items_.add(std::move(shape)))
         failOfSize(element);
 }
@@ -133,8 +140,6 @@ void SceneBuilder::warnOfLeftOut(const ComputedStyle& style, ElementKind kind) {
         return;
     for (const LeftOut& leftOut : leftOutOfShapes)
         warn(leftOut, style.leftOut, warnings_);
-    if (takesMarkers(kind))
-        warn(leftOutOfPaths, style.leftOut, warnings_);
 }
 
 }  // namespace psrender::svg

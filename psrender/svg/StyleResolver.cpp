@@ -3,6 +3,7 @@
 #include "psrender/Warnings.h"
 #include "psrender/svg/Characters.h"
 #include "psrender/svg/Properties.h"
+#include "psrender/svg/XmlWalk.h"
 
 #include <array>
 
@@ -88,6 +89,16 @@ ComputedStyle StyleResolver::resolve(pugi::xml_node element, const ComputedStyle
         addStyleAttribute(styleAttribute, cascade);
     ComputedStyle style = ComputedStyle::childOf(parent);
     cascade.applyTo(style, parent, warnings_);
+    return style;
+}
+
+ComputedStyle StyleResolver::resolveInPlace(pugi::xml_node element) {
+    std::vector<pugi::xml_node> line;
+    for (; element; element = parentElement(element))
+        line.push_back(element);
+    ComputedStyle style;
+    for (auto each = line.rbegin(); each != line.rend(); ++each)
+        style = resolve(*each, style);
     return style;
 }
 

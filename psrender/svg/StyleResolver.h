@@ -24,6 +24,9 @@ public:
     /// when the style sheets make for too much work.
     ComputedStyle resolve(pugi::xml_node element, const ComputedStyle& parent);
 
+    /// The style of an element where it stands, worked out from the root downwards.
+    ComputedStyle resolveInPlace(pugi::xml_node element);
+
 private:
     class Cascade;
 

@@ -59,7 +59,16 @@ std::string describe(const Shape& shape) {
     return text + " " + toText(shape.outline->transformed(toPixels * shape.transform));
 }
 
+/// Where the origin of a symbol comes to lie, and which way its x axis points.
+std::string describe(const scene::Placement& placement) {
+    const scene::Affine& map = placement.transform;
+    return "symbol at " + number(map.e * pixelsPerPoint) + "," + number(map.f * pixelsPerPoint) +
+           " along " + number(map.a * pixelsPerPoint) + "," + number(map.b * pixelsPerPoint);
+}
+
 std::string describe(const scene::Item& item) {
+    if (const auto* placement = std::get_if<scene::Placement>(&item))
+        return describe(*placement);
     if (const auto* group = std::get_if<scene::BeginGroup>(&item))
         return "begin " + number(group->opacity);
     const auto* shape = std::get_if<Shape>(&item);

@@ -159,5 +159,42 @@ TEST(SvgElements, WithWrongAttributesAreDrawnWithoutThem) {
                             "point lists with an error are drawn up to it"));
 }
 
+TEST(SvgSymbols, AreDrawnOnceForEachAppearance) {
+    const Reading reading = readBody(
+        "<path id='t' d='M0 0h1v1'/><use href='#t' x='3'/>"
+        "<g fill='red'><use href='#t'/><use href='#t' y='2'/></g>");
+    ASSERT_EQ(4U, reading.items.size());
+    const auto list = [&](std::size_t i) {
+        return std::get<scene::Placement>(reading.page.items[i]).symbol;
+    };
+    EXPECT_EQ("symbol at 3,0 along 1,0", reading.items[1]);
+    EXPECT_NE(list(1), list(2));
+    EXPECT_EQ(list(2), list(3));
+}
+
+TEST(SvgMarkers, StandOnVerticesAndTurnWithThePath) {
+    const std::string markers =
+        "<marker id='m' refX='1' orient='auto-start-reverse'><path d='M0 0h1v1'/></marker>"
+        "<marker id='f' orient='90' markerUnits='userSpaceOnUse'><path d='M0 0h1v1'/></marker>";
+    const struct {
+        std::string body;
+        std::vector<std::string> expected;
+    } cases[] = {
+        {"<path d='M10 10L20 10' stroke-width='2' marker-start='url(#m)' marker-end='url(#m)'/>",
+         {"symbol at 12,10 along -2,0", "symbol at 18,10 along 2,0"}},
+        {"<polygon points='0,0 10,0 10,10' fill='none' marker-mid='url(#f)'/>",
+         {"symbol at 10,0 along 0,1", "symbol at 10,10 along 0,1"}},
+        {"<path d='M0 0a10 10 0 1 1 20 0a10 10 0 1 1 -20 0' fill='none' marker-mid='url(#m)'/>",
+         {"symbol at 20,-1 along 0,1"}},
+        {"<path d='M0 0C0 0 10 0 10 10z' fill='none' marker-start='url(#f)'/>",
+         {"symbol at 0,0 along 0,1"}},
+        {"<rect width='1' height='1' fill='none' marker='url(#m)'/>"
+         "<line x2='5' style='marker:url(#none)'/>",
+         {}},
+    };
+    for (const auto& [body, expected] : cases)
+        EXPECT_THAT(drawn(markers + body), testing::ElementsAreArray(expected)) << body;
+}
+
 }  // namespace
 }  // namespace psrender::svg
