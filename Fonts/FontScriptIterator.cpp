@@ -32,8 +32,12 @@ bool FontScriptIterator::next(FontScript& run) {
     if (position_ == text_.length())
         return false;
     const Run found = findRun();
-    run.text = text_.subString(position_, found.end - position_);
     run.script = found.script;
+    if (position_ == 0 && found.end == text_.length()) {
+        run.text = std::exchange(text_, {});
+        return true;
+    }
+    run.text = text_.subString(position_, found.end - position_);
     position_ = found.end;
     return true;
 }

@@ -32,7 +32,9 @@ Core::ByteArray OpenTypeFont::getProgramData() const {
 }
 
 std::vector<FontProgram::GlyphId> OpenTypeFont::mapGlyphs(const FontScript& run) const {
-    return Characters::map(run, [font = face_->font.get()](char32_t character) -> GlyphId {
+    return Characters::map(run, [&, font = face_->font.get()](char32_t character) -> GlyphId {
+        if (character < face_->latinGlyphs.size() && face_->latinGlyphs[character] != 0)
+            return face_->latinGlyphs[character];
         hb_codepoint_t glyph = 0;
         return hb_font_get_nominal_glyph(font, character, &glyph) != 0 ? glyph : kMissingGlyph;
     });

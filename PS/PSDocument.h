@@ -238,7 +238,15 @@ private:
                      ImageEncodeType encoding) const;
     static Core::ByteArray opaqueBytes(const Core::SmartPtr<Image>& image, int selector);
 
+    /// The call that shows kerned text in a standard font, as it was last made.
+    struct KernCall {
+        std::uint32_t font = 0;  ///< number of the resource
+        std::string text;
+    };
+    [[nodiscard]] const std::string& kernCallOfFont();
+
     MatrixLine matrixLine;
+    KernCall kernCall;
 };
 
 }  // namespace Drawing::PS

@@ -44,7 +44,9 @@ String colorSpaceName(ColorType type) {
 }  // namespace
 
 bool PSDocument::hasGradientFill(const Core::SmartPtr<PSGradient>& gradient) const {
-    return std::ranges::find(gradients, gradient) != gradients.end();
+    // Registration gives the name, so the search is for none that may be long.
+    return !gradient->getName().isEmpty() &&
+           std::ranges::find(gradients, gradient) != gradients.end();
 }
 
 void PSDocument::assignShaderName(PSGradient& gradient) {

@@ -162,12 +162,18 @@ void PSDocument::writeStandardTextFill() {
     if (graphicsState->fill->getOpacity() != 0.0F)
         writeBrush(graphicsState->fill);
     if (kerning) {
-        scriptStream->write("{ ");
-        writeLn(scriptStream, currentFontResource->getName() + u"Kern kernfunc } exch kshow");
-        writeFixed<"pop\n">(*scriptStream);
+        scriptStream->write(kernCallOfFont());
     } else {
         writeTextFill();
     }
+}
+
+const std::string& PSDocument::kernCallOfFont() {
+    const std::uint32_t font = currentFontResource->getNumber();
+    if (kernCall.text.empty() || kernCall.font != font)
+        kernCall = {font, "{ " + currentFontResource->getName().toUtf8() +
+                              "Kern kernfunc } exch kshow\npop\n"};
+    return kernCall.text;
 }
 
 }  // namespace Drawing::PS

@@ -24,6 +24,13 @@ HarfBuzzPtr<hb_font_t> openFont(hb_face_t* face) {
     return font;
 }
 
+std::array<std::uint32_t, 256> mapLatin(hb_font_t* font) {
+    std::array<std::uint32_t, 256> glyphs{};
+    for (hb_codepoint_t character = 0; character < glyphs.size(); ++character)
+        hb_font_get_nominal_glyph(font, character, &glyphs[character]);
+    return glyphs;
+}
+
 }  // namespace
 
 OpenTypeFace::OpenTypeFace(FontBytes fontBytes, std::uint32_t index)
@@ -36,6 +43,7 @@ OpenTypeFace::OpenTypeFace(FontBytes fontBytes, std::uint32_t index)
       unit(kEm / static_cast<float>(hb_face_get_upem(face.get()))),
       licenceBits(BigEndian::read16(directory.table(sfntTag("OS/2")), kLicenceBitsOffset)),
       metrics(openTypeMetrics(font.get(), unit, bytes.name())),
-      kerning(font.get()) {}
+      kerning(font.get()),
+      latinGlyphs(mapLatin(font.get())) {}
 
 }  // namespace Fonts

@@ -6,6 +6,7 @@
 #include "Fonts/internal/OpenTypeKerning.h"
 #include "Fonts/internal/SfntDirectory.h"
 
+#include <array>
 #include <cstdint>
 
 namespace Fonts {
@@ -27,6 +28,8 @@ public:
     const std::uint32_t licenceBits;
     const FontMetrics metrics;
     const OpenTypeKerning kerning;
+    /// Glyphs of the first characters, which most text consists of; 0 where there is none.
+    const std::array<std::uint32_t, 256> latinGlyphs;
 };
 
 }  // namespace Fonts

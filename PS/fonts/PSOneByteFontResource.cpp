@@ -3,12 +3,14 @@
 #include "Core/Exception.h"
 #include "Fonts/FontScriptIterator.h"
 
-#include <algorithm>
+#include <array>
+#include <utility>
 
 namespace Drawing::PS {
 
 namespace {
 
+constexpr std::int32_t kQuickGlyphs = 1 << 16;
 constexpr std::int32_t kNoGlyph = -2;  // -1 is the missing glyph, which has a code like any other
 
 }  // namespace
@@ -19,10 +21,9 @@ PSOneByteFontResource::~PSOneByteFontResource() = default;
 /// might not have.
 int PSOneByteFontResource::addGlyphs(const Core::String& text) {
     std::vector<std::int32_t> fresh;
-    Fonts::FontScriptIterator runs(text, 0);
-    for (Fonts::FontScript run; runs.next(run);)
-        for (const GlyphId glyph : fontProgram->mapGlyphs(run))
-            if (!glyphCodes.contains(static_cast<std::int32_t>(glyph)))
+    for (const MappedRun& mapped : mapText(text))
+        for (const GlyphId glyph : mapped.glyphs)
+            if (findCode(static_cast<std::int32_t>(glyph)) == kNoCode)
                 fresh.push_back(static_cast<std::int32_t>(glyph));
     if (fresh.empty())
         return nothingNew;
@@ -33,27 +34,55 @@ int PSOneByteFontResource::addGlyphs(const Core::String& text) {
     return added;
 }
 
+const std::vector<PSOneByteFontResource::MappedRun>& PSOneByteFontResource::mapText(
+    const Core::String& text) {
+    if (mappedText == text && !mappedRuns.empty())
+        return mappedRuns;
+    mappedRuns.clear();
+    mappedText = text;
+    Fonts::FontScriptIterator runs(text, 0);
+    for (Fonts::FontScript run; runs.next(run);) {
+        std::vector<GlyphId> glyphs = fontProgram->mapGlyphs(run);
+        mappedRuns.push_back({std::move(run), std::move(glyphs)});
+    }
+    return mappedRuns;
+}
+
 void PSOneByteFontResource::assignCode(std::int32_t glyph) {
-    glyphCodes.try_emplace(glyph, static_cast<std::uint32_t>(glyphCodes.size()));
+    const auto next = static_cast<std::uint32_t>(glyphCodes.size());
+    if (!glyphCodes.try_emplace(glyph, next).second || glyph < 0 || glyph >= kQuickGlyphs)
+        return;
+    const auto index = static_cast<std::size_t>(glyph);
+    if (index >= quickCodes.size())
+        quickCodes.resize(index + 1, kNoCode);
+    quickCodes[index] = next;
+}
+
+std::uint32_t PSOneByteFontResource::findCode(std::int32_t glyph) const {
+    if (glyph >= 0 && static_cast<std::size_t>(glyph) < quickCodes.size())
+        return quickCodes[static_cast<std::size_t>(glyph)];
+    const auto found = glyphCodes.find(glyph);
+    return found != glyphCodes.end() ? found->second : kNoCode;
 }
 
 std::uint32_t PSOneByteFontResource::codeOf(GlyphId glyph) {
-    const auto next = static_cast<std::uint32_t>(glyphCodes.size());
-    return glyphCodes.try_emplace(static_cast<std::int32_t>(glyph), next).first->second;
+    const auto signedGlyph = static_cast<std::int32_t>(glyph);
+    const std::uint32_t known = findCode(signedGlyph);
+    if (known != kNoCode)
+        return known;
+    assignCode(signedGlyph);
+    return findCode(signedGlyph);
 }
 
 void PSOneByteFontResource::appendEscape(std::uint32_t code, std::string& out) {
-    const auto digit = [&](unsigned shift) {
-        return static_cast<char>('0' + ((code >> shift) & 7));
-    };
-    out.push_back('\\');
-    for (unsigned shift = 30; shift >= 9; shift -= 3)
+    std::array<char, 12> escape{'\\'};
+    std::size_t length = 1;
+    for (unsigned shift = 30; shift >= 6; shift -= 3)
         if (code >> shift != 0)
-            out.push_back(digit(shift));
-    if (code >> 6 != 0)
-        out.push_back(digit(6));
-    out.push_back(digit(3));
-    out.push_back(digit(0));
+            escape[length++] = static_cast<char>('0' + (code >> shift & 7));
+    escape[length++] = static_cast<char>('0' + (code >> 3 & 7));
+    escape[length++] = static_cast<char>('0' + (code & 7));
+    out.append(escape.data(), length);
 }
 
 std::vector<Core::String> PSOneByteFontResource::namesInCodeOrder() const {

@@ -26,6 +26,15 @@ protected:
     using PSFontResource::PSFontResource;
     using GlyphId = Fonts::FontProgram::GlyphId;
 
+    /// A piece of text in one script and its glyphs.
+    struct MappedRun {
+        Fonts::FontScript run;
+        std::vector<GlyphId> glyphs;
+    };
+
+    /// The runs of `text`; valid until the next text. The text just asked about is likely to be
+    /// written, so its runs are kept.
+    const std::vector<MappedRun>& mapText(const Core::String& text);
     /// The code of `glyph`, given out now if it had none.
     std::uint32_t codeOf(GlyphId glyph);
     /// Appends a code as it stands in a string: a backslash and three octal digits, or two where
@@ -35,6 +44,15 @@ protected:
     [[nodiscard]] std::vector<Core::String> namesInCodeOrder() const;
 
     std::map<std::int32_t, std::uint32_t> glyphCodes;
+
+private:
+    static constexpr std::uint32_t kNoCode = 0xFFFFFFFF;
+
+    [[nodiscard]] std::uint32_t findCode(std::int32_t glyph) const;
+
+    std::vector<std::uint32_t> quickCodes;  ///< by glyph, those of low number
+    Core::String mappedText;
+    std::vector<MappedRun> mappedRuns;
 };
 
 }  // namespace Drawing::PS

@@ -15,7 +15,6 @@
 
 #include "Core/NumberText.h"
 #include "Core/StringFormatStream.h"
-#include "Fonts/FontScriptIterator.h"
 #include "Fonts/UnicodeRanges.h"
 #include "PS/internal/AppendNumber.h"
 
@@ -38,9 +37,7 @@ void PSStdAdobeFontResource::writeText(const Core::SmartPtr<Core::IO::Stream>& s
     std::string operand;
     appendNumber(spacing, operand);
     operand += " (";
-    Fonts::FontScriptIterator runs(text, 0);
-    for (Fonts::FontScript run; runs.next(run);) {
-        const std::vector<GlyphId> glyphs = fontProgram->mapGlyphs(run);
+    for (const auto& [run, glyphs] : mapText(text)) {
         for (const GlyphId glyph : glyphs)
             appendEscape(codeOf(glyph), operand);
         if (kerning)
@@ -53,9 +50,21 @@ void PSStdAdobeFontResource::rememberKerning(const Fonts::FontScript& run,
                                              const std::vector<GlyphId>& glyphs) {
     for (std::size_t i = 1; i < glyphs.size(); ++i) {
         const bool mark = i < run.text.length() && Fonts::UnicodeRanges::isMark(run.text[i]);
+        if (!mark && !isNewPair(codeOf(glyphs[i - 1]), codeOf(glyphs[i])))
+            continue;
         if (const auto kern = fontProgram->getKerning(glyphs[i - 1], glyphs[i], mark))
             kerningPairs[{glyphs[i - 1], glyphs[i]}] = *kern;
     }
+}
+
+/// Asked once for each pair of codes; a text that is not asked whether it fits may have others.
+bool PSStdAdobeFontResource::isNewPair(std::uint32_t first, std::uint32_t second) {
+    if (first >= kCodes || second >= kCodes)
+        return true;
+    askedPairs.resize(kCodes * kCodes);
+    const bool asked = askedPairs[first * kCodes + second];
+    askedPairs[first * kCodes + second] = true;
+    return !asked;
 }
 
 void PSStdAdobeFontResource::writeResource(const Core::SmartPtr<Core::IO::Stream>& stream) {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <map>
 #include <utility>
+#include <vector>
 
 namespace Drawing::PS {
 
@@ -23,10 +24,12 @@ public:
 
 private:
     void rememberKerning(const Fonts::FontScript& run, const std::vector<GlyphId>& glyphs);
+    [[nodiscard]] bool isNewPair(std::uint32_t first, std::uint32_t second);
     void writeKerning(Core::IO::Stream& stream) const;
 
     /// 1/1000 em, positive = closer.
     std::map<std::pair<GlyphId, GlyphId>, int> kerningPairs;
+    std::vector<bool> askedPairs;  ///< by two codes, whether they are in the table if they kern
 };
 
 }  // namespace Drawing::PS

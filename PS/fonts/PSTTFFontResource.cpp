@@ -18,14 +18,23 @@ constexpr int kBlock = 256;
 
 /// The block's byte: "00" and the block in decimal, a valid octal escape up to block 7.
 void appendBlock(int block, std::string& out) {
-    out += "\\00" + std::to_string(block);
+    out += "\\00";
+    if (block >= 0 && block < 10)
+        out += static_cast<char>('0' + block);
+    else
+        out += std::to_string(block);
 }
 
 /// The byte within the block: as itself where it prints, else in octal.
 void appendByte(int byte, std::string& out) {
-    if (byte < 32 || byte > 126) {
+    if (byte < 0) {
         const Core::String digits = StringFormatStream(u"\\{0:O03}") << byte;
         out += digits.toUtf8();
+        return;
+    }
+    if (byte < 32 || byte > 126) {
+        const auto digit = [&](int shift) { return static_cast<char>('0' + (byte >> shift & 7)); };
+        out.append({'\\', digit(6), digit(3), digit(0)});
         return;
     }
     if (byte == '\\' || byte == '(' || byte == ')')
@@ -58,12 +67,18 @@ void PSTTFFontResource::appendGlyph(FontProgram::GlyphId glyph, std::string& out
         out += ')';
 }
 
+void PSTTFFontResource::use(FontProgram::GlyphId glyph) {
+    if (glyph < quickGlyphs.size() && std::exchange(quickGlyphs[glyph], true))
+        return;
+    usedGlyphs.insert(static_cast<std::int32_t>(glyph));
+}
+
 /// A character without a glyph shows glyph 0 twice over and then the code of glyph -1, as readers
 /// of these files have always seen it.
 void PSTTFFontResource::writeText(const Core::SmartPtr<Core::IO::Stream>& stream,
                                   const Core::String& text, float fontSize, float spacing) {
     for (const FontProgram::GlyphId glyph : fontProgram->mapGlyphs({text, 0}))
-        usedGlyphs.insert(static_cast<std::int32_t>(glyph));
+        use(glyph);
     const KernedPieces pieces{*fontProgram, fontSize, spacing};
     std::string operand = kerning ? "[" : "(";
     Fonts::FontScriptIterator runs(text, 0);

@@ -2,6 +2,8 @@
 
 #include "PS/fonts/PSFontResource.h"
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <set>
 
@@ -28,9 +30,13 @@ public:
     void assignCode(std::int32_t glyph) override;
 
 private:
+    void use(Fonts::FontProgram::GlyphId glyph);
     void appendGlyph(Fonts::FontProgram::GlyphId glyph, std::string& out) const;
 
-    std::set<std::int32_t> usedGlyphs;  ///< a missing glyph counts as -1
+    static constexpr std::size_t kQuickGlyphs = 2048;
+
+    std::set<std::int32_t> usedGlyphs;             ///< a missing glyph counts as -1
+    std::array<bool, kQuickGlyphs> quickGlyphs{};  ///< whether a low glyph is in the set
 };
 
 }  // namespace Drawing::PS

@@ -1,6 +1,5 @@
 #include "PS/fonts/PSType1FontResource.h"
 
-#include "Fonts/FontScriptIterator.h"
 #include "PS/internal/KernedPieces.h"
 #include "PS/internal/Type1Program.h"
 
@@ -19,9 +18,7 @@ void PSType1FontResource::writeText(const Core::SmartPtr<Core::IO::Stream>& stre
                                     const Core::String& text, float fontSize, float spacing) {
     const KernedPieces pieces{*fontProgram, fontSize, spacing};
     std::string operand = kerning ? "[" : "(";
-    Fonts::FontScriptIterator runs(text, 0);
-    for (Fonts::FontScript run; runs.next(run);) {
-        const std::vector<GlyphId> glyphs = fontProgram->mapGlyphs(run);
+    for (const auto& [run, glyphs] : mapText(text)) {
         for (std::size_t i = 0; i < glyphs.size(); ++i) {
             if (kerning) {
                 pieces.appendMove(run, glyphs, i, operand);

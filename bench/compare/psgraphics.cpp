@@ -2,20 +2,29 @@
 
 #include "Core/FileStream.h"
 #include "Drawing/Brush.h"
+#include "Drawing/Font.h"
+#include "Drawing/GradientBrush.h"
 #include "Drawing/Path.h"
+#include "Drawing/RasterImage.h"
 #include "Drawing/Stroke.h"
 #include "PS/PSDocument.h"
 #include "bench/compare/Workload.h"
+
+#include <algorithm>
+#include <vector>
 
 namespace {
 
 using Core::makeObject;
 using Core::SmartPtr;
 
-SmartPtr<Drawing::Brush> brush(const bench::Colour& colour) {
+SmartPtr<Drawing::Color> colour(const bench::Colour& colour) {
     const auto byte = [](double part) { return static_cast<std::uint8_t>(part * 255); };
-    return makeObject<Drawing::SolidColorBrush>(
-        makeObject<Drawing::RGBColor>(byte(colour.red), byte(colour.green), byte(colour.blue)));
+    return makeObject<Drawing::RGBColor>(byte(colour.red), byte(colour.green), byte(colour.blue));
+}
+
+SmartPtr<Drawing::Brush> brush(const bench::Colour& paint) {
+    return makeObject<Drawing::SolidColorBrush>(colour(paint));
 }
 
 SmartPtr<Drawing::Stroke> stroke(const bench::Colour& colour, double width) {
@@ -26,7 +35,7 @@ class Library : public bench::Backend {
 public:
     explicit Library(const char* file)
         : output_(makeObject<Core::IO::FileStream>(file, true, true, true)),
-          document_(makeObject<Drawing::PS::PSDocument>(output_.get(), false)) {}
+          document_(makeObject<Drawing::PS::PSDocument>(output_.get(), true)) {}
 
     void beginPage() override {
         document_->startPage({bench::kPageWidth, bench::kPageHeight});
@@ -49,13 +58,54 @@ public:
         document_->setStroke(stroke(c.stroke, c.lineWidth));
         document_->drawPath(path);
     }
+    void setFont(const char* family) override {
+        for (int size = 6; size < 22; ++size)
+            fonts_.push_back(makeObject<Drawing::Font>(family, static_cast<float>(size)));
+    }
+    void draw(const bench::Label& label) override {
+        document_->setFont(fonts_[static_cast<std::size_t>(label.size) - 6]);
+        document_->setStroke(nullptr);
+        document_->setFill(brush(label.fill));
+        document_->drawText(Core::String(label.text), 0, static_cast<float>(label.x),
+                            static_cast<float>(label.y), 0, false);
+    }
+    void draw(const bench::Ramp& r) override {
+        document_->setStroke(nullptr);
+        document_->setFill(rampBrush(r));
+        document_->drawRectangle(static_cast<float>(r.x), static_cast<float>(r.y),
+                                 static_cast<float>(r.width), static_cast<float>(r.height), 0, 0);
+    }
+    void setImage(const bench::Pixels& pixels) override {
+        image_ = makeObject<Drawing::RasterImage>(
+            Drawing::PixelSize{pixels.side, pixels.side}, Drawing::ColorSpaceType::rgb,
+            Core::ByteArray(pixels.bytes.data(), pixels.bytes.size()));
+    }
+    void placeImage() override {
+        const float scale = 512.0F / static_cast<float>(image_->getPixelSize().width);
+        document_->setTransform({scale, 0, 0, scale, 40, 40});
+        document_->drawImage(image_, 0, 0, 1, 1, 0);
+    }
     void finish() override {
         document_->endDocument();
         output_->close();
     }
 
 private:
+    static SmartPtr<Drawing::Brush> rampBrush(const bench::Ramp& r) {
+        const auto number = [](double value) { return static_cast<float>(value); };
+        const Core::Vector<Drawing::StopPoint> stops{{0, colour(r.from)}, {1, colour(r.to)}};
+        if (!r.isRadial)
+            return makeObject<Drawing::LinearGradientBrush>(
+                Drawing::XPointF{number(r.x), number(r.y)},
+                Drawing::XPointF{number(r.x + r.width), number(r.y + r.height)}, stops);
+        return makeObject<Drawing::RadialGradientBrush>(
+            Drawing::XPointF{number(r.x + r.width / 2), number(r.y + r.height / 2)}, 0.0F,
+            number(std::min(r.width, r.height) / 2), stops);
+    }
+
     SmartPtr<Core::IO::FileStream> output_;
+    std::vector<SmartPtr<Drawing::Font>> fonts_;
+    SmartPtr<Drawing::Image> image_;
     SmartPtr<Drawing::IOutputContext> document_;
 };
 
