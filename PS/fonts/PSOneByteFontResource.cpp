@@ -13,6 +13,26 @@ namespace {
 constexpr std::int32_t kQuickGlyphs = 1 << 16;
 constexpr std::int32_t kNoGlyph = -2;  // -1 is the missing glyph, which has a code like any other
 
+struct Escape {
+    std::array<char, 12> text{'\\'};
+    std::uint32_t length = 1;
+};
+
+constexpr Escape escapeOf(std::uint32_t code) {
+    Escape escape;
+    for (unsigned shift = 30; shift <= 30; shift -= 3)
+        if (shift < 6 || code >> shift != 0)
+            escape.text[escape.length++] = static_cast<char>('0' + (code >> shift & 7));
+    return escape;
+}
+
+constexpr auto kEscapes = [] {
+    std::array<Escape, PSOneByteFontResource::kCodes> escapes{};
+    for (std::uint32_t code = 0; code < escapes.size(); ++code)
+        escapes[code] = escapeOf(code);
+    return escapes;
+}();
+
 }  // namespace
 
 PSOneByteFontResource::~PSOneByteFontResource() = default;
@@ -75,14 +95,12 @@ std::uint32_t PSOneByteFontResource::codeOf(GlyphId glyph) {
 }
 
 void PSOneByteFontResource::appendEscape(std::uint32_t code, std::string& out) {
-    std::array<char, 12> escape{'\\'};
-    std::size_t length = 1;
-    for (unsigned shift = 30; shift >= 6; shift -= 3)
-        if (code >> shift != 0)
-            escape[length++] = static_cast<char>('0' + (code >> shift & 7));
-    escape[length++] = static_cast<char>('0' + (code >> 3 & 7));
-    escape[length++] = static_cast<char>('0' + (code & 7));
-    out.append(escape.data(), length);
+    if (code < kEscapes.size()) [[likely]] {
+        out.append(kEscapes[code].text.data(), kEscapes[code].length);
+        return;
+    }
+    const Escape escape = escapeOf(code);
+    out.append(escape.text.data(), escape.length);
 }
 
 std::vector<Core::String> PSOneByteFontResource::namesInCodeOrder() const {

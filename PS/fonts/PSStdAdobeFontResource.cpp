@@ -61,10 +61,9 @@ void PSStdAdobeFontResource::rememberKerning(const Fonts::FontScript& run,
 bool PSStdAdobeFontResource::isNewPair(std::uint32_t first, std::uint32_t second) {
     if (first >= kCodes || second >= kCodes)
         return true;
-    askedPairs.resize(kCodes * kCodes);
-    const bool asked = askedPairs[first * kCodes + second];
-    askedPairs[first * kCodes + second] = true;
-    return !asked;
+    if (askedPairs.empty())
+        askedPairs.resize(kCodes * kCodes);
+    return std::exchange(askedPairs[first * kCodes + second], std::uint8_t{1}) == 0;
 }
 
 void PSStdAdobeFontResource::writeResource(const Core::SmartPtr<Core::IO::Stream>& stream) {

@@ -29,7 +29,8 @@ private:
 
     /// 1/1000 em, positive = closer.
     std::map<std::pair<GlyphId, GlyphId>, int> kerningPairs;
-    std::vector<bool> askedPairs;  ///< by two codes, whether they are in the table if they kern
+    std::vector<std::uint8_t>
+        askedPairs;  ///< by two codes, whether they are in the table if they kern
 };
 
 }  // namespace Drawing::PS
