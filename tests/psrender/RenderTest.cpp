@@ -111,4 +111,29 @@ TEST(Rendering, ReachesAcrossTheEndsOfTheWorld) {
                 {{30, 45, true}, {80, 30, true}, {80, 60, true}, {80, 45, false}});
 }
 
+std::size_t countIn(const std::string& text, const std::string& part) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+        ++count;
+    return count;
+}
+
+TEST(Rendering, HoldsASymbolOnceHoweverOftenItIsPlaced) {
+    const std::string uses =
+        "<use href='#s' x='10' y='10'/><use href='#s' transform='translate(50 50) rotate(90)'/>"
+        "<use href='#s' transform='translate(10 70) scale(.8)'/>";
+    const auto symbol = [&](const std::string& attributes) {
+        return "<defs><g id='s' fill='red' " + attributes +
+               "><path d='M0 0h10v5h-10z'/><path d='M12 0h4v5h-4z'/></g></defs>" + uses;
+    };
+    const std::initializer_list<Spot> spots = {{12, 12, true}, {21, 12, false},   {24, 12, true},
+                                               {47, 55, true}, {47, 61, false},   {55, 55, false},
+                                               {14, 72, true}, {18.8, 72, false}, {21, 72, true}};
+    expectSpots(symbol(""), spots);
+    EXPECT_EQ(4U, countIn(script(symbol("")), "docf_")) << "one definition, three calls";
+    const std::string translucent = symbol("opacity='.9'");
+    expectSpots(translucent, spots);
+    EXPECT_EQ(0U, countIn(script(translucent), "docf_"));
+}
+
 }  // namespace
