@@ -3,12 +3,10 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <functional>
 #include <string>
-
-#include <array>
-#include <cstdio>
 
 namespace psrender {
 

@@ -97,7 +97,7 @@ private:
                 Clock::duration time) {
         if (!request_.quiet)
             for (const std::string& sentence : warnings.sentences())
-                say("warning: " + name + ": " + sentence);
+                say(std::string("warning: ").append(name).append(": ").append(sentence));
         if (request_.verbose)
             say(name + ": " + describe(page, time));
     }

@@ -47,8 +47,7 @@ SmartPtr<Drawing::Brush> Brushes::brushOf(const Paint& paint) {
 SmartPtr<Drawing::Stroke> Brushes::strokeOf(const Paint& paint, const scene::StrokeStyle& style) {
     if (paint.kind == Paint::Kind::none)
         return nullptr;
-    const auto stroke =
-        makeObject<Drawing::Stroke>(brushOf(paint), static_cast<float>(style.width));
+    auto stroke = makeObject<Drawing::Stroke>(brushOf(paint), static_cast<float>(style.width));
     stroke->setDashCap(capOf(style.cap));
     stroke->setMiterLimit(static_cast<float>(miterLimitOf(style)));
     stroke->setDashArray(dashesOf(style));

@@ -12,7 +12,7 @@ Drawing::Matrix matrixOf(const scene::Affine& m) {
 }
 
 SmartPtr<Drawing::Path> pathOf(const Outline& outline) {
-    const auto path = makeObject<Drawing::Path>();
+    auto path = makeObject<Drawing::Path>();
     path->reserve(outline.verbs().size());
     const scene::Point* next = outline.points().data();
     const auto x = [&](int i) { return static_cast<float>(next[i].x); };

@@ -53,6 +53,7 @@ std::vector<Edge> edgesOf(const ClipperLib::Paths& polygons, Sweep sweep) {
 /// before it and have not ended.
 std::int64_t comparisons(const std::vector<Edge>& edges) {
     std::vector<ClipperLib::cInt> ends;
+    ends.reserve(edges.size());
     for (const Edge& edge : edges)
         ends.push_back(edge.bottom());
     std::ranges::sort(ends);

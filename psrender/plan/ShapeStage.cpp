@@ -52,7 +52,7 @@ void ShapeStage::place(Shape shape) {
     auto joints = isPainted(shape.stroke) ? replaceRoundJoins(shape) : std::nullopt;
     auto squares = isPainted(shape.stroke) ? squareDots(shape) : std::nullopt;
     items_.emplace_back(std::move(shape));
-    for (auto& extra : {std::move(joints), std::move(squares)})
+    for (const auto& extra : {std::move(joints), std::move(squares)})
         if (extra)
             items_.emplace_back(*extra);
 }

@@ -223,6 +223,7 @@ constexpr std::optional<std::size_t> find(std::string_view name) {
 
 }  // namespace
 
+// NOLINTNEXTLINE(cert-err58-cpp): the table is searched when this is compiled.
 constinit const std::size_t fontSizeProperty = find("font-size").value();
 
 std::optional<std::size_t> findProperty(std::string_view name) {
@@ -245,6 +246,7 @@ bool applyProperty(std::size_t property, std::string_view text, ComputedStyle& s
 
 ComputedStyle ComputedStyle::childOf(const ComputedStyle& parent) {
     ComputedStyle child;
+    // NOLINTNEXTLINE(cppcoreguidelines-slicing): children inherit just this part.
     static_cast<InheritedStyle&>(child) = parent;
     child.leftOut = parent.leftOut & feature::inherited;
     return child;

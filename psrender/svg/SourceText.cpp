@@ -113,7 +113,7 @@ void SourceText::fail(const std::string& sentence) const {
 }
 
 void SourceText::rejectForeignFormats() const {
-    const auto first = std::find_if_not(text_.begin(), text_.end(), isSpace);
+    const auto* const first = std::find_if_not(text_.begin(), text_.end(), isSpace);
     if (first == text_.end())
         fail("the file is empty; give a file that holds an SVG drawing");
     if (text_.substr(0, 2) == gzipMark)

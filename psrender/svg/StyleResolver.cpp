@@ -55,7 +55,7 @@ public:
 private:
     struct Entry {
         std::string_view text;
-        Strength strength;
+        Strength strength{};
     };
 
     void apply(std::size_t property, ComputedStyle& style, const ComputedStyle& parent,
@@ -67,7 +67,7 @@ private:
 
     static_assert(propertyCount < 64, "the set below has a bit for each property");
     std::uint64_t present_ = 0;
-    std::array<Entry, propertyCount> entries_;  // only those in the set have a value
+    std::array<Entry, propertyCount> entries_;  // only those in the set are read
 };
 
 StyleResolver::StyleResolver(const XmlTree& tree, Warnings& warnings)

@@ -33,7 +33,7 @@ public:
     [[nodiscard]] const std::vector<Declaration>& declarations() const { return declarations_; }
 
 private:
-    void addAtRule(std::string_view& text, Warnings& warnings);
+    static void addAtRule(std::string_view& text, Warnings& warnings);
     void addRule(std::string_view& text, Warnings& warnings);
 
     std::list<std::string> texts_;  ///< what the views in rules and declarations look at
