@@ -22,6 +22,8 @@ constexpr const char* kExamples = R"(Examples:
       three A4 pages, each drawing as large as its page allows
   dot -Tsvg graph.dot | psrender - -o - | lp
       from a program to the printer
+  psrender photo.jpg scan.png -o album.ps --paper A4 --margin 1cm
+      images, each as large as its page allows
   psrender *.svg -o book.ps --keep-going --preview book
       skips bad drawings and renders book-1.png, book-2.png ...
 
@@ -78,11 +80,15 @@ std::function<std::string(const std::string&)> check(Parse parse, const char* wa
 
 class Options {
 public:
-    Options() : app_("Turns SVG drawings into one PostScript document, a page a drawing.") {
+    Options()
+        : app_(
+              "Turns SVG drawings, PNG and JPEG images into one PostScript document, a page "
+              "each.") {
         app_.footer(kExamples);
         app_.set_version_flag("--version", "psrender " PSGRAPHICS_VERSION);
         addFiles();
         addPage();
+        addImages();
         addPrinting();
         addRest();
     }
@@ -92,7 +98,7 @@ public:
         if (!preview_.empty() && request_.output == "-")
             throw CLI::ValidationError("--preview", "needs a file to render: name one with -o");
         if (std::ranges::count(request_.inputs, "-") > 1)
-            throw CLI::ValidationError("IN.svg", "standard input can be read once only");
+            throw CLI::ValidationError("IN", "standard input can be read once only");
     }
 
     ExitCode explain(const CLI::ParseError& error) {
@@ -115,7 +121,9 @@ public:
 
 private:
     void addFiles() {
-        app_.add_option("IN.svg", request_.inputs, "the drawings; - is standard input")->required();
+        app_.add_option("IN", request_.inputs,
+                        "SVG drawings, PNG and JPEG images; - is standard input")
+            ->required();
         app_.add_option("-o,--output", request_.output, "the PostScript file; - is standard output")
             ->required()
             ->type_name("OUT.ps");
@@ -149,6 +157,19 @@ private:
                 },
                 "a length such as 10mm or 0.5in"))
             ->group("Page");
+    }
+
+    void addImages() {
+        app_.add_option("--max-dpi", request_.mostDotsPerInch,
+                        "reduce images that have more dots per inch on the page")
+            ->type_name("N")
+            ->check(CLI::Range(1.0, 100'000.0))
+            ->group("Images");
+        app_.add_option("--max-pixels", request_.mostPixels, "refuse images with more")
+            ->type_name("N")
+            ->check(CLI::Range(std::uint64_t{1}, std::uint64_t{1} << 40))
+            ->capture_default_str()
+            ->group("Images");
     }
 
     void addPrinting() {

@@ -4,8 +4,10 @@
 #include "psrender/InputError.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <system_error>
@@ -49,6 +51,17 @@ std::string readInput(const std::string& name) {
     if (content.empty())
         refuse(name, "is empty; give an SVG drawing");
     return content;
+}
+
+std::string readBeginning(const std::string& name, std::size_t count) {
+    struct stat status {};
+    if (name == "-" || ::stat(name.c_str(), &status) != 0 || !S_ISREG(status.st_mode))
+        return {};
+    const Descriptor file(::open(name.c_str(), O_RDONLY | O_CLOEXEC));
+    std::string bytes(count, '\0');
+    const ssize_t size = file.number() < 0 ? 0 : ::read(file.number(), bytes.data(), count);
+    bytes.resize(static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
+    return bytes;
 }
 
 }  // namespace psrender

@@ -16,4 +16,8 @@ inline constexpr std::size_t kLargestInput = std::size_t{256} << 20;
 /// missing, a folder, unreadable, empty, or larger than `kLargestInput`.
 std::string readInput(const std::string& name);
 
+/// Up to `count` bytes from the beginning of a regular file; none for everything else, which is
+/// left to `readInput`.
+std::string readBeginning(const std::string& name, std::size_t count);
+
 }  // namespace psrender

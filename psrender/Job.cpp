@@ -4,12 +4,12 @@
 #include "psrender/InputError.h"
 #include "psrender/InputFile.h"
 #include "psrender/OutputFile.h"
+#include "psrender/PageReader.h"
 #include "psrender/Preview.h"
 #include "psrender/Progress.h"
 #include "psrender/Warnings.h"
 #include "psrender/paint/Painter.h"
 #include "psrender/plan/Planner.h"
-#include "psrender/svg/SvgReader.h"
 
 #include <unistd.h>
 
@@ -43,6 +43,8 @@ public:
         : request_(request),
           output_(outputOf(request)),
           document_(Core::makeObject<Drawing::PS::PSDocument>(output_.stream().get(), false)),
+          reader_(request.mostPixels),
+          planner_({request.mostDotsPerInch}),
           painter_(*document_),
           progress_(request.inputs.size(), !request.quiet && ::isatty(STDERR_FILENO) == 1) {}
 
@@ -82,15 +84,23 @@ private:
         const auto start = Clock::now();
         const std::string name = input == "-" ? kStandardInput : input;
         Warnings warnings;
-        scene::Page page = svg::readSvg(readInput(input), name, warnings);
+        PageReader::Input read = reader_.read(input, warnings);
+        scene::Page& page = read.page;
         try {
-            frame(page, request_.frame, warnings);
+            frame(page, frameFor(read), warnings);
         } catch (const std::runtime_error& error) {
             throw InputError({name}, error.what());
         }
         page = planner_.plan(std::move(page), warnings);
         painter_.paintPage(page);
         report(name, page, warnings, Clock::now() - start);
+    }
+
+    /// An image has no size that its author had in mind, so paper is to be filled with it.
+    [[nodiscard]] PageFrame frameFor(const PageReader::Input& input) const {
+        PageFrame result = request_.frame;
+        result.fit = result.fit || (input.isPicture && result.paper);
+        return result;
     }
 
     void report(const std::string& name, const scene::Page& page, const Warnings& warnings,
@@ -118,6 +128,7 @@ private:
     const JobRequest& request_;
     OutputFile output_;
     Core::SmartPtr<Drawing::PS::PSDocument> document_;
+    PageReader reader_;
     plan::Planner planner_;
     paint::Painter painter_;
     Progress progress_;

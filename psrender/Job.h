@@ -3,17 +3,23 @@
 #include "PS/PSPrintingOptions.h"
 #include "psrender/PageFrame.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace psrender {
 
+/// A limit for images that cameras and scanners keep to, and that files made to do harm do not.
+inline constexpr std::uint64_t kMostPixels = 120'000'000;
+
 /// What is to be turned into pages, where they go, and how.
 struct JobRequest {
     std::vector<std::string> inputs;  ///< "-" is standard input
     std::string output;               ///< "-" is standard output
     PageFrame frame;
+    double mostDotsPerInch = 0;  ///< of images, which are reduced to it; 0 keeps every pixel
+    std::uint64_t mostPixels = kMostPixels;  ///< of one image
     std::optional<Drawing::PS::PSPrintingOptions> printing;
     std::optional<std::string> previewPrefix;
     int previewResolution = 96;  ///< dots per inch

@@ -13,7 +13,13 @@ void ItemPainter::operator()(const scene::Shape& shape) {
 
 void ItemPainter::operator()(const scene::Text& /*text*/) {}
 
-void ItemPainter::operator()(const scene::Picture& /*picture*/) {}
+/// The context draws a pixel as large as a unit, and its own positions are whole numbers only.
+void ItemPainter::operator()(const scene::Picture& picture) {
+    const Drawing::PixelSize size = picture.image->getPixelSize();
+    setTransform(picture.transform * scene::Affine::scaling(1.0 / size.width, 1.0 / size.height));
+    context_.drawImage(picture.image, 0, 0, static_cast<float>(size.width),
+                       static_cast<float>(size.height), 0);
+}
 
 void ItemPainter::operator()(const scene::Placement& placement) {
     setTransform(placement.transform);

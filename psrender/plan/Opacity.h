@@ -19,9 +19,10 @@ public:
     /// An opaque paint, or none if nothing would be seen.
     [[nodiscard]] scene::Paint overWhite(const scene::Paint& paint) const;
 
-private:
+    /// The product of all groups' opacities.
     [[nodiscard]] double current() const { return factors_.empty() ? 1 : factors_.back(); }
 
+private:
     std::vector<double> factors_;
 };
 

@@ -1,5 +1,6 @@
 #include "psrender/plan/Planner.h"
 
+#include "psrender/plan/PictureStage.h"
 #include "psrender/plan/PlacementStage.h"
 #include "psrender/plan/ShapeStage.h"
 
@@ -14,12 +15,14 @@ using Items = std::vector<scene::Item>;
 /// All sinks but the first, in a row.
 class Row : public Sink {
 public:
-    Row(Items& planned, Warnings& warnings) : shapes_(planned, warnings) {}
+    Row(Items& planned, const PlanOptions& options, Warnings& warnings)
+        : shapes_(planned, warnings), pictures_(options.mostDotsPerInch, warnings, shapes_) {}
 
-    void take(scene::Item item) override { shapes_.take(std::move(item)); }
+    void take(scene::Item item) override { pictures_.take(std::move(item)); }
 
 private:
     ShapeStage shapes_;
+    PictureStage pictures_;
 };
 
 void takeAll(Items items, Sink& sink) {
@@ -28,9 +31,9 @@ void takeAll(Items items, Sink& sink) {
 }
 
 /// Items that stand for themselves, as in a symbol.
-Items planAlone(Items items, Warnings& warnings) {
+Items planAlone(Items items, const PlanOptions& options, Warnings& warnings) {
     Items planned;
-    Row row(planned, warnings);
+    Row row(planned, options, warnings);
     PlacementStage placements(
         {}, [](const Items&) { return Items(); }, row);
     takeAll(std::move(items), placements);
@@ -43,9 +46,9 @@ scene::Page Planner::plan(scene::Page page, Warnings& warnings) {
     scene::Page planned;
     planned.width = page.width;
     planned.height = page.height;
-    Row row(planned.items, warnings);
+    Row row(planned.items, options_, warnings);
     PlacementStage placements(
-        page, [&](Items items) { return planAlone(std::move(items), warnings); }, row);
+        page, [&](Items items) { return planAlone(std::move(items), options_, warnings); }, row);
     takeAll(std::move(page.items), placements);
     return planned;
 }

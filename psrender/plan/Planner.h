@@ -6,13 +6,23 @@
 /// Rewrites pages so that the back end can say all of them.
 namespace psrender::plan {
 
+/// What the user may choose.
+struct PlanOptions {
+    double mostDotsPerInch = 0;  ///< pictures with more are reduced; 0 keeps every pixel
+};
+
 /// Plans the pages of one document, in their order.
 class Planner {
 public:
+    explicit Planner(PlanOptions options = {}) : options_(options) {}
+
     /// The page as it can be painted: no groups and no clips; every paint none or opaque; fills by
     /// the non-zero rule; joins mitred or bevelled; nothing that cannot be seen, and no number
     /// that PostScript cannot read. Looks the same, but for what `warnings` counts.
     scene::Page plan(scene::Page page, Warnings& warnings);
+
+private:
+    PlanOptions options_;
 };
 
 }  // namespace psrender::plan

@@ -1,5 +1,6 @@
 #include "psrender/plan/ShapeStage.h"
 
+#include "psrender/image/DerivedImages.h"
 #include "psrender/plan/DashWalk.h"
 #include "psrender/plan/FillRule.h"
 #include "psrender/plan/Joins.h"
@@ -23,6 +24,8 @@ bool isPainted(const Paint& paint) {
 void ShapeStage::take(scene::Item item) {
     if (auto* shape = std::get_if<Shape>(&item))
         takeShape(std::move(*shape));
+    else if (auto* picture = std::get_if<scene::Picture>(&item))
+        takePicture(std::move(*picture));
     else if (const auto* group = std::get_if<scene::BeginGroup>(&item))
         opacity_.push(group->opacity);
     else if (std::holds_alternative<scene::EndGroup>(item))
@@ -41,6 +44,15 @@ void ShapeStage::takeShape(Shape shape) {
     removeFineDashes(shape, warnings_);
     for (Shape& part : bringInRange(shape, warnings_))
         place(std::move(part));
+}
+
+void ShapeStage::takePicture(scene::Picture picture) {
+    const double opacity = picture.opacity * opacity_.current();
+    if (opacity <= 0)
+        return;
+    picture.image = image::overWhite(picture.image, opacity);
+    picture.opacity = 1;
+    items_.emplace_back(std::move(picture));
 }
 
 /// The fill first, where it needs an outline of its own, then the stroke and its joins.

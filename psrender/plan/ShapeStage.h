@@ -7,8 +7,8 @@
 namespace psrender::plan {
 
 /// The last sink: brings shapes into the form that the back end knows. Every paint becomes none or
-/// opaque, fills go by the non-zero rule, joins are mitred or bevelled; what cannot be seen is left
-/// out, and no number is beyond what PostScript reads.
+/// opaque, pictures too, fills go by the non-zero rule, joins are mitred or bevelled; what cannot
+/// be seen is left out, and no number is beyond what PostScript reads.
 class ShapeStage : public Sink {
 public:
     /// Collects what it makes in `items`; both must outlive the stage.
@@ -19,6 +19,7 @@ public:
 
 private:
     void takeShape(scene::Shape shape);
+    void takePicture(scene::Picture picture);
     void place(scene::Shape shape);
     void placeEvenOddFill(scene::Shape& shape);
 

@@ -23,12 +23,28 @@ bool takeOver(double opacity, Shape& shape) {
     return true;
 }
 
+bool takeOver(double opacity, scene::Item& item) {
+    if (auto* picture = std::get_if<scene::Picture>(&item)) {
+        picture->opacity *= opacity;
+        return true;
+    }
+    auto* shape = std::get_if<Shape>(&item);
+    return shape != nullptr && takeOver(opacity, *shape);
+}
+
 }  // namespace
 
 bool PageItems::add(Shape shape) {
     if (!grow({1, shape.outline->points().size() + shape.strokeStyle.dashes.size()}))
         return false;
     items_.emplace_back(std::move(shape));
+    return true;
+}
+
+bool PageItems::add(scene::Picture picture) {
+    if (!grow({1, 0}))
+        return false;
+    items_.emplace_back(std::move(picture));
     return true;
 }
 
@@ -55,11 +71,10 @@ void PageItems::endGroup(Mark begin) {
         items_.pop_back();
         return;
     }
-    auto* shape = std::get_if<Shape>(&items_.back());
     const auto& group = std::get<scene::BeginGroup>(items_[begin]);
     const double opacity = group.opacity;
-    if (count == 1 && !group.clip && shape != nullptr && takeOver(opacity, *shape)) {
-        items_[begin] = std::move(*shape);
+    if (count == 1 && !group.clip && takeOver(opacity, items_.back())) {
+        items_[begin] = std::move(items_.back());
         items_.pop_back();
         return;
     }

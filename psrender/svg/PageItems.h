@@ -10,7 +10,7 @@
 namespace psrender::svg {
 
 /// Collects the items of a page and keeps its groups no more than necessary: an empty group
-/// vanishes, and one that holds a single paint becomes part of that paint.
+/// vanishes, and one that holds a single paint or picture becomes part of it.
 class PageItems {
 public:
     using Mark = std::size_t;
@@ -26,6 +26,8 @@ public:
 
     /// False if the page would become too large: more than 2 million shapes or 50 million points.
     [[nodiscard]] bool add(scene::Shape shape);
+    /// The same for a picture.
+    [[nodiscard]] bool add(scene::Picture picture);
     /// The same for a placement of items of this size.
     [[nodiscard]] bool add(scene::Placement placement, Size size);
 

@@ -3,6 +3,7 @@
 #include "psrender/scene/DisplayList.h"
 #include "psrender/svg/ComputedStyle.h"
 #include "psrender/svg/ElementKind.h"
+#include "psrender/svg/ImageLinks.h"
 #include "psrender/svg/MarkerVertices.h"
 #include "psrender/svg/PageItems.h"
 #include "psrender/svg/PaintResolver.h"
@@ -20,13 +21,14 @@ namespace psrender::svg {
 /// Walks a document and lays what it shows on a page.
 class SceneBuilder {
 public:
-    /// Both must outlive the builder.
-    SceneBuilder(const XmlTree& tree, Warnings& warnings)
+    /// Tree and warnings must outlive the builder.
+    SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warnings& warnings)
         : tree_(tree),
           warnings_(warnings),
           styles_(tree, warnings),
           paints_(tree, styles_, warnings),
-          shapes_(warnings) {}
+          shapes_(warnings),
+          images_(images, warnings) {}
 
     /// To be called once. Throws `InputError`.
     scene::Page build();
@@ -75,6 +77,7 @@ private:
     void drawMarker(pugi::xml_node marker, const MarkerVertex& vertex, bool isStart,
                     const Surroundings& inside);
     const Symbol& symbolOfMarker(pugi::xml_node marker, const Surroundings& inside);
+    void drawImage(pugi::xml_node element, const Surroundings& inside);
     [[nodiscard]] bool canBeDrawn(const scene::Affine& toPage);
     void warnOfLeftOut(const ComputedStyle& style, ElementKind kind);
 
@@ -83,6 +86,7 @@ private:
     StyleResolver styles_;
     PaintResolver paints_;
     ShapeReader shapes_;
+    ImageLinks images_;
     PageItems items_;
     SymbolStore symbols_;
     std::vector<pugi::xml_node> targets_;  ///< of the references that are being drawn

@@ -5,9 +5,10 @@
 
 namespace psrender::svg {
 
-scene::Page readSvg(std::string_view text, const std::string& name, Warnings& warnings) {
+scene::Page readSvg(std::string_view text, const std::string& name, Warnings& warnings,
+                    const ImageAccess& images) {
     const XmlTree tree(text, name);
-    return SceneBuilder(tree, warnings).build();
+    return SceneBuilder(tree, images, warnings).build();
 }
 
 }  // namespace psrender::svg

@@ -3,6 +3,7 @@
 #include "psrender/InputError.h"
 #include "psrender/Warnings.h"
 #include "psrender/scene/DisplayList.h"
+#include "psrender/svg/ImageAccess.h"
 
 #include <string>
 #include <string_view>
@@ -17,7 +18,9 @@ namespace psrender::svg {
 ///
 /// `text` is the whole document in UTF-8 (or UTF-16 with a byte order mark); `name` is what
 /// messages call it. Throws `InputError` for what is no SVG, is cut short, or asks for more
-/// than the stated limits of nesting and size. Never reads a file or an address.
-scene::Page readSvg(std::string_view text, const std::string& name, Warnings& warnings);
+/// than the stated limits of nesting and size. Reads no file and no address, but for the images
+/// that `images` allows.
+scene::Page readSvg(std::string_view text, const std::string& name, Warnings& warnings,
+                    const ImageAccess& images = {});
 
 }  // namespace psrender::svg

@@ -1,0 +1,93 @@
+#include "psrender/image/ColorProfile.h"
+
+#include <lcms2.h>
+
+#include <array>
+#include <cstdlib>
+#include <limits>
+#include <vector>
+
+namespace psrender::image {
+
+using Drawing::ColorSpaceType;
+
+namespace {
+
+struct ProfileCloser {
+    void operator()(void* profile) const { cmsCloseProfile(profile); }
+};
+using Profile = std::unique_ptr<void, ProfileCloser>;
+
+struct TransformDeleter {
+    void operator()(void* transform) const { cmsDeleteTransform(transform); }
+};
+using Transform = std::unique_ptr<void, TransformDeleter>;
+
+struct CurveDeleter {
+    void operator()(cmsToneCurve* curve) const { cmsFreeToneCurve(curve); }
+};
+
+Profile greyProfile() {
+    constexpr cmsInt32Number kGammaWithLinearFoot = 4;
+    constexpr std::array<cmsFloat64Number, 5> steps{2.4, 1 / 1.055, 0.055 / 1.055, 1 / 12.92,
+                                                    0.04045};
+    const std::unique_ptr<cmsToneCurve, CurveDeleter> curve(
+        cmsBuildParametricToneCurve(nullptr, kGammaWithLinearFoot, steps.data()));
+    return Profile(cmsCreateGrayProfile(cmsD50_xyY(), curve.get()));
+}
+
+/// Whether a sample of all colours comes out within a rounding of where it went in.
+bool changesNothing(cmsHTRANSFORM transform, std::size_t components) {
+    constexpr int kStep = 15;
+    std::vector<std::uint8_t> before;
+    for (int r = 0; r < 256; r += kStep)
+        for (int g = 0; g < 256; g += kStep)
+            for (int b = 0; b < 256; b += kStep)
+                for (const int value : {r, g, b})
+                    before.push_back(static_cast<std::uint8_t>(value));
+    std::vector<std::uint8_t> after(before.size());
+    cmsDoTransform(transform, before.data(), after.data(),
+                   static_cast<cmsUInt32Number>(before.size() / components));
+    for (std::size_t i = 0; i < before.size(); ++i)
+        if (std::abs(before[i] - after[i]) > 1)
+            return false;
+    return true;
+}
+
+}  // namespace
+
+struct ColorProfile::Conversion {
+    Transform transform;
+    std::size_t components;
+};
+
+ColorProfile::ColorProfile() = default;
+ColorProfile::~ColorProfile() = default;
+
+bool ColorProfile::load(std::span<const std::uint8_t> profile, ColorSpaceType space) {
+    if (space == ColorSpaceType::cmyk || profile.size() > std::numeric_limits<std::int32_t>::max())
+        return false;
+    const Profile source(
+        cmsOpenProfileFromMem(profile.data(), static_cast<cmsUInt32Number>(profile.size())));
+    const bool isGrey = space == ColorSpaceType::gray;
+    if (!source || cmsGetColorSpace(source.get()) != (isGrey ? cmsSigGrayData : cmsSigRgbData))
+        return false;
+    const Profile target = isGrey ? greyProfile() : Profile(cmsCreate_sRGBProfile());
+    const cmsUInt32Number layout = isGrey ? TYPE_GRAY_8 : TYPE_RGB_8;
+    Transform transform(cmsCreateTransform(source.get(), layout, target.get(), layout,
+                                           INTENT_RELATIVE_COLORIMETRIC, cmsFLAGS_NOCACHE));
+    if (!transform)
+        return false;
+    const std::size_t components = isGrey ? 1 : 3;
+    if (!changesNothing(transform.get(), components))
+        conversion_ = std::make_unique<Conversion>(Conversion{std::move(transform), components});
+    return true;
+}
+
+void ColorProfile::apply(std::uint8_t* pixels, std::size_t count) const {
+    if (conversion_)
+        cmsDoTransform(conversion_->transform.get(), pixels, pixels,
+                       static_cast<cmsUInt32Number>(count));
+}
+
+}  // namespace psrender::image

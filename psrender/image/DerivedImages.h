@@ -1,0 +1,23 @@
+#pragma once
+
+#include "psrender/image/RowImage.h"
+
+/// Images made of other images. Each decodes its original when it is asked, and has a key made of
+/// the original's and of what was done to it.
+namespace psrender::image {
+
+/// The part of `image` within `part`, which must lie in it and not be empty.
+Core::SmartPtr<Drawing::Image> cropped(const Core::SmartPtr<Drawing::Image>& image,
+                                       const PixelRect& part);
+
+/// `image` with fewer pixels, each the average of those that it covers. `size` must be from 1 to
+/// the size that the image has.
+Core::SmartPtr<Drawing::Image> reduced(const Core::SmartPtr<Drawing::Image>& image,
+                                       Drawing::PixelSize size);
+
+/// `image` without alpha, as it looks on white paper when it is shown with this opacity, 0 to 1.
+/// The image itself if nothing changes.
+Core::SmartPtr<Drawing::Image> overWhite(const Core::SmartPtr<Drawing::Image>& image,
+                                         double opacity);
+
+}  // namespace psrender::image

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "Drawing/Image.h"
+
+#include <cstdint>
+
+namespace psrender::image {
+
+/// A rectangle of whole pixels, counted from the top left corner.
+struct PixelRect {
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+
+    friend bool operator==(const PixelRect&, const PixelRect&) = default;
+};
+
+/// An image that is decoded when asked and keeps no pixels. It is cheapest to ask for rows from
+/// the top down. All images of the host are of this kind.
+class RowImage : public Drawing::Image {
+public:
+    RowImage(Core::String hashKey, Drawing::PixelSize size, Drawing::ColorSpaceType colorSpace,
+             bool hasAlpha);
+
+    [[nodiscard]] Drawing::PixelSize getPixelSize() const override { return size_; }
+    [[nodiscard]] Core::SmartPtr<Drawing::ColorSpace> getColorSpace() const override {
+        return colorSpace_;
+    }
+    [[nodiscard]] bool hasAlpha() const override { return hasAlpha_; }
+    [[nodiscard]] Core::ByteArray getPixelBytes(int selector) const override;
+    [[nodiscard]] Core::ByteArray getAlphaBytes(int selector) const override;
+
+    /// Writes `count` rows from `first` on; `alpha` may be null for an image without. Throws
+    /// `std::runtime_error` if the image can no longer be decoded.
+    virtual void readRows(std::int32_t first, std::int32_t count, std::uint8_t* pixels,
+                          std::uint8_t* alpha) const = 0;
+
+    [[nodiscard]] std::size_t width() const { return static_cast<std::size_t>(size_.width); }
+    [[nodiscard]] std::size_t components() const { return components_; }
+
+private:
+    Drawing::PixelSize size_;
+    Core::SmartPtr<Drawing::ColorSpace> colorSpace_;
+    std::size_t components_;
+    bool hasAlpha_;
+};
+
+/// `image` as one that gives out rows. One that does not is kept with all its pixels.
+Core::SmartPtr<RowImage> rowsOf(const Core::SmartPtr<Drawing::Image>& image);
+
+}  // namespace psrender::image

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+namespace psrender::image {
+class ImageStore;
+}
+
+namespace psrender::svg {
+
+/// Where the images that a drawing refers to may come from.
+struct ImageAccess {
+    image::ImageStore* store = nullptr;  ///< without one all images are left out
+    /// Image files must lie in this folder or in folders within; empty means that none are read.
+    std::string folder{};
+};
+
+}  // namespace psrender::svg
