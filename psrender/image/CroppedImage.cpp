@@ -13,7 +13,7 @@ namespace {
 /// A document writes its images in the order of their keys: with the row first and of fixed
 /// width, strips of one picture follow each other, and it is decoded once for all of them.
 Core::String keyOf(const RowImage& image, const PixelRect& part) {
-    return Core::StringFormatStream(u"{0}-{1:X8}.{2}.{3}.{4}")
+    return Core::StringFormatStream(u"{0}-{1:X08}-{2}-{3}x{4}")
            << image.getHashKey() << static_cast<std::uint32_t>(part.y) << part.x << part.width
            << part.height;
 }

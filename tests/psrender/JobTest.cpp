@@ -209,7 +209,7 @@ TEST_F(Psrender, WarnsOfSlips) {
 TEST_F(Psrender, WarnsOnceAKind) {
     write("text.svg",
           "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'>"
-          "<image/><image/></svg>");
+          "<foreignObject/><foreignObject/></svg>");
     EXPECT_EQ(0, run("text.svg -o out.ps"));
     EXPECT_THAT(said, AllOf(StartsWith("psrender: warning: text.svg: "), HasSubstr("(2 times)\n")));
     EXPECT_EQ(0, run("text.svg -o out.ps --quiet"));

@@ -138,7 +138,8 @@ TEST(SvgElements, AreDrawnInGroupsAndLinksOnly) {
 
 TEST(SvgElements, LeftOutAreCountedUnlessSilent) {
     EXPECT_THAT(
-        readBody("<text/><text/><image/><foreignObject/><glow/><g display='none'><text/></g>"
+        readBody("<text/><text/><image href='a.png'/><foreignObject/><glow/><g "
+                 "display='none'><text/></g>"
                  "<animate/><set/><script/><title/><desc/><metadata><text/></metadata>"
                  "<view/><defs><text/></defs><x:y xmlns:x='http://x'><text/></x:y>")
             .warnings,
