@@ -7,10 +7,14 @@
 #include "Drawing/Path.h"
 #include "Drawing/Stroke.h"
 #include "PS/PSDocument.h"
+#include "PS/internal/Base85Writer.h"
+#include "PS/internal/HexWriter.h"
 
 #include <benchmark/benchmark.h>
 
 #include <random>
+#include <span>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -92,5 +96,36 @@ void drawTwentyCurves(benchmark::State& state) {
     drawRepeatedly(state, [&](Drawing::IOutputContext& page) { page.drawPath(path); });
 }
 BENCHMARK(drawTwentyCurves);
+
+Core::ByteArray noise() {
+    std::mt19937 random(1);
+    Core::ByteArray bytes(std::size_t{1} << 20);
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        bytes[i] = static_cast<std::uint8_t>(random());
+    return bytes;
+}
+
+/// Bytes of input a second, into memory that is there already.
+template <class Encode>
+void encode(benchmark::State& state, Encode encodeTo) {
+    const Core::ByteArray bytes = noise();
+    Core::IO::MemoryStream stream;
+    for (auto _ : state) {
+        stream.seek(0, Core::IO::SeekOrigin::begin);
+        encodeTo(stream, std::span<const std::uint8_t>(bytes.data(), bytes.size()));
+        benchmark::DoNotOptimize(stream.length());
+    }
+    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * bytes.size()));
+}
+BENCHMARK_CAPTURE(encode, base85, [](auto& stream, auto bytes) {
+    Drawing::PS::Base85Writer writer(stream);
+    writer.write(bytes);
+    writer.finish();
+});
+BENCHMARK_CAPTURE(encode, hexadecimal,
+                  [](auto& stream, auto bytes) { Drawing::PS::writeHex(stream, bytes); });
+BENCHMARK_CAPTURE(encode, copy, [](auto& stream, auto bytes) {
+    stream.write(std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
+});
 
 }  // namespace

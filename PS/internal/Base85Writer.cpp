@@ -12,14 +12,28 @@ constexpr std::size_t kGroup = 4;
 constexpr std::size_t kBytesAtATime = 16384;
 constexpr std::size_t kGroupText = 10;  ///< five digits, each perhaps with a carriage return
 
+constexpr std::uint32_t kBase = 85;
+constexpr std::uint32_t kPairs = kBase * kBase;
+
+using Pair = std::array<char, 2>;
+
+constexpr char digit(std::uint32_t value) {
+    return static_cast<char>('!' + value);
+}
+
+/// The two digits of each number below 85 squared, which saves three divisions a group.
+constexpr auto kPairTexts = [] {
+    std::array<Pair, kPairs> texts{};
+    for (std::uint32_t i = 0; i < kPairs; ++i)
+        texts[i] = {digit(i / kBase), digit(i % kBase)};
+    return texts;
+}();
+
 std::array<char, 5> digitsOf(std::uint32_t tuple) {
-    std::array<char, 5> digits{};
-    for (char& digit : digits) {
-        digit = static_cast<char>('!' + tuple % 85);
-        tuple /= 85;
-    }
-    std::reverse(digits.begin(), digits.end());
-    return digits;
+    const Pair& high = kPairTexts[tuple / (kPairs * kBase)];
+    const std::uint32_t rest = tuple % (kPairs * kBase);
+    const Pair& middle = kPairTexts[rest / kBase];
+    return {high[0], high[1], middle[0], middle[1], digit(rest % kBase)};
 }
 
 std::uint32_t tupleAt(const std::uint8_t* bytes) {

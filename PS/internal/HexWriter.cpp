@@ -1,7 +1,9 @@
 #include "PS/internal/HexWriter.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
+#include <cstring>
 
 namespace Drawing::PS {
 
@@ -9,11 +11,18 @@ namespace {
 
 constexpr std::size_t kLine = 40;
 
+constexpr auto kDigits = [] {
+    constexpr const char* digits = "0123456789ABCDEF";
+    std::array<std::array<char, 2>, 256> pairs{};
+    for (std::size_t byte = 0; byte < pairs.size(); ++byte)
+        pairs[byte] = {digits[byte >> 4], digits[byte & 0xF]};
+    return pairs;
+}();
+
 char* writeDigits(char* out, std::span<const std::uint8_t> bytes) {
-    constexpr const char* kDigits = "0123456789ABCDEF";
     for (const std::uint8_t byte : bytes) {
-        *out++ = kDigits[byte >> 4];
-        *out++ = kDigits[byte & 0xF];
+        std::memcpy(out, kDigits[byte].data(), 2);
+        out += 2;
     }
     return out;
 }
