@@ -1,9 +1,9 @@
 #include "PS/internal/HexWriter.h"
 
+#include "PS/internal/HexDigits.h"
+
 #include <algorithm>
-#include <array>
 #include <cstddef>
-#include <cstring>
 
 namespace Drawing::PS {
 
@@ -11,19 +11,9 @@ namespace {
 
 constexpr std::size_t kLine = 40;
 
-constexpr auto kDigits = [] {
-    constexpr const char* digits = "0123456789ABCDEF";
-    std::array<std::array<char, 2>, 256> pairs{};
-    for (std::size_t byte = 0; byte < pairs.size(); ++byte)
-        pairs[byte] = {digits[byte >> 4], digits[byte & 0xF]};
-    return pairs;
-}();
-
 char* writeDigits(char* out, std::span<const std::uint8_t> bytes) {
-    for (const std::uint8_t byte : bytes) {
-        std::memcpy(out, kDigits[byte].data(), 2);
-        out += 2;
-    }
+    for (const std::uint8_t byte : bytes)
+        out = putHex(out, byte);
     return out;
 }
 

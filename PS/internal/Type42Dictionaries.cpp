@@ -1,6 +1,9 @@
 #include "PS/internal/Type42Dictionaries.h"
 
 #include "Core/StringFormatStream.h"
+#include "PS/internal/HexDigits.h"
+
+#include <cstdint>
 
 namespace Drawing::PS {
 
@@ -11,9 +14,9 @@ using Core::StringFormatStream;
 constexpr int kBlock = 256;
 constexpr int kEntriesALine = 8;
 
+/// Of a block or code, which are bytes: a font has 65,535 glyphs at most.
 std::string hexByte(int value) {
-    const Core::String text = StringFormatStream(u"{0:X02}") << value;
-    return text.toUtf8();
+    return std::string(hexDigits(static_cast<std::uint8_t>(value)));
 }
 
 bool endsLine(int code) {
@@ -38,7 +41,8 @@ std::string charStrings(int block, const TTFToType42& font) {
         const int glyph = block * kBlock + code;
         if (glyph < 1 || glyph >= font.getGlyphCount())
             continue;
-        text += "/c" + hexByte(code) + " " + std::to_string(glyph) + " def ";
+        text.append("/c").append(hexDigits(static_cast<std::uint8_t>(code)));
+        text.append(" ").append(std::to_string(glyph)).append(" def ");
         if (endsLine(code))
             text += '\n';
     }

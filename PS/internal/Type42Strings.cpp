@@ -1,5 +1,7 @@
 #include "PS/internal/Type42Strings.h"
 
+#include "PS/internal/HexDigits.h"
+
 #include <algorithm>
 #include <cstddef>
 
@@ -9,13 +11,6 @@ namespace {
 
 constexpr std::size_t kLine = 32;
 constexpr std::size_t kLongestString = 65504;
-
-char* putByte(char* out, std::uint8_t byte) {
-    constexpr const char* kDigits = "0123456789ABCDEF";
-    *out++ = kDigits[byte >> 4];
-    *out++ = kDigits[byte & 0xF];
-    return out;
-}
 
 /// What stands behind the line that ends at `end`: the next line, the next string, or the end of
 /// this one. A string that is full is closed even if nothing follows but the extra byte.
@@ -35,7 +30,7 @@ void writeType42String(Core::IO::Stream& stream, std::span<const std::uint8_t> b
         const auto line = bytes.subspan(at, std::min(kLine, bytes.size() - at));
         char* out = stream.reserve(2 * kLine + 3);
         for (const std::uint8_t byte : line)
-            out = putByte(out, byte);
+            out = putHex(out, byte);
         stream.commit(putLineEnd(out, at + line.size(), bytes.size()));
     }
     for (std::size_t fill = bytes.size(); fill % 4 != 0; ++fill)
