@@ -6,7 +6,6 @@
 namespace {
 
 using Core::ByteArray;
-using Core::makeObject;
 using Drawing::ColorSpaceType;
 using Drawing::Font;
 using Drawing::RasterImage;

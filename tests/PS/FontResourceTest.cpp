@@ -20,9 +20,7 @@ using Drawing::PS::PSStdAdobeFontResource;
 using Drawing::PS::PSTTFFontResource;
 using Drawing::PS::PSType1FontResource;
 using Fonts::FontKind;
-using testing::EndsWith;
 using testing::HasSubstr;
-using testing::StartsWith;
 
 template <class Resource>
 SmartPtr<Resource> make(const SmartPtr<FakeFont>& font, bool kerning) {

@@ -17,7 +17,6 @@ using Core::UnreacheableCodeException;
 using Drawing::IOutputContext;
 using Drawing::PatternBrush;
 using Drawing::PS::PSDocumentFragment;
-using testing::HasSubstr;
 
 std::uint64_t numberOf(const SmartPtr<IOutputContext>& context) {
     const std::string name = context.dynamicCast<PSDocumentFragment>()->getName().toUtf8();

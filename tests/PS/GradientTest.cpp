@@ -13,7 +13,6 @@ using Core::SmartPtr;
 using Drawing::LinearGradientBrush;
 using Drawing::RadialGradientBrush;
 using Drawing::StopPoint;
-using testing::EndsWith;
 using testing::HasSubstr;
 
 SmartPtr<Drawing::Color> color(int r, int g, int b) {

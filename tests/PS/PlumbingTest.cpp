@@ -12,11 +12,9 @@ namespace {
 
 using Core::makeObject;
 using Core::NullPointerException;
-using Core::SmartPtr;
 using Core::IO::MemoryStream;
 using testing::EndsWith;
 using testing::HasSubstr;
-using testing::Not;
 using testing::StartsWith;
 
 TEST(PSDocument, WritesTextAndLines) {

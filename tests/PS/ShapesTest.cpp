@@ -12,7 +12,6 @@ namespace {
 using Core::makeObject;
 using Drawing::LineCap;
 using Drawing::Path;
-using Drawing::PathCommand;
 using Kind = Drawing::PathCommandKind;
 
 const std::string kHead = "q\n[1 0 0 1 0 0] cm\n";

@@ -17,7 +17,6 @@ namespace {
 namespace fs = std::filesystem;
 using testing::AllOf;
 using testing::HasSubstr;
-using testing::Not;
 using testing::StartsWith;
 
 const std::string kRed =
