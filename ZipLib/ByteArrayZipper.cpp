@@ -2,18 +2,27 @@
 
 #include "Core/Exception.h"
 
-#include <zlib.h>
+#include <libdeflate.h>
 
 #include <cstdint>
 #include <limits>
+#include <memory>
 #include <new>
 
 namespace ZipLib {
 
 namespace {
 
-/// Higher levels take up to five times as long for at most a few per cent.
+/// Measured on photographs, noisy ramps and rendered pages: lower levels give up to a tenth more
+/// bytes and save at most as much time but for the lowest; from 8 on it takes up to twice as long
+/// for a thousandth.
 constexpr int kLevel = 6;
+
+struct Release {
+    void operator()(libdeflate_compressor* compressor) const {
+        libdeflate_free_compressor(compressor);
+    }
+};
 
 }  // namespace
 
@@ -22,11 +31,13 @@ Core::ByteArray ByteArrayZipper::compress(const Core::ByteArray& data) {
         throw Core::FormatException("ByteArrayZipper", 1,
                                     "more than 4 GiB cannot be compressed in one piece; cut the "
                                     "image into strips");
-    uLongf size = compressBound(data.size());
-    Core::ByteArray compressed(size);
-    if (compress2(compressed.data(), &size, data.data(), data.size(), kLevel) != Z_OK)
+    const std::unique_ptr<libdeflate_compressor, Release> compressor(
+        libdeflate_alloc_compressor(kLevel));
+    if (!compressor)
         throw std::bad_alloc();
-    compressed.resize(size);
+    Core::ByteArray compressed(libdeflate_zlib_compress_bound(compressor.get(), data.size()));
+    compressed.resize(libdeflate_zlib_compress(compressor.get(), data.data(), data.size(),
+                                               compressed.data(), compressed.size()));
     return compressed;
 }
 
