@@ -32,7 +32,7 @@ bool isWithinReach(const Affine& map) {
 
 /// The number of pixels that give `most` dots an inch over `length` points.
 std::int32_t pixelsFor(double length, double most, std::int32_t pixels) {
-    const double wanted = std::ceil(length / kPointsAnInch * most);
+    const double wanted = std::round(length / kPointsAnInch * most);
     return static_cast<std::int32_t>(std::clamp<double>(wanted, 1, pixels));
 }
 

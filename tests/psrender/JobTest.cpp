@@ -1,5 +1,6 @@
 #include "psrender/CommandLine.h"
 #include "psrender/InputFile.h"
+#include "tests/psrender/image/ImageFiles.h"
 #include "tests/support/Interpreter.h"
 #include "tests/support/Raises.h"
 
@@ -15,6 +16,7 @@
 namespace {
 
 namespace fs = std::filesystem;
+using psrender::image::Bytes;
 using testing::AllOf;
 using testing::HasSubstr;
 using testing::StartsWith;
@@ -203,6 +205,34 @@ TEST_F(Psrender, WarnsOfSlips) {
     EXPECT_EQ("", said);
     EXPECT_EQ(1, run("red.svg -o out.ps --paper 30x30pt --fit --margin 15pt"));
     EXPECT_THAT(said, HasSubstr("no room"));
+}
+
+TEST_F(Psrender, PrintsPicturesAsPages) {
+    psrender::image::PngFile scan{50, 25, psrender::image::noise(3 * 50 * 25)};
+    scan.dotsPerMetre = 72 / 0.0254 / 2;
+    write("scan.png", encode(scan));
+    const Bytes pixels = scan.samples;
+    ASSERT_EQ(0, run("scan.png - scan.png -o out.ps <scan.png")) << said;
+    const Interpretation seen = interpret(read("out.ps"), 36);
+    EXPECT_EQ("", seen.messages);
+    ASSERT_EQ(3U, seen.pages.size());
+    for (const Picture& page : seen.pages)
+        EXPECT_EQ(pixels, page.bytes) << "two points a pixel, by the resolution that it tells";
+    const std::string document = read("out.ps");
+    EXPECT_EQ(document.find("\n/ImageData_"), document.rfind("\n/ImageData_")) << "once for all";
+    ASSERT_EQ(0, run("scan.png -o out.ps --paper 60x45pt --margin 5pt"));
+    const Picture fitted = interpret(read("out.ps")).pages.at(0);
+    EXPECT_EQ((Picture::Pixel{255, 255, 255}), fitted.at(30, 8));
+    EXPECT_EQ((Picture::Pixel{pixels[0], pixels[1], pixels[2]}), fitted.at(5, 10));
+    ASSERT_EQ(0, run("scan.png -o out.ps --max-dpi 18"));
+    EXPECT_THAT(read("out.ps"), HasSubstr("/Width 25\n/Height 13"));
+    EXPECT_EQ(1, run("scan.png -o none.ps --max-pixels 1249"));
+    EXPECT_THAT(said, StartsWith("psrender: scan.png: has 50 x 25 pixels, more than the limit"));
+    write("scan.png", encode(scan).substr(0, 2000));
+    EXPECT_EQ(3, run("scan.png red.svg -o out.ps --keep-going"));
+    EXPECT_THAT(said, HasSubstr("scan.png: is a PNG image that is cut short; fetch"));
+    EXPECT_EQ(1, run("scan.png -o none.ps"));
+    EXPECT_FALSE(fs::exists(folder_ / "none.ps"));
 }
 
 TEST_F(Psrender, WarnsOnceAKind) {

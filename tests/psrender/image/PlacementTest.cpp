@@ -1,0 +1,126 @@
+#include "psrender/image/ImageStore.h"
+#include "psrender/paint/Painter.h"
+#include "psrender/plan/Planner.h"
+#include "psrender/svg/DataUri.h"
+#include "psrender/svg/SvgReader.h"
+#include "tests/psrender/image/ImageFiles.h"
+#include "tests/support/Documents.h"
+#include "tests/support/Interpreter.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+
+namespace psrender::svg {
+
+namespace {
+
+namespace fs = std::filesystem;
+using image::encode;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+std::string escaped(const std::string& bytes) {
+    std::string text;
+    for (const char c : bytes) {
+        char code[4];
+        std::snprintf(code, sizeof code, "%%%02x", static_cast<unsigned char>(c));
+        text += code;
+    }
+    return text;
+}
+
+/// 4 by 2 pixels: red, green, blue and black above white, yellow, cyan and magenta.
+std::string colours() {
+    return "href='data:," +
+           escaped(encode(
+               image::PngFile{4, 2, {255, 0,   0,   0,   255, 0, 0, 0,   255, 0,   0, 0,
+                                     255, 255, 255, 255, 255, 0, 0, 255, 255, 255, 0, 255}})) +
+           "'";
+}
+
+/// The colours at the middles of a grid of 8 by 4 squares on a page of 80 by 40 points; a letter
+/// each.
+std::vector<std::string> seen(const std::string& body) {
+    image::ImageStore store(1000);
+    Warnings warnings;
+    const scene::Page page = readSvg(
+        "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 80 40' width='80pt' height='40pt'>" +
+            body + "</svg>",
+        "test", warnings, {&store});
+    const Interpretation result = interpret(finished([&](OpenDocument& document) {
+        paint::Painter(document).paintPage(plan::Planner().plan(page, warnings));
+    }));
+    EXPECT_EQ("", result.messages);
+    std::vector<std::string> rows;
+    for (int y = 5; y < 40; y += 10) {
+        std::string& row = rows.emplace_back();
+        for (int x = 5; x < 80; x += 10) {
+            const auto pixel = result.pages.at(0).at(x, y);
+            row += "krgybmcw"[pixel[0] / 255 + pixel[1] / 255 * 2 + pixel[2] / 255 * 4];
+        }
+    }
+    return rows;
+}
+
+TEST(SvgImages, LieUprightAsTheirAspectRatioTells) {
+    const std::string image = "<image " + colours() + " ";
+    EXPECT_THAT(seen(image + "width='80' height='40'/>"),
+                ElementsAre("rrggbbkk", "rrggbbkk", "wwyyccmm", "wwyyccmm"));
+    EXPECT_THAT(seen(image + "x='10' width='40'/>"),
+                ElementsAre("wrgbkwww", "wwycmwww", "wwwwwwww", "wwwwwwww"));
+    EXPECT_THAT(seen(image + "width='80' height='20' preserveAspectRatio='xMaxYMin meet'/>"),
+                ElementsAre("wwwwrgbk", "wwwwwycm", "wwwwwwww", "wwwwwwww"));
+    EXPECT_THAT(seen(image + "width='80' height='20' preserveAspectRatio='xMidYMax slice'/>"),
+                ElementsAre("wwyyccmm", "wwyyccmm", "wwwwwwww", "wwwwwwww"));
+    EXPECT_THAT(
+        seen(image + "x='20' width='20' height='40' preserveAspectRatio='xMinYMin slice'/>"),
+        ElementsAre("wwrrwwww", "wwrrwwww", "wwwwwwww", "wwwwwwww"))
+        << "cut to whole pixels, laid out to the edges";
+    EXPECT_THAT(seen(image + "width='40' height='20' transform='translate(40 40) rotate(180)'/>"),
+                ElementsAre("wwwwwwww", "wwwwwwww", "mcywwwww", "kbgrwwww"));
+}
+
+TEST(DataUris, AreDecodedInBothForms) {
+    EXPECT_EQ("a b%2", decodeDataUri("data:,a%20b%2"));
+    EXPECT_EQ("Man", decodeDataUri("data:image/png;base64,TWFu"));
+    EXPECT_EQ("Ma", decodeDataUri("DATA:;charset=x;BASE64, T\nWE="));
+    EXPECT_EQ("M", decodeDataUri("data:;base64,T%51"));
+    EXPECT_EQ("\xFB\xFF", decodeDataUri("data:;base64,-_8"));
+    for (const char* damaged : {"data:;base64,TWF!", "data:;base64,T", "data:", "http://a,b", ""})
+        EXPECT_EQ(std::nullopt, decodeDataUri(damaged)) << damaged;
+}
+
+TEST(SvgImages, AreReadFromTheFolderOfTheDrawingOnly) {
+    std::string name = (fs::temp_directory_path() / "psrender-test-XXXXXX").string();
+    const fs::path outside = ::mkdtemp(name.data());
+    const fs::path folder = outside / "inside";
+    fs::create_directories(folder / "sub");
+    const std::string png = encode(image::PngFile{1, 1, {1, 2, 3}});
+    for (const fs::path& file : {outside / "a.png", folder / "b c.png", folder / "sub" / "d.png"})
+        std::ofstream(file, std::ios::binary) << png;
+    fs::create_symlink(outside / "a.png", folder / "link.png");
+    fs::create_symlink(folder / "b c.png", folder / "fine.png");
+    image::ImageStore store(1000);
+    const auto warning = [&](const std::string& address, const std::string& place) {
+        Warnings warnings;
+        readSvg("<svg xmlns='http://www.w3.org/2000/svg'><image href='" + address + "'/></svg>",
+                "test", warnings, {&store, place});
+        return warnings.empty() ? "" : warnings.sentences()[0];
+    };
+    for (const char* good : {"b%20c.png", "./sub/d.png#x", "fine.png"})
+        EXPECT_EQ("", warning(good, folder.string())) << good;
+    for (const char* bad :
+         {"../a.png", "sub/../../a.png", "link.png", "/etc/passwd", "%2e%2e/a.png", "b%20c.png%00"})
+        EXPECT_THAT(warning(bad, folder.string()), HasSubstr("not in the folder")) << bad;
+    EXPECT_THAT(warning("http://a/b.png", folder.string()), HasSubstr("is not fetched"));
+    EXPECT_THAT(warning("sub", folder.string()), HasSubstr("is no regular file"));
+    EXPECT_THAT(warning("b%20c.png", ""), HasSubstr("not in the folder"));
+    fs::remove_all(outside);
+}
+
+}  // namespace
+
+}  // namespace psrender::svg
