@@ -47,13 +47,13 @@ Bytes every(std::size_t step, std::size_t first, const Bytes& samples) {
 }
 
 TEST(Png, IsExactInEveryColourSpaceAndSize) {
-    for (const auto& [width, height] : {std::pair(1, 1), {7, 5}, {33, 17}, {256, 3}})
+    for (const Drawing::PixelSize size : {Drawing::PixelSize{1, 1}, {7, 5}, {33, 17}, {256, 3}})
         for (const bool isInterlaced : {false, true}) {
             const auto samples = [&](std::size_t count) {
-                return noise(count * static_cast<std::size_t>(width * height));
+                return noise(count * static_cast<std::size_t>(size.width * size.height));
             };
             const auto file = [&](int type, int depth, const Bytes& bytes) {
-                return encode({width, height, bytes, type, depth, isInterlaced});
+                return encode({size.width, size.height, bytes, type, depth, isInterlaced});
             };
             EXPECT_EQ(samples(1), pixelsOf(file(kGrey, 8, samples(1))));
             EXPECT_EQ(samples(3), pixelsOf(file(kRgb, 8, samples(3))));
