@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <csetjmp>
+#include <cstdlib>
 #include <new>
 #include <string>
 #include <utility>
@@ -28,7 +29,8 @@ constexpr double kEverydayGamma = 1 / 2.2;
 class PngReader : public PixelReader {
 public:
     PngReader(ByteReader bytes, std::uint64_t mostPixels) : bytes_(std::move(bytes)) {
-        png_ = png_create_read_struct(PNG_LIBPNG_VER_STRING, this, onError, onWarning);
+        png_ = png_create_read_struct_2(PNG_LIBPNG_VER_STRING, this, onError, onWarning, this,
+                                        onAllocate, onFree);
         info_ = png_ != nullptr ? png_create_info_struct(png_) : nullptr;
         if (info_ == nullptr) {
             release();
@@ -74,6 +76,13 @@ private:
     }
     static void onWarning(png_structp /*png*/, const char* /*message*/) {}
 
+    /// A chunk may claim any size, whatever the file has.
+    static png_voidp onAllocate(png_structp png, png_alloc_size_t size) {
+        const auto* reader = static_cast<const PngReader*>(png_get_mem_ptr(png));
+        return reader->isHeadRead_ || size <= kLargestChunk ? std::malloc(size) : nullptr;
+    }
+    static void onFree(png_structp /*png*/, png_voidp memory) { std::free(memory); }
+
     static void onRead(png_structp png, png_bytep target, std::size_t size) {
         auto* reader = static_cast<PngReader*>(png_get_io_ptr(png));
         if (!reader->fill(target, size))
@@ -98,6 +107,7 @@ private:
             png_set_chunk_malloc_max(png_, kLargestChunk);
             png_read_info(png_, info_);
         });
+        isHeadRead_ = true;
         facts_.size = {static_cast<std::int32_t>(png_get_image_width(png_, info_)),
                        static_cast<std::int32_t>(png_get_image_height(png_, info_))};
         requireFeasible(png_get_image_width(png_, info_), png_get_image_height(png_, info_),
@@ -191,6 +201,7 @@ private:
     std::vector<std::uint8_t> pixels_;  ///< one row, or all of an interlaced image
     std::size_t rowSize_ = 0;
     std::int32_t row_ = 0;
+    bool isHeadRead_ = false;
     bool isInterlaced_ = false;
 };
 

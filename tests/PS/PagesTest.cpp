@@ -6,7 +6,6 @@
 
 namespace {
 
-
 const char* const kDefaults =
     "<</Duplex false \n/MediaPosition 1\n/MediaColor null\n/NumCopies 1\n/Jog 1\n"
     "/Tumble false/ImagingBBox null\n>> setpagedevice\n";
