@@ -31,6 +31,10 @@ FontManager::Program FontManager::findFontFor(char32_t character,
     return registry().findFor(character, *font);
 }
 
+FontManager::Program FontManager::findInstalledFont(const Core::SmartPtr<Drawing::Font>& font) {
+    return registry().findInstalled(*font);
+}
+
 void FontManager::registerFont(const Core::String& family, int weight, Drawing::FontSlant slant,
                                const Program& program) {
     if (!program)

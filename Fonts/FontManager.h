@@ -34,6 +34,9 @@ public:
     /// registered one, else the installed one nearest to the description, else Symbol or
     /// ZapfDingbats. Null if there is none.
     static Program findFontFor(char32_t character, const Core::SmartPtr<Drawing::Font>& font);
+    /// The installed font that the system prefers for the description, whatever its family, as for
+    /// the families "sans-serif", "serif" and "monospace". Null if there is none.
+    static Program findInstalledFont(const Core::SmartPtr<Drawing::Font>& font);
 
     /// Lets `program` answer for the family in this style from now on.
     static void registerFont(const Core::String& family, int weight, Drawing::FontSlant slant,

@@ -71,6 +71,14 @@ FontRegistry::Program FontRegistry::findFor(char32_t character, const Drawing::F
     return characterAnswers_.emplace(key, searchFor(character, font)).first->second;
 }
 
+FontRegistry::Program FontRegistry::findInstalled(const Drawing::Font& font) {
+    const std::scoped_lock lock(lock_);
+    for (const SystemFonts::Candidate& candidate : system_.sortedFor(font))
+        if (auto program = openCandidate(candidate))
+            return program;
+    return {};
+}
+
 FontRegistry::Program FontRegistry::openLocked(const std::string& fileName,
                                                std::uint32_t faceIndex) {
     const auto key = std::pair(fileName, faceIndex);

@@ -34,6 +34,8 @@ public:
     /// Null if no font fits.
     Program find(const Drawing::Font& font);
     Program findFor(char32_t character, const Drawing::Font& font);
+    /// Whatever its family; null if none is installed.
+    Program findInstalled(const Drawing::Font& font);
 
 private:
     Program openLocked(const std::string& fileName, std::uint32_t faceIndex);

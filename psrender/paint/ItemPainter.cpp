@@ -11,7 +11,16 @@ void ItemPainter::operator()(const scene::Shape& shape) {
     context_.drawPath(pathOf(*shape.outline));
 }
 
-void ItemPainter::operator()(const scene::Text& /*text*/) {}
+/// Glyphs stand upright in a space whose y axis points down.
+void ItemPainter::operator()(const scene::Text& text) {
+    const scene::TextRun& run = *text.run;
+    setTransform(text.transform);
+    setPaints(text.fill, {}, {});
+    context_.setFont(run.font);
+    const scene::Point origin = run.glyphs.empty() ? scene::Point() : run.glyphs.front().origin;
+    context_.drawText(run.text, 0, static_cast<float>(origin.x), static_cast<float>(origin.y),
+                      static_cast<float>(run.spacing), false);
+}
 
 /// The context draws a pixel as large as a unit, and its own positions are whole numbers only.
 void ItemPainter::operator()(const scene::Picture& picture) {

@@ -3,6 +3,7 @@
 #include "psrender/plan/PictureStage.h"
 #include "psrender/plan/PlacementStage.h"
 #include "psrender/plan/ShapeStage.h"
+#include "psrender/plan/TextStage.h"
 
 #include <utility>
 
@@ -16,13 +17,16 @@ using Items = std::vector<scene::Item>;
 class Row : public Sink {
 public:
     Row(Items& planned, const PlanOptions& options, Warnings& warnings)
-        : shapes_(planned, warnings), pictures_(options.mostDotsPerInch, warnings, shapes_) {}
+        : shapes_(planned, warnings),
+          pictures_(options.mostDotsPerInch, warnings, shapes_),
+          texts_(warnings, pictures_) {}
 
-    void take(scene::Item item) override { pictures_.take(std::move(item)); }
+    void take(scene::Item item) override { texts_.take(std::move(item)); }
 
 private:
     ShapeStage shapes_;
     PictureStage pictures_;
+    TextStage texts_;
 };
 
 void takeAll(Items items, Sink& sink) {

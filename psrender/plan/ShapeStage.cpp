@@ -26,6 +26,8 @@ void ShapeStage::take(scene::Item item) {
         takeShape(std::move(*shape));
     else if (auto* picture = std::get_if<scene::Picture>(&item))
         takePicture(std::move(*picture));
+    else if (auto* text = std::get_if<scene::Text>(&item))
+        takeText(std::move(*text));
     else if (const auto* group = std::get_if<scene::BeginGroup>(&item))
         opacity_.push(group->opacity);
     else if (std::holds_alternative<scene::EndGroup>(item))
@@ -44,6 +46,13 @@ void ShapeStage::takeShape(Shape shape) {
     removeFineDashes(shape, warnings_);
     for (Shape& part : bringInRange(shape, warnings_))
         place(std::move(part));
+}
+
+/// Only filled text comes as such.
+void ShapeStage::takeText(scene::Text text) {
+    text.fill = opacity_.overWhite(text.fill);
+    if (isPainted(text.fill))
+        items_.emplace_back(std::move(text));
 }
 
 void ShapeStage::takePicture(scene::Picture picture) {

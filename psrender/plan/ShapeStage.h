@@ -19,6 +19,7 @@ public:
 
 private:
     void takeShape(scene::Shape shape);
+    void takeText(scene::Text text);
     void takePicture(scene::Picture picture);
     void place(scene::Shape shape);
     void placeEvenOddFill(scene::Shape& shape);

@@ -5,6 +5,7 @@
 #include "psrender/svg/Color.h"
 #include "psrender/svg/Length.h"
 #include "psrender/svg/Paint.h"
+#include "psrender/svg/TextStyle.h"
 
 #include <cstdint>
 #include <memory>
@@ -44,6 +45,7 @@ struct InheritedStyle {
     DashList dashes;
     Length dashOffset;
     double fontSize = 16;
+    TextStyle text;
     bool isVisible = true;
     /// Ids of markers, empty for none.
     std::string_view markerStart;
@@ -60,6 +62,7 @@ struct OwnStyle {
     scene::Affine transform;
     PlainPaint stopColor{PlainPaint::Kind::color, {}};
     double stopOpacity = 1;
+    double baselineShift = 0;  ///< user units, upwards
 
     friend bool operator==(const OwnStyle&, const OwnStyle&) = default;
 };

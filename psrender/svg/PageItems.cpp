@@ -15,10 +15,11 @@ bool paints(const Paint& paint) {
 }
 
 /// Fill and stroke overlap, so with both the opacity has to stay around the two.
-bool takeOver(double opacity, Shape& shape) {
-    if (paints(shape.fill) == paints(shape.stroke))
+template <class Painted>
+bool takeOver(double opacity, Painted& item) {
+    if (paints(item.fill) == paints(item.stroke))
         return false;
-    Paint& paint = paints(shape.fill) ? shape.fill : shape.stroke;
+    Paint& paint = paints(item.fill) ? item.fill : item.stroke;
     paint.opacity *= opacity;
     return true;
 }
@@ -28,6 +29,8 @@ bool takeOver(double opacity, scene::Item& item) {
         picture->opacity *= opacity;
         return true;
     }
+    if (auto* text = std::get_if<scene::Text>(&item))
+        return takeOver(opacity, *text);
     auto* shape = std::get_if<Shape>(&item);
     return shape != nullptr && takeOver(opacity, *shape);
 }
@@ -45,6 +48,13 @@ bool PageItems::add(scene::Picture picture) {
     if (!grow({1, 0}))
         return false;
     items_.emplace_back(std::move(picture));
+    return true;
+}
+
+bool PageItems::add(scene::Text text) {
+    if (!grow({1, text.run->glyphs.size()}))
+        return false;
+    items_.emplace_back(std::move(text));
     return true;
 }
 

@@ -28,6 +28,7 @@ public:
     [[nodiscard]] bool add(scene::Shape shape);
     /// The same for a picture.
     [[nodiscard]] bool add(scene::Picture picture);
+    [[nodiscard]] bool add(scene::Text text);
     /// The same for a placement of items of this size.
     [[nodiscard]] bool add(scene::Placement placement, Size size);
 

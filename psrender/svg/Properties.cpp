@@ -1,7 +1,9 @@
 #include "psrender/svg/Properties.h"
 
 #include "psrender/svg/Characters.h"
+#include "psrender/svg/Keywords.h"
 #include "psrender/svg/NumberScanner.h"
+#include "psrender/svg/TextProperties.h"
 #include "psrender/svg/TransformParser.h"
 
 #include <algorithm>
@@ -10,29 +12,6 @@
 namespace psrender::svg {
 
 namespace {
-
-/// Sets a field if there is a value for it.
-template <typename Field, typename Value>
-bool assign(Field& field, const std::optional<Value>& value) {
-    if (value)
-        field = *value;
-    return value.has_value();
-}
-
-template <typename Value>
-struct Keyword {
-    std::string_view word;
-    Value value;
-};
-
-template <typename Value, std::size_t count>
-std::optional<Value> lookUp(const std::array<Keyword<Value>, count>& keywords,
-                            std::string_view text) {
-    for (const Keyword<Value>& keyword : keywords)
-        if (equalsIgnoringCase(keyword.word, text))
-            return keyword.value;
-    return std::nullopt;
-}
 
 using scene::Cap;
 using scene::FillRule;
@@ -48,12 +27,6 @@ constexpr std::array fillRules{Keyword<FillRule>{"nonzero", FillRule::nonZero},
                                Keyword<FillRule>{"evenodd", FillRule::evenOdd}};
 constexpr std::array visibilities{Keyword<bool>{"visible", true}, Keyword<bool>{"hidden", false},
                                   Keyword<bool>{"collapse", false}};
-/// In pixels; "medium" is the size of text that sets none.
-constexpr std::array fontSizes{Keyword<double>{"xx-small", 9}, Keyword<double>{"x-small", 10},
-                               Keyword<double>{"small", 13},   Keyword<double>{"medium", 16},
-                               Keyword<double>{"large", 18},   Keyword<double>{"x-large", 24},
-                               Keyword<double>{"xx-large", 32}};
-
 using Style = ComputedStyle;
 
 template <auto field>
@@ -132,17 +105,6 @@ bool applyDashes(std::string_view text, Style& style) {
     return true;
 }
 
-/// Relative sizes go by the parent's, which is what the style holds until now.
-bool applyFontSize(std::string_view text, Style& style) {
-    if (const auto keyword = lookUp(fontSizes, text))
-        return assign(style.fontSize, keyword);
-    const auto length = parseLength(text, style.fontSize);
-    if (!length || length->value < 0)
-        return false;
-    style.fontSize = length->isShare ? length->value * style.fontSize : length->value;
-    return true;
-}
-
 template <FeatureSet features>
 bool applyLeftOut(std::string_view text, Style& style) {
     const bool isDefault = equalsIgnoringCase(text, "none") || equalsIgnoringCase(text, "normal");
@@ -168,6 +130,18 @@ void copyMarkers(const Style& from, Style& to) {
     copy<&Style::markerEnd>(from, to);
 }
 
+template <auto field>
+void copyText(const Style& from, Style& to) {
+    to.text.*field = from.text.*field;
+}
+
+void copyFont(const Style& from, Style& to) {
+    to.fontSize = from.fontSize;
+    copyText<&TextStyle::families>(from, to);
+    copyText<&TextStyle::slant>(from, to);
+    copyText<&TextStyle::weight>(from, to);
+}
+
 struct Property {
     std::string_view name;
     bool (*apply)(std::string_view text, Style& style);
@@ -181,14 +155,23 @@ constexpr Property leftOut(std::string_view name) {
 
 /// Sorted by name, for the search.
 constexpr std::array<Property, propertyCount> properties{{
+    {"alignment-baseline", textProperties::applyBaseline, copyText<&TextStyle::baseline>},
+    {"baseline-shift", textProperties::applyBaselineShift, copy<&Style::baselineShift>},
     leftOut<feature::clipPath>("clip-path"),
     {"color", applyColor, copy<&Style::color>},
+    {"direction", textProperties::applyDirection, copyText<&TextStyle::isRightToLeft>},
     {"display", applyDisplay, copy<&Style::isDisplayed>},
+    {"dominant-baseline", textProperties::applyBaseline, copyText<&TextStyle::baseline>},
     {"fill", applyPaint<&Style::fill>, copy<&Style::fill>},
     {"fill-opacity", applyOpacity<&Style::fillOpacity>, copy<&Style::fillOpacity>},
     {"fill-rule", applyKeyword<&Style::fillRule, fillRules>, copy<&Style::fillRule>},
     leftOut<feature::filter>("filter"),
-    {"font-size", applyFontSize, copy<&Style::fontSize>},
+    {"font", textProperties::applyFont, copyFont},
+    {"font-family", textProperties::applyFamily, copyText<&TextStyle::families>},
+    {"font-size", textProperties::applySize, copy<&Style::fontSize>},
+    {"font-style", textProperties::applySlant, copyText<&TextStyle::slant>},
+    {"font-weight", textProperties::applyWeight, copyText<&TextStyle::weight>},
+    {"letter-spacing", textProperties::applyLetterSpacing, copyText<&TextStyle::letterSpacing>},
     {"marker", applyMarkers, copyMarkers},
     {"marker-end", applyReference<&Style::markerEnd>, copy<&Style::markerEnd>},
     {"marker-mid", applyReference<&Style::markerMid>, copy<&Style::markerMid>},
@@ -207,9 +190,14 @@ constexpr std::array<Property, propertyCount> properties{{
     {"stroke-miterlimit", applyMiterLimit, copy<&Style::miterLimit>},
     {"stroke-opacity", applyOpacity<&Style::strokeOpacity>, copy<&Style::strokeOpacity>},
     {"stroke-width", applyStrokeWidth, copy<&Style::strokeWidth>},
+    {"text-anchor", textProperties::applyAnchor, copyText<&TextStyle::anchor>},
+    {"text-decoration", textProperties::applyDecoration, copyText<&TextStyle::decorations>},
+    {"text-decoration-line", textProperties::applyDecoration, copyText<&TextStyle::decorations>},
     {"transform", applyTransform, copy<&Style::transform>},
     leftOut<feature::fixedStrokeWidth>("vector-effect"),
     {"visibility", applyKeyword<&Style::isVisible, visibilities>, copy<&Style::isVisible>},
+    {"white-space", textProperties::applyWhiteSpace, copyText<&TextStyle::keepsSpace>},
+    {"word-spacing", textProperties::applyWordSpacing, copyText<&TextStyle::wordSpacing>},
 }};
 
 constexpr std::optional<std::size_t> find(std::string_view name) {
@@ -223,8 +211,13 @@ constexpr std::optional<std::size_t> find(std::string_view name) {
 
 }  // namespace
 
-// NOLINTNEXTLINE(cert-err58-cpp): the table is searched when this is compiled.
+// NOLINTBEGIN(cert-err58-cpp): the table is searched when this is compiled.
 constinit const std::size_t fontSizeProperty = find("font-size").value();
+constinit const std::size_t fontProperty = find("font").value();
+constinit const std::array<std::size_t, 4> fontLonghands{
+    find("font-family").value(), fontSizeProperty, find("font-style").value(),
+    find("font-weight").value()};
+// NOLINTEND(cert-err58-cpp)
 
 std::optional<std::size_t> findProperty(std::string_view name) {
     return find(name);

@@ -2,6 +2,7 @@
 
 #include "psrender/svg/ComputedStyle.h"
 
+#include <array>
 #include <cstddef>
 #include <optional>
 #include <string_view>
@@ -10,10 +11,13 @@ namespace psrender::svg {
 
 /// The number of properties that the reader knows; they are counted from 0 in the order of
 /// their names.
-constexpr std::size_t propertyCount = 29;
+constexpr std::size_t propertyCount = 43;
 
 /// The property that lengths in font units depend on, so it is to be applied first.
 extern const std::size_t fontSizeProperty;
+/// The shorthand and the properties that it sets, too.
+extern const std::size_t fontProperty;
+extern const std::array<std::size_t, 4> fontLonghands;
 
 std::optional<std::size_t> findProperty(std::string_view name);
 

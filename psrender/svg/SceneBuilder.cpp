@@ -16,9 +16,7 @@ constexpr std::size_t deepestNesting = 1000;
 constexpr std::size_t mostReferredEffort = 10'000'000;
 
 void warnOfElement(ElementKind kind, Warnings& warnings) {
-    if (kind == ElementKind::text)
-        warnings.add("text is left out (<text>)");
-    else if (kind == ElementKind::foreignObject)
+    if (kind == ElementKind::foreignObject)
         warnings.add("content that is not SVG is left out (<foreignObject>)");
     else
         warnings.add("elements that SVG does not know are left out");
@@ -74,6 +72,8 @@ void SceneBuilder::drawContent(ElementKind kind, pugi::xml_node element, const S
         drawShape(kind, element, inside);
     else if (kind == ElementKind::image)
         drawImage(element, inside);
+    else if (kind == ElementKind::text)
+        drawText(element, inside);
     else if (kind == ElementKind::group)
         drawChildren(element, inside);
     else if (kind == ElementKind::use)

@@ -12,6 +12,8 @@
 #include "psrender/svg/SymbolStore.h"
 #include "psrender/svg/Viewport.h"
 #include "psrender/svg/XmlTree.h"
+#include "psrender/svg/text/TextLayout.h"
+#include "psrender/svg/text/TextRuns.h"
 
 #include <functional>
 #include <vector>
@@ -78,6 +80,13 @@ private:
                     const Surroundings& inside);
     const Symbol& symbolOfMarker(pugi::xml_node marker, const Surroundings& inside);
     void drawImage(pugi::xml_node element, const Surroundings& inside);
+    void drawText(pugi::xml_node element, const Surroundings& inside);
+    void layOut(const TextChunk& chunk, const TextContent& content, const Surroundings& inside,
+                TextLayout& layout);
+    void drawRun(const LaidRun& run, const TextSpan& span, pugi::xml_node element,
+                 const Surroundings& inside);
+    void drawDecorations(const TextContent& content, const TextLayout& layout, DecorationSet lines,
+                         const Surroundings& inside);
     [[nodiscard]] bool canBeDrawn(const scene::Affine& toPage);
     void warnOfLeftOut(const ComputedStyle& style, ElementKind kind);
 
@@ -89,6 +98,8 @@ private:
     ImageLinks images_;
     PageItems items_;
     SymbolStore symbols_;
+    FontChooser fonts_;
+    Shaper shaper_;
     std::vector<pugi::xml_node> targets_;  ///< of the references that are being drawn
     std::size_t referredEffort_ = 0;
 };

@@ -41,6 +41,8 @@ public:
         const std::uint64_t bit = std::uint64_t{1} << property;
         if ((present_ & bit) != 0 && entries_[property].strength > strength)
             return;
+        if (property == fontProperty)
+            dropFontLonghands(strength);
         present_ |= bit;
         entries_[property] = {text, strength};
     }
@@ -53,6 +55,13 @@ public:
     }
 
 private:
+    /// The shorthand says all that weaker texts said of a font.
+    void dropFontLonghands(Strength strength) {
+        for (const std::size_t property : fontLonghands)
+            if (entries_[property].strength <= strength)
+                present_ &= ~(std::uint64_t{1} << property);
+    }
+
     struct Entry {
         std::string_view text;
         Strength strength{};

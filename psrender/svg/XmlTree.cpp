@@ -67,7 +67,8 @@ void XmlTree::parse() {
     const std::string_view text = source_.text();
     const auto encoding = source_.wasConverted() ? pugi::encoding_utf8 : pugi::encoding_auto;
     const pugi::xml_parse_result result = document_.load_buffer(
-        text.data(), text.size(), pugi::parse_default | pugi::parse_fragment, encoding);
+        text.data(), text.size(),
+        pugi::parse_default | pugi::parse_fragment | pugi::parse_ws_pcdata, encoding);
     if (!result)
         source_.fail(static_cast<std::size_t>(std::max<std::ptrdiff_t>(result.offset, 0)),
                      describe(result.status));
@@ -77,6 +78,8 @@ void XmlTree::checkTopLevel() const {
     std::size_t elements = 0;
     for (const pugi::xml_node node : document_) {
         const bool isElement = node.type() == pugi::node_element;
+        if (node.type() == pugi::node_pcdata && trimmed(node.value()).empty())
+            continue;
         elements += isElement ? 1 : 0;
         if (!isElement || elements > 1)
             fail(node, "there is something outside of the root element; remove it");

@@ -4,6 +4,7 @@
 #include "tests/support/Documents.h"
 #include "tests/support/Interpreter.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace {
@@ -18,10 +19,12 @@ std::string script(const std::string& body) {
         "viewBox='0 0 100 100'>" +
             body + "</svg>",
         "test", warnings);
-    return finished([&](OpenDocument& document) {
-        psrender::paint::Painter(document).paintPage(
-            psrender::plan::Planner().plan(page, warnings));
-    });
+    return finished(
+        [&](OpenDocument& document) {
+            psrender::paint::Painter(document).paintPage(
+                psrender::plan::Planner().plan(page, warnings));
+        },
+        true);
 }
 
 struct Spot {
@@ -134,6 +137,23 @@ TEST(Rendering, HoldsASymbolOnceHoweverOftenItIsPlaced) {
     const std::string translucent = symbol("opacity='.9'");
     expectSpots(translucent, spots);
     EXPECT_EQ(0U, countIn(script(translucent), "docf_"));
+}
+
+TEST(Rendering, KeepsTextThatAnInterpreterCanShow) {
+    const std::string body =
+        "<text x='10' y='30' font-family='Helvetica' font-size='12'>AVATAR</text>"
+        "<text x='10' y='60' font-family='Helvetica' font-size='20' fill='none' stroke='red' "
+        "stroke-width='2'>l</text>"
+        "<text x='40' y='60' font-family='DejaVu Sans' font-size='20' fill='red'>l</text>"
+        "<text x='70' y='60' font-family='DejaVu Sans' font-size='20' "
+        "fill='red'>\xEF\xAC\x81\xD9\x84</text>"
+        "<text x='10' y='90' font-family='Times' font-size='20' fill='red' "
+        "opacity='0'>hidden</text>";
+    expectSpots(body, {{12.2, 50, true}, {42.9, 50, true}, {42.9, 70, false}, {72.6, 53, true}});
+    const std::string page = script(body);
+    EXPECT_EQ(1U, countIn(page, "kshow")) << "the stroked text is drawn by its outline";
+    EXPECT_EQ(1U, countIn(page, "TjfillKern\n")) << "ligatures and joined letters, too";
+    EXPECT_THAT(outputOf("ps2pdf - - | pdftotext - -", page), testing::HasSubstr("AVATAR"));
 }
 
 }  // namespace

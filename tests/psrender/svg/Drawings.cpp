@@ -66,7 +66,18 @@ std::string describe(const scene::Placement& placement) {
            " along " + number(map.a * pixelsPerPoint) + "," + number(map.b * pixelsPerPoint);
 }
 
+/// A run at the place of its first glyph.
+std::string describe(const scene::Text& text) {
+    const scene::TextRun& run = *text.run;
+    const scene::Point at = text.transform.apply(run.glyphs.front().origin);
+    return (run.isPlain ? "text \"" : "shapes \"") + run.text.toUtf8() + "\" in " +
+           run.program->getMetrics().postScriptName.toUtf8() + " " + number(run.size) + " at " +
+           number(at.x * pixelsPerPoint) + "," + number(at.y * pixelsPerPoint);
+}
+
 std::string describe(const scene::Item& item) {
+    if (const auto* text = std::get_if<scene::Text>(&item))
+        return describe(*text);
     if (const auto* placement = std::get_if<scene::Placement>(&item))
         return describe(*placement);
     if (const auto* group = std::get_if<scene::BeginGroup>(&item))

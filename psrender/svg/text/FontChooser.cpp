@@ -1,0 +1,99 @@
+#include "psrender/svg/text/FontChooser.h"
+
+#include "Fonts/FontManager.h"
+#include "psrender/svg/Characters.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace psrender::svg {
+
+using Fonts::FontManager;
+
+namespace {
+
+/// The next name of a list, without its quotes.
+std::string_view takeFamily(std::string_view& families) {
+    families = trimmed(families);
+    const char first = families.empty() ? '\0' : families.front();
+    const bool isQuoted = first == '"' || first == '\'';
+    const std::size_t end = families.find(isQuoted ? first : ',', isQuoted ? 1 : 0);
+    const std::string_view name = families.substr(isQuoted ? 1 : 0, isQuoted ? end - 1 : end);
+    const std::size_t comma = families.find(',', end == std::string_view::npos ? 0 : end);
+    families.remove_prefix(comma == std::string_view::npos ? families.size() : comma + 1);
+    return trimmed(name);
+}
+
+bool isGeneric(std::string_view family) {
+    constexpr std::array names{"sans-serif", "serif",    "monospace",     "cursive",     "fantasy",
+                               "system-ui",  "ui-serif", "ui-sans-serif", "ui-monospace"};
+    return std::ranges::any_of(names,
+                               [&](const char* name) { return equalsIgnoringCase(name, family); });
+}
+
+/// A font that was not found by its family is given its own name, by which the back end finds it
+/// again.
+void giveName(ChosenFont& font) {
+    font.family = font.program->getMetrics().postScriptName;
+    if (FontManager::findFont(font.ofSize(1)) != font.program)
+        FontManager::registerFont(font.family, font.weight, font.slant, font.program);
+}
+
+}  // namespace
+
+const ChosenFont* FontChooser::choose(const TextStyle& style, char32_t character) {
+    FontList& list = listFor(style);
+    const auto [entry, isNew] = list.known.try_emplace(character, nullptr);
+    if (isNew)
+        entry->second = search(list, character);
+    return entry->second;
+}
+
+FontChooser::FontList& FontChooser::listFor(const TextStyle& style) {
+    const auto [entry, isNew] =
+        lists_.try_emplace({std::string(style.families), style.weight, style.slant});
+    FontList& list = entry->second;
+    if (!isNew)
+        return list;
+    for (std::string_view families = style.families; !trimmed(families).empty();)
+        add(takeFamily(families), style, list);
+    if (list.fonts.empty())
+        add("Times", style, list);
+    return list;
+}
+
+void FontChooser::add(std::string_view family, const TextStyle& style, FontList& list) {
+    ChosenFont font{Core::String(family), style.weight, style.slant, nullptr};
+    if (isGeneric(family))
+        font.program = FontManager::findInstalledFont(font.ofSize(1));
+    if (font.program)
+        giveName(font);
+    else
+        font.program = FontManager::findFont(font.ofSize(1));
+    if (font.program)
+        list.fonts.push_back(std::make_unique<const ChosenFont>(std::move(font)));
+}
+
+const ChosenFont* FontChooser::search(FontList& list, char32_t character) {
+    for (const auto& font : list.fonts)
+        if (font->program->covers(character))
+            return font.get();
+    auto other = substitute(*list.fonts.front(), character);
+    if (!other)
+        return list.fonts.front().get();
+    list.fonts.push_back(std::move(other));
+    return list.fonts.back().get();
+}
+
+std::unique_ptr<const ChosenFont> FontChooser::substitute(const ChosenFont& wanted,
+                                                          char32_t character) {
+    ChosenFont font = wanted;
+    font.program = FontManager::findFontFor(character, wanted.ofSize(1));
+    if (!font.program)
+        return nullptr;
+    giveName(font);
+    return std::make_unique<const ChosenFont>(std::move(font));
+}
+
+}  // namespace psrender::svg

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "Core/SmartPtr.h"
+#include "Core/String.h"
+#include "Drawing/Font.h"
+#include "Fonts/FontProgram.h"
+#include "psrender/svg/TextStyle.h"
+
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace psrender::svg {
+
+/// A font program and the description under which it is found.
+struct ChosenFont {
+    Core::String family;
+    int weight = Drawing::Font::kRegular;
+    Drawing::FontSlant slant = Drawing::FontSlant::upright;
+    Core::SmartPtr<Fonts::FontProgram> program;
+
+    [[nodiscard]] Core::SmartPtr<Drawing::Font> ofSize(double size) const {
+        return Core::makeObject<Drawing::Font>(family, static_cast<float>(size), weight, slant);
+    }
+};
+
+/// Finds the font for each character of a text: the first of the families asked for that has it,
+/// else any font that has. For a generic family it is the one that the system prefers, so that a
+/// page looks as on a screen, and a standard font where none is installed.
+class FontChooser {
+public:
+    /// Never null and valid as long as the chooser. A character that no font has gets the first
+    /// font asked for.
+    const ChosenFont* choose(const TextStyle& style, char32_t character);
+
+private:
+    struct FontList {
+        std::vector<std::unique_ptr<const ChosenFont>> fonts;
+        std::unordered_map<char32_t, const ChosenFont*> known;
+    };
+    using StyleKey = std::tuple<std::string, int, Drawing::FontSlant>;
+
+    FontList& listFor(const TextStyle& style);
+    const ChosenFont* search(FontList& list, char32_t character);
+    static void add(std::string_view family, const TextStyle& style, FontList& list);
+    static std::unique_ptr<const ChosenFont> substitute(const ChosenFont& wanted,
+                                                        char32_t character);
+
+    std::map<StyleKey, FontList> lists_;
+};
+
+}  // namespace psrender::svg

@@ -1,0 +1,149 @@
+#include "psrender/svg/text/Paragraph.h"
+
+#include <fribidi.h>
+#include <hb.h>
+
+#include <algorithm>
+
+namespace psrender::svg {
+
+namespace {
+
+constexpr char32_t kFirstRightToLeft = 0x0590;
+
+/// What decides whether neighbours are shaped together.
+struct Traits {
+    const ChosenFont* font = nullptr;
+    hb_script_t script = HB_SCRIPT_COMMON;
+    std::uint8_t level = 0;
+};
+
+/// Embedding levels (Unicode Annex 9), all 0 for text from left to right.
+std::vector<std::uint8_t> embeddingLevels(const TextContent& content) {
+    std::vector<FriBidiChar> text;
+    text.reserve(content.characters.size());
+    for (const TextCharacter& character : content.characters)
+        text.push_back(character.code);
+    std::vector<std::uint8_t> levels(text.size());
+    const bool isRightToLeft = content.spans.front().style.text.isRightToLeft;
+    if (!isRightToLeft &&
+        std::ranges::all_of(text, [](FriBidiChar code) { return code < kFirstRightToLeft; }))
+        return levels;
+    const auto count = static_cast<FriBidiStrIndex>(text.size());
+    std::vector<FriBidiCharType> types(text.size());
+    std::vector<FriBidiBracketType> brackets(text.size());
+    fribidi_get_bidi_types(text.data(), count, types.data());
+    fribidi_get_bracket_types(text.data(), count, types.data(), brackets.data());
+    FriBidiParType base = isRightToLeft ? FRIBIDI_PAR_RTL : FRIBIDI_PAR_LTR;
+    std::vector<FriBidiLevel> found(text.size());
+    if (fribidi_get_par_embedding_levels_ex(types.data(), brackets.data(), count, &base,
+                                            found.data()) == 0)
+        return levels;
+    std::ranges::transform(found, levels.begin(),
+                           [](FriBidiLevel level) { return static_cast<std::uint8_t>(level); });
+    return levels;
+}
+
+bool joinsItsNeighbour(char32_t code) {
+    switch (hb_unicode_general_category(hb_unicode_funcs_get_default(), code)) {
+        case HB_UNICODE_GENERAL_CATEGORY_SPACE_SEPARATOR:
+        case HB_UNICODE_GENERAL_CATEGORY_NON_SPACING_MARK:
+        case HB_UNICODE_GENERAL_CATEGORY_SPACING_MARK:
+        case HB_UNICODE_GENERAL_CATEGORY_ENCLOSING_MARK:
+        case HB_UNICODE_GENERAL_CATEGORY_FORMAT:
+            return true;
+        default:
+            return false;
+    }
+}
+
+hb_script_t scriptOf(char32_t code) {
+    const hb_script_t script = hb_unicode_script(hb_unicode_funcs_get_default(), code);
+    return script == HB_SCRIPT_INHERITED ? HB_SCRIPT_COMMON : script;
+}
+
+class Splitter {
+public:
+    Splitter(const TextContent& content, FontChooser& fonts)
+        : content_(content), fonts_(fonts), levels_(embeddingLevels(content)) {}
+
+    std::vector<TextChunk> split() {
+        for (std::size_t i = 0; i < content_.characters.size(); ++i)
+            add(i);
+        for (TextChunk& chunk : chunks_)
+            reorder(chunk.segments);
+        return std::move(chunks_);
+    }
+
+private:
+    void add(std::size_t index) {
+        const TextCharacter& character = content_.characters[index];
+        const Traits traits = traitsOf(index);
+        const bool beginsChunk = index == 0 || character.x || character.y || changesPath(index);
+        if (beginsChunk)
+            chunks_.push_back({index, index, {}});
+        TextChunk& chunk = chunks_.back();
+        const bool goesOn = !beginsChunk && !character.isMoved() &&
+                            content_.characters[index - 1].rotation == 0 &&
+                            character.span == content_.characters[index - 1].span &&
+                            traits.font == last_.font && traits.level == last_.level &&
+                            (traits.script == last_.script || traits.script == HB_SCRIPT_COMMON ||
+                             last_.script == HB_SCRIPT_COMMON);
+        if (!goesOn)
+            chunk.segments.push_back({index, index, traits.font, traits.level});
+        chunk.segments.back().end = chunk.end = index + 1;
+        const hb_script_t script =
+            goesOn && traits.script == HB_SCRIPT_COMMON ? last_.script : traits.script;
+        last_ = {traits.font, script, traits.level};
+    }
+
+    [[nodiscard]] bool changesPath(std::size_t index) const {
+        const auto path = [&](std::size_t i) {
+            return content_.spans[content_.characters[i].span].path;
+        };
+        return path(index) != path(index - 1);
+    }
+
+    [[nodiscard]] Traits traitsOf(std::size_t index) {
+        const TextCharacter& character = content_.characters[index];
+        const TextSpan& span = content_.spans[character.span];
+        const bool joins = index > 0 && character.span == content_.characters[index - 1].span &&
+                           joinsItsNeighbour(character.code) &&
+                           last_.font->program->covers(character.code);
+        return {joins ? last_.font : fonts_.choose(span.style.text, character.code),
+                scriptOf(character.code), levels_[index]};
+    }
+
+    /// From the highest level down to the lowest odd one, every stretch of at least that level is
+    /// turned round.
+    static void reorder(std::vector<TextSegment>& segments) {
+        const auto highest = std::ranges::max_element(segments, {}, &TextSegment::level);
+        for (int level = highest->level; level > 0; --level) {
+            const auto isWithin = [&](const TextSegment& segment) {
+                return segment.level >= level;
+            };
+            for (auto begin = segments.begin(); begin != segments.end();) {
+                begin = std::find_if(begin, segments.end(), isWithin);
+                const auto end = std::find_if_not(begin, segments.end(), isWithin);
+                std::reverse(begin, end);
+                begin = end;
+            }
+        }
+    }
+
+    const TextContent& content_;
+    FontChooser& fonts_;
+    std::vector<std::uint8_t> levels_;
+    std::vector<TextChunk> chunks_;
+    Traits last_;
+};
+
+}  // namespace
+
+std::vector<TextChunk> splitIntoChunks(const TextContent& content, FontChooser& fonts) {
+    if (content.characters.empty())
+        return {};
+    return Splitter(content, fonts).split();
+}
+
+}  // namespace psrender::svg

@@ -1,0 +1,147 @@
+#include "psrender/svg/text/Shaper.h"
+
+#include "Fonts/FontScript.h"
+#include "Fonts/UnicodeRanges.h"
+
+#include <hb.h>
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+namespace psrender::svg {
+
+using Fonts::FontProgram;
+
+namespace {
+
+constexpr double kEm = 1000;
+
+struct Deleter {
+    void operator()(hb_buffer_t* buffer) const { hb_buffer_destroy(buffer); }
+    void operator()(hb_font_t* font) const { hb_font_destroy(font); }
+};
+
+constexpr hb_feature_t off(hb_tag_t tag) {
+    return {tag, 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END};
+}
+
+/// Letters that are set apart are not to be joined.
+constexpr std::array kNoLigatures{off(HB_TAG('l', 'i', 'g', 'a')), off(HB_TAG('c', 'l', 'i', 'g'))};
+
+Core::String toString(char32_t code) {
+    if (code < 0x10000)
+        return std::u16string(1, static_cast<char16_t>(code));
+    const char32_t rest = code - 0x10000;
+    return std::u16string{static_cast<char16_t>(0xD800 + (rest >> 10)),
+                          static_cast<char16_t>(0xDC00 + (rest & 0x3FF))};
+}
+
+/// A font without layout tables: one glyph a character, and the font's own kerning.
+std::vector<ShapedGlyph> lineUp(const FontProgram& program, std::span<const char32_t> text,
+                                const ShapingRun& run) {
+    std::vector<ShapedGlyph> glyphs;
+    for (std::size_t i = run.begin; i < run.end; ++i) {
+        const Core::String character = toString(text[i]);
+        const std::uint32_t found = program.mapGlyphs({character, 0}).at(0);
+        const bool isMissing = found == FontProgram::kMissingGlyph;
+        const bool isMark = Fonts::UnicodeRanges::isMark(character[0]);
+        ShapedGlyph glyph{isMissing ? 0 : found, i, 0, 0, 0, !isMissing, true};
+        glyph.advance = double{program.getAdvance(glyph.id)} / kEm;
+        if (!glyphs.empty())
+            glyphs.back().advance -=
+                program.getKerning(glyphs.back().id, glyph.id, isMark).value_or(0) / kEm;
+        glyphs.push_back(glyph);
+    }
+    if (run.isRightToLeft)
+        std::ranges::reverse(glyphs);
+    return glyphs;
+}
+
+}  // namespace
+
+/// A font file as the shaping library sees it, one unit an em's thousandth.
+class Shaper::OpenFont {
+public:
+    explicit OpenFont(const Fonts::FontFile& file) {
+        hb_blob_t* blob = hb_blob_create(reinterpret_cast<const char*>(file.bytes.data()),
+                                         static_cast<unsigned>(file.bytes.size()),
+                                         HB_MEMORY_MODE_READONLY, nullptr, nullptr);
+        hb_face_t* face = hb_face_create(blob, file.faceIndex);
+        font_.reset(hb_font_create(face));
+        unit_ = 1.0 / hb_face_get_upem(face);
+        hb_face_destroy(face);
+        hb_blob_destroy(blob);
+    }
+
+    [[nodiscard]] std::vector<ShapedGlyph> shape(std::span<const char32_t> text,
+                                                 const ShapingRun& run) const {
+        const std::unique_ptr<hb_buffer_t, Deleter> buffer(hb_buffer_create());
+        hb_buffer_set_cluster_level(buffer.get(), HB_BUFFER_CLUSTER_LEVEL_MONOTONE_CHARACTERS);
+        hb_buffer_add_utf32(buffer.get(), reinterpret_cast<const std::uint32_t*>(text.data()),
+                            static_cast<int>(text.size()), static_cast<unsigned>(run.begin),
+                            static_cast<int>(run.end - run.begin));
+        hb_buffer_set_direction(buffer.get(),
+                                run.isRightToLeft ? HB_DIRECTION_RTL : HB_DIRECTION_LTR);
+        hb_buffer_guess_segment_properties(buffer.get());
+        hb_shape(font_.get(), buffer.get(), kNoLigatures.data(),
+                 run.hasLigatures ? 0 : kNoLigatures.size());
+        return glyphsOf(buffer.get(), text, run);
+    }
+
+private:
+    [[nodiscard]] std::vector<ShapedGlyph> glyphsOf(hb_buffer_t* buffer,
+                                                    std::span<const char32_t> text,
+                                                    const ShapingRun& run) const {
+        unsigned count = 0;
+        const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(buffer, &count);
+        const hb_glyph_position_t* positions = hb_buffer_get_glyph_positions(buffer, nullptr);
+        std::vector<ShapedGlyph> glyphs(count);
+        for (unsigned i = 0; i < count; ++i) {
+            const bool isFirst = i == 0 || infos[i - 1].cluster != infos[i].cluster;
+            const bool isLast = i + 1 == count || infos[i + 1].cluster != infos[i].cluster;
+            const std::size_t next = isLast && i + 1 < count ? infos[i + 1].cluster : run.end;
+            const bool isAlone = isFirst && isLast && next == infos[i].cluster + std::size_t{1};
+            const hb_glyph_position_t& at = positions[i];
+            glyphs[i] = {infos[i].codepoint,
+                         infos[i].cluster,
+                         at.x_advance * unit_,
+                         at.x_offset * unit_,
+                         at.y_offset * unit_,
+                         false,
+                         isLast};
+            glyphs[i].isPlain = isAlone && !run.isRightToLeft && at.x_offset == 0 &&
+                                at.y_offset == 0 &&
+                                isNominal(text[infos[i].cluster], infos[i].codepoint);
+        }
+        return glyphs;
+    }
+
+    [[nodiscard]] bool isNominal(char32_t character, hb_codepoint_t glyph) const {
+        hb_codepoint_t nominal = 0;
+        return glyph != 0 && hb_font_get_nominal_glyph(font_.get(), character, &nominal) != 0 &&
+               nominal == glyph;
+    }
+
+    std::unique_ptr<hb_font_t, Deleter> font_;
+    double unit_ = 0;
+};
+
+Shaper::Shaper() = default;
+Shaper::~Shaper() = default;
+
+std::vector<ShapedGlyph> Shaper::shape(const FontProgram& program, std::span<const char32_t> text,
+                                       const ShapingRun& run) {
+    const OpenFont* font = open(program);
+    return font != nullptr ? font->shape(text, run) : lineUp(program, text, run);
+}
+
+const Shaper::OpenFont* Shaper::open(const FontProgram& program) {
+    const auto [entry, isNew] = fonts_.try_emplace(&program);
+    if (isNew)
+        if (const auto file = program.getFile())
+            entry->second = std::make_unique<const OpenFont>(*file);
+    return entry->second.get();
+}
+
+}  // namespace psrender::svg

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "Fonts/FontProgram.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <unordered_map>
+#include <vector>
+
+namespace psrender::svg {
+
+/// A glyph of a shaped text, in ems.
+struct ShapedGlyph {
+    std::uint32_t id = 0;
+    std::size_t character = 0;  ///< the first one that it shows, counted in the whole text
+    double advance = 0;
+    double x = 0;  ///< from the pen, to the right
+    double y = 0;  ///< from the baseline, upwards
+    /// Whether the glyph is the font's plain one for just this character, at the pen.
+    bool isPlain = false;
+    bool endsCluster = true;  ///< whether the next glyph shows other characters
+};
+
+/// A piece of a text in one font, script and direction.
+struct ShapingRun {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+    bool isRightToLeft = false;
+    bool hasLigatures = true;
+};
+
+/// Chooses and places glyphs by the rules of scripts and fonts.
+class Shaper {
+public:
+    Shaper();
+    ~Shaper();
+    Shaper(const Shaper&) = delete;
+    Shaper& operator=(const Shaper&) = delete;
+
+    /// The glyphs of `run` of `text` from left to right. `program` must outlive the shaper.
+    std::vector<ShapedGlyph> shape(const Fonts::FontProgram& program,
+                                   std::span<const char32_t> text, const ShapingRun& run);
+
+private:
+    class OpenFont;
+
+    const OpenFont* open(const Fonts::FontProgram& program);
+
+    std::unordered_map<const Fonts::FontProgram*, std::unique_ptr<const OpenFont>> fonts_;
+};
+
+}  // namespace psrender::svg
