@@ -1,6 +1,7 @@
 #pragma once
 
 #include "psrender/image/RowImage.h"
+#include "psrender/scene/DisplayList.h"
 
 /// Images made of other images. Each decodes its original when it is asked, and has a key made of
 /// the original's and of what was done to it.
@@ -15,9 +16,9 @@ Core::SmartPtr<Drawing::Image> cropped(const Core::SmartPtr<Drawing::Image>& ima
 Core::SmartPtr<Drawing::Image> reduced(const Core::SmartPtr<Drawing::Image>& image,
                                        Drawing::PixelSize size);
 
-/// `image` without alpha, as it looks on white paper when it is shown with this opacity, 0 to 1.
-/// The image itself if nothing changes.
-Core::SmartPtr<Drawing::Image> overWhite(const Core::SmartPtr<Drawing::Image>& image,
-                                         double opacity);
+/// `image` without alpha, as it looks over a ground of this colour when it is shown with this
+/// opacity, 0 to 1. The image itself if nothing changes; RGB if it is grey and the ground is not.
+Core::SmartPtr<Drawing::Image> flattened(const Core::SmartPtr<Drawing::Image>& image,
+                                         double opacity, const scene::Color& ground);
 
 }  // namespace psrender::image

@@ -57,14 +57,19 @@ TEST(DerivedImages, AreReducedToAverages) {
     EXPECT_THAT(alphaOf(half), ElementsAre(128));
 }
 
-TEST(DerivedImages, LieOverWhitePaper) {
+TEST(DerivedImages, LieOverTheirGround) {
+    const scene::Color white{255, 255, 255};
     const Image grey = raster(3, 1, ColorSpaceType::gray, {0, 0, 100}, {255, 128, 0});
-    EXPECT_THAT(pixelsOf(overWhite(grey, 1)), ElementsAre(0, 127, 255));
-    EXPECT_THAT(pixelsOf(overWhite(grey, 0.2)), ElementsAre(204, 229, 255));
+    EXPECT_THAT(pixelsOf(flattened(grey, 1, white)), ElementsAre(0, 127, 255));
+    EXPECT_THAT(pixelsOf(flattened(grey, 0.2, white)), ElementsAre(204, 229, 255));
+    EXPECT_THAT(pixelsOf(flattened(grey, 1, {10, 10, 10})), ElementsAre(0, 5, 10));
+    EXPECT_THAT(pixelsOf(flattened(grey, 1, {255, 10, 0})),
+                ElementsAre(0, 0, 0, 127, 5, 0, 255, 10, 0));
     const Image ink = raster(1, 1, ColorSpaceType::cmyk, {255, 100, 0, 40});
-    EXPECT_THAT(pixelsOf(overWhite(ink, 0.2)), ElementsAre(51, 20, 0, 8));
-    EXPECT_EQ(ink, overWhite(ink, 1));
-    EXPECT_FALSE(overWhite(grey, 1)->hasAlpha());
+    EXPECT_THAT(pixelsOf(flattened(ink, 0.2, white)), ElementsAre(51, 20, 0, 8));
+    EXPECT_THAT(pixelsOf(flattened(ink, 0.2, {255, 255, 0})), ElementsAre(51, 20, 204, 8));
+    EXPECT_EQ(ink, flattened(ink, 1, white));
+    EXPECT_FALSE(flattened(grey, 1, white)->hasAlpha());
 }
 
 /// An image of any size that no memory is needed for.

@@ -59,7 +59,7 @@ std::vector<std::string> seen(const std::string& body) {
         std::string& row = rows.emplace_back();
         for (int x = 5; x < 80; x += 10) {
             const auto pixel = result.pages.at(0).at(x, y);
-            row += "krgybmcw"[pixel[0] / 255 + pixel[1] / 255 * 2 + pixel[2] / 255 * 4];
+            row += "krgybmcw"[pixel[0] / 128 + pixel[1] / 128 * 2 + pixel[2] / 128 * 4];
         }
     }
     return rows;
@@ -81,6 +81,26 @@ TEST(SvgImages, LieUprightAsTheirAspectRatioTells) {
         << "cut to whole pixels, laid out to the edges";
     EXPECT_THAT(seen(image + "width='40' height='20' transform='translate(40 40) rotate(180)'/>"),
                 ElementsAre("wwwwwwww", "wwwwwwww", "mcywwwww", "kbgrwwww"));
+}
+
+TEST(SvgImages, ShowTheColourBeneathThem) {
+    const std::string clear =
+        "<image x='20' y='10' width='40' height='20' preserveAspectRatio='none' href='data:," +
+        escaped(encode(image::PngFile{1, 1, {9, 9, 9, 0}, 6})) + "'/>";
+    const auto over = [&](const std::string& body) { return seen(body + clear).at(1); };
+    EXPECT_EQ("yyyyyyyy", over("<rect width='80' height='40' fill='yellow'/>"));
+    EXPECT_EQ("wbbbbbbw", over("<path d='M8 4H72L75 36H5zM0 0h4v4h-4z' fill='blue'/>"
+                               "<path d='M0 0H80' stroke='red' stroke-width='10'/>"));
+    EXPECT_EQ("yyyyyyyy", over("<rect width='80' height='40' fill='red'/>"
+                               "<g transform='rotate(9)'>"
+                               "<rect x='-9' y='-99' width='99' height='199' fill='yellow'/></g>"));
+    EXPECT_EQ("wkkkkkkw", over("<rect width='80' height='40' fill='red'/><rect x='9' y='4' "
+                               "width='62' height='32' stroke='white' stroke-width='2'/>"
+                               "<rect width='9' height='40' fill='white'/>"
+                               "<rect x='71' width='9' height='40' fill='white'/>"));
+    EXPECT_EQ("bbwwwwww", over("<rect width='30' height='40' fill='blue'/>")) << "two colours";
+    EXPECT_EQ("bbwwwwww", over("<path d='M15 0V40' stroke='blue' stroke-width='30'/>"))
+        << "a line reaches beneath it";
 }
 
 TEST(DataUris, AreDecodedInBothForms) {
