@@ -40,7 +40,7 @@ private:
     FileImage(Core::String key, const ImageFacts& facts, bool isOpaque, EncodedImage bytes,
               std::string name, std::shared_ptr<LastDecoder> last);
 
-    PixelReader& readerAt(std::int32_t row) const;
+    [[nodiscard]] PixelReader& readerAt(std::int32_t row) const;
     void decode(std::int32_t first, std::int32_t count, std::uint8_t* pixels,
                 std::uint8_t* alpha) const;
 

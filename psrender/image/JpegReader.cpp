@@ -31,6 +31,7 @@ constexpr double kCentimetresAnInch = 2.54;
 constexpr int kMostScans = 200;
 
 struct Free {
+    // NOLINTNEXTLINE(cppcoreguidelines-no-malloc): the library allocates so.
     void operator()(JOCTET* memory) const { std::free(memory); }
 };
 
@@ -38,17 +39,9 @@ class JpegReader : public PixelReader {
 public:
     JpegReader(ByteReader bytes, std::uint64_t mostPixels) : bytes_(std::move(bytes)) {
         prepareCallbacks();
-        try {
-            run([this] { jpeg_create_decompress(&jpeg_); });
-            readHead(mostPixels);
-        } catch (...) {
-            jpeg_destroy_decompress(&jpeg_);
-            throw;
-        }
+        run([this] { jpeg_create_decompress(&jpeg_); });
+        readHead(mostPixels);
     }
-    JpegReader(const JpegReader&) = delete;
-    JpegReader& operator=(const JpegReader&) = delete;
-    ~JpegReader() override { jpeg_destroy_decompress(&jpeg_); }
 
     void readRow(std::uint8_t* pixels, std::uint8_t* /*alpha*/) override {
         JSAMPROW row = pixels;
@@ -64,10 +57,18 @@ public:
     }
 
 private:
+    /// Releases what the library allocated, if it came to that.
+    struct Handle : jpeg_decompress_struct {
+        Handle() : jpeg_decompress_struct{} {}
+        Handle(const Handle&) = delete;
+        Handle& operator=(const Handle&) = delete;
+        ~Handle() { jpeg_destroy_decompress(this); }
+    };
+
     /// The library reports an error by a jump: `step` may own nothing.
     template <class Step>
     void run(Step step) {
-        if (setjmp(jump_) != 0)
+        if (setjmp(jump_) != 0)  // NOLINT(cert-err52-cpp): a library of C
             throw ImageError(message_);
         step();
     }
@@ -76,6 +77,7 @@ private:
         return *static_cast<JpegReader*>(jpeg->client_data);
     }
 
+    // NOLINTNEXTLINE(cert-err52-cpp): a library of C
     [[noreturn]] void fail() { std::longjmp(jump_, 1); }
 
     [[noreturn]] static void onError(j_common_ptr jpeg) {
@@ -225,10 +227,10 @@ private:
     }
 
     ByteReader bytes_;
-    jpeg_decompress_struct jpeg_{};
     jpeg_error_mgr errors_{};
     jpeg_source_mgr source_{};
     jpeg_progress_mgr progress_{};
+    Handle jpeg_;
     std::jmp_buf jump_{};
     std::string message_;
     std::array<JOCTET, 16384> block_{};

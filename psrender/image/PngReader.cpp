@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <csetjmp>
-#include <cstdlib>
 #include <new>
 #include <string>
 #include <utility>
@@ -28,24 +27,14 @@ constexpr double kEverydayGamma = 1 / 2.2;
 
 class PngReader : public PixelReader {
 public:
-    PngReader(ByteReader bytes, std::uint64_t mostPixels) : bytes_(std::move(bytes)) {
-        png_ = png_create_read_struct_2(PNG_LIBPNG_VER_STRING, this, onError, onWarning, this,
-                                        onAllocate, onFree);
-        info_ = png_ != nullptr ? png_create_info_struct(png_) : nullptr;
-        if (info_ == nullptr) {
-            release();
-            throw std::bad_alloc();
-        }
-        try {
-            readHead(mostPixels);
-        } catch (...) {
-            release();
-            throw;
-        }
+    PngReader(ByteReader bytes, std::uint64_t mostPixels)
+        : bytes_(std::move(bytes)),
+          handles_(png_create_read_struct_2(PNG_LIBPNG_VER_STRING, this, onError, onWarning, this,
+                                            onAllocate, onFree)),
+          png_(handles_.png),
+          info_(handles_.info) {
+        readHead(mostPixels);
     }
-    PngReader(const PngReader&) = delete;
-    PngReader& operator=(const PngReader&) = delete;
-    ~PngReader() override { release(); }
 
     void readRow(std::uint8_t* pixels, std::uint8_t* alpha) override {
         const std::uint8_t* row = isInterlaced_ ? wholeRow() : nextRow();
@@ -59,10 +48,26 @@ public:
     }
 
 private:
+    struct Handles {
+        explicit Handles(png_structp created)
+            : png(created), info(png != nullptr ? png_create_info_struct(png) : nullptr) {
+            if (info == nullptr) {
+                png_destroy_read_struct(&png, nullptr, nullptr);
+                throw std::bad_alloc();
+            }
+        }
+        Handles(const Handles&) = delete;
+        Handles& operator=(const Handles&) = delete;
+        ~Handles() { png_destroy_read_struct(&png, &info, nullptr); }
+
+        png_structp png;
+        png_infop info;
+    };
+
     /// The library reports an error by a jump: `step` may own nothing.
     template <class Step>
     void run(Step step) {
-        if (setjmp(png_jmpbuf(png_)) != 0)
+        if (setjmp(png_jmpbuf(png_)) != 0)  // NOLINT(cert-err52-cpp): a library of C
             throw ImageError(message_);
         step();
     }
@@ -79,9 +84,10 @@ private:
     /// A chunk may claim any size, whatever the file has.
     static png_voidp onAllocate(png_structp png, png_alloc_size_t size) {
         const auto* reader = static_cast<const PngReader*>(png_get_mem_ptr(png));
-        return reader->isHeadRead_ || size <= kLargestChunk ? std::malloc(size) : nullptr;
+        return reader->isHeadRead_ || size <= kLargestChunk ? ::operator new(size, std::nothrow)
+                                                            : nullptr;
     }
-    static void onFree(png_structp /*png*/, png_voidp memory) { std::free(memory); }
+    static void onFree(png_structp /*png*/, png_voidp memory) { ::operator delete(memory); }
 
     static void onRead(png_structp png, png_bytep target, std::size_t size) {
         auto* reader = static_cast<PngReader*>(png_get_io_ptr(png));
@@ -191,17 +197,16 @@ private:
         }
     }
 
-    void release() { png_destroy_read_struct(&png_, &info_, nullptr); }
-
     ByteReader bytes_;
-    png_structp png_ = nullptr;
-    png_infop info_ = nullptr;
     std::string message_;
+    bool isHeadRead_ = false;
+    Handles handles_;
+    png_structp png_;
+    png_infop info_;
     ColorProfile profile_;
     std::vector<std::uint8_t> pixels_;  ///< one row, or all of an interlaced image
     std::size_t rowSize_ = 0;
     std::int32_t row_ = 0;
-    bool isHeadRead_ = false;
     bool isInterlaced_ = false;
 };
 

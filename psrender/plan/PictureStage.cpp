@@ -4,6 +4,7 @@
 #include "psrender/plan/Reach.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <utility>
@@ -22,12 +23,11 @@ constexpr std::int32_t kMostBytes = 256 * 65534;
 constexpr double kPointsAnInch = 72;
 
 bool isWithinReach(const Affine& map) {
-    for (const scene::Point corner : {scene::Point{0, 0}, {1, 0}, {0, 1}, {1, 1}}) {
+    constexpr std::array<scene::Point, 4> kCorners{{{0, 0}, {1, 0}, {0, 1}, {1, 1}}};
+    return std::ranges::all_of(kCorners, [&](const scene::Point& corner) {
         const scene::Point p = map.apply(corner);
-        if (!(std::abs(p.x) <= kReach && std::abs(p.y) <= kReach))
-            return false;
-    }
-    return true;
+        return std::abs(p.x) <= kReach && std::abs(p.y) <= kReach;
+    });
 }
 
 /// The number of pixels that give `most` dots an inch over `length` points.

@@ -22,8 +22,12 @@ namespace {
 constexpr std::uint64_t kLargestSum = 10;
 constexpr std::size_t kLongestName = 100;
 
-std::string shortened(const std::string& name) {
-    return name.size() <= kLongestName ? name : name.substr(0, kLongestName) + "...";
+/// A name as messages show it: of bounded length, and without what a terminal would obey.
+std::string printable(std::string_view name) {
+    std::string text(name.substr(0, kLongestName));
+    std::ranges::replace_if(
+        text, [](unsigned char c) { return c < ' ' || c == 127; }, '?');
+    return name.size() <= kLongestName ? text : text + "...";
 }
 
 /// A scheme, as in "http:", before any slash.
@@ -65,7 +69,7 @@ const UprightImage* ImageLinks::find(std::string_view address) {
 
 const UprightImage* ImageLinks::load(std::string_view address) {
     const bool isData = equalsIgnoringCase(address.substr(0, 5), "data:");
-    const std::string name = isData ? "an embedded image" : shortened(std::string(address));
+    const std::string name = isData ? "an embedded image" : printable(address);
     try {
         if (access_.store->decodedPixels() > mostPixels_)
             throw ImageError(

@@ -9,7 +9,6 @@ namespace psrender::image {
 
 namespace {
 
-using testing::Each;
 using testing::HasSubstr;
 
 constexpr int kGrey = 0, kRgb = 2, kPalette = 3, kGreyAlpha = 4, kRgba = 6;

@@ -105,7 +105,7 @@ std::string encode(const JpegFile& file) {
     jpeg_finish_compress(&jpeg);
     std::string result(reinterpret_cast<char*>(memory), size);
     jpeg_destroy_compress(&jpeg);
-    std::free(memory);
+    std::free(memory);  // NOLINT(cppcoreguidelines-no-malloc): the library allocates so
     return result;
 }
 
@@ -114,7 +114,7 @@ std::string profileOf(std::optional<double> gamma) {
     const std::array<cmsToneCurve*, 3> curves{curve, curve, curve};
     const cmsCIExyY white{0.3127, 0.3290, 1};
     const cmsCIExyYTRIPLE primaries{{0.64, 0.33, 1}, {0.30, 0.60, 1}, {0.15, 0.06, 1}};
-    const cmsHPROFILE profile =
+    cmsHPROFILE profile =
         gamma ? cmsCreateRGBProfile(&white, &primaries, curves.data()) : cmsCreate_sRGBProfile();
     cmsUInt32Number size = 0;
     cmsSaveProfileToMem(profile, nullptr, &size);
