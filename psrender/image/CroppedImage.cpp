@@ -38,6 +38,15 @@ public:
                 readPart(part_.y + first + i, static_cast<std::size_t>(i), pixels, alpha);
     }
 
+    [[nodiscard]] PixelRect visiblePart() const override {
+        const PixelRect whole = image_->visiblePart();
+        const std::int32_t left = std::max(whole.x, part_.x);
+        const std::int32_t top = std::max(whole.y, part_.y);
+        return {left - part_.x, top - part_.y,
+                std::max(0, std::min(whole.x + whole.width, part_.x + part_.width) - left),
+                std::max(0, std::min(whole.y + whole.height, part_.y + part_.height) - top)};
+    }
+
 private:
     void readPart(std::int32_t row, std::size_t target, std::uint8_t* pixels,
                   std::uint8_t* alpha) const {

@@ -7,6 +7,7 @@
 #include <xxhash.h>
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 #include <utility>
 #include <vector>
@@ -36,8 +37,9 @@ public:
             reader.readRow(pixels.data(), alpha.data());
             XXH3_128bits_update(colors_.get(), pixels.data(), pixels.size());
             XXH3_128bits_update(alphas_.get(), alpha.data(), alpha.size());
-            isOpaque_ = isOpaque_ && std::all_of(alpha.begin(), alpha.end(),
-                                                 [](std::uint8_t value) { return value == 255; });
+            isOpaque_ = isOpaque_ && std::ranges::count(alpha, 255) == std::ssize(alpha);
+            if (facts_.hasAlpha)
+                extend(row, alpha);
         }
     }
 
@@ -53,8 +55,26 @@ public:
     }
 
     [[nodiscard]] bool isOpaque() const { return isOpaque_; }
+    /// The box around all pixels that are not clear; empty if all are.
+    [[nodiscard]] PixelRect visiblePart() const {
+        if (isOpaque_)
+            return {0, 0, facts_.size.width, facts_.size.height};
+        return {left_, top_, std::max(0, right_ - left_), std::max(0, bottom_ - top_)};
+    }
 
 private:
+    void extend(std::int32_t row, const std::vector<std::uint8_t>& alpha) {
+        const auto isSeen = [](std::uint8_t value) { return value != 0; };
+        const auto first = std::find_if(alpha.begin(), alpha.end(), isSeen);
+        if (first == alpha.end())
+            return;
+        const auto last = std::find_if(alpha.rbegin(), alpha.rend(), isSeen);
+        left_ = std::min(left_, static_cast<std::int32_t>(first - alpha.begin()));
+        right_ = std::max(right_, static_cast<std::int32_t>(alpha.rend() - last));
+        top_ = std::min(top_, row);
+        bottom_ = row + 1;
+    }
+
     void addDigestOf(const XXH3_state_t* state) {
         const XXH128_hash_t digest = XXH3_128bits_digest(state);
         XXH3_128bits_update(colors_.get(), &digest, sizeof digest);
@@ -64,6 +84,10 @@ private:
     HashState colors_{XXH3_createState()};
     HashState alphas_{XXH3_createState()};
     bool isOpaque_ = true;
+    std::int32_t left_ = std::numeric_limits<std::int32_t>::max();
+    std::int32_t top_ = left_;
+    std::int32_t right_ = 0;
+    std::int32_t bottom_ = 0;
 };
 
 }  // namespace
@@ -74,15 +98,17 @@ Core::SmartPtr<FileImage> FileImage::make(EncodedImage bytes, const std::string&
     const auto reader = openImage(bytes.open(), mostPixels);
     PixelHash hash(reader->facts());
     hash.readAll(*reader);
-    return Core::makeObject<FileImage>(hash.key(), reader->facts(), hash.isOpaque(),
-                                       std::move(bytes), name, std::move(last));
+    return Core::makeObject<FileImage>(hash.key(), reader->facts(), hash.visiblePart(),
+                                       hash.isOpaque(), std::move(bytes), name, std::move(last));
 }
 
-FileImage::FileImage(Core::String key, const ImageFacts& facts, bool isOpaque, EncodedImage bytes,
-                     std::string name, std::shared_ptr<LastDecoder> last)
+FileImage::FileImage(Core::String key, const ImageFacts& facts, const PixelRect& visiblePart,
+                     bool isOpaque, EncodedImage bytes, std::string name,
+                     std::shared_ptr<LastDecoder> last)
     : RowImage(std::move(key), facts.size, facts.colorSpace, !isOpaque),
       bytes_(std::move(bytes)),
       facts_(facts),
+      visiblePart_(visiblePart),
       name_(std::move(name)),
       last_(std::move(last)) {}
 

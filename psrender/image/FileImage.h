@@ -30,6 +30,7 @@ public:
     ~FileImage() override;
 
     [[nodiscard]] const ImageFacts& facts() const { return facts_; }
+    [[nodiscard]] PixelRect visiblePart() const override { return visiblePart_; }
     void readRows(std::int32_t first, std::int32_t count, std::uint8_t* pixels,
                   std::uint8_t* alpha) const override;
 
@@ -37,8 +38,9 @@ private:
     template <class T, class... Arguments>
     friend Core::SmartPtr<T> Core::makeObject(Arguments&&... arguments);
 
-    FileImage(Core::String key, const ImageFacts& facts, bool isOpaque, EncodedImage bytes,
-              std::string name, std::shared_ptr<LastDecoder> last);
+    FileImage(Core::String key, const ImageFacts& facts, const PixelRect& visiblePart,
+              bool isOpaque, EncodedImage bytes, std::string name,
+              std::shared_ptr<LastDecoder> last);
 
     [[nodiscard]] PixelReader& readerAt(std::int32_t row) const;
     void decode(std::int32_t first, std::int32_t count, std::uint8_t* pixels,
@@ -46,6 +48,7 @@ private:
 
     EncodedImage bytes_;
     ImageFacts facts_;
+    PixelRect visiblePart_;
     std::string name_;
     std::shared_ptr<LastDecoder> last_;
 };

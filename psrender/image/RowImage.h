@@ -36,6 +36,10 @@ public:
     virtual void readRows(std::int32_t first, std::int32_t count, std::uint8_t* pixels,
                           std::uint8_t* alpha) const = 0;
 
+    /// A part outside of which all pixels are clear; its sides may be 0.
+    [[nodiscard]] virtual PixelRect visiblePart() const {
+        return {0, 0, size_.width, size_.height};
+    }
     [[nodiscard]] std::size_t width() const { return static_cast<std::size_t>(size_.width); }
     [[nodiscard]] std::size_t components() const { return components_; }
 

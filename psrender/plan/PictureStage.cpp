@@ -43,6 +43,20 @@ Affine shareOf(const PixelRect& part, const Drawing::PixelSize& size) {
     return {part.width / width, 0, 0, part.height / height, part.x / width, part.y / height};
 }
 
+Picture partOf(const Picture& picture, const PixelRect& part) {
+    return {image::cropped(picture.image, part),
+            picture.transform * shareOf(part, picture.image->getPixelSize()), picture.opacity};
+}
+
+/// Takes the margin away in which all pixels are clear. False if nothing is left.
+bool trim(Picture& picture) {
+    const PixelRect seen = image::rowsOf(picture.image)->visiblePart();
+    if (seen.width == 0 || seen.height == 0)
+        return false;
+    picture = partOf(picture, seen);
+    return true;
+}
+
 }  // namespace
 
 void PictureStage::take(scene::Item item) {
@@ -59,6 +73,8 @@ void PictureStage::takePicture(Picture picture) {
         warnings_.add("images that reach beyond a million points are left out");
         return;
     }
+    if (!trim(picture))
+        return;
     reduce(picture);
     cutIntoStrips(picture);
 }
@@ -73,18 +89,19 @@ void PictureStage::reduce(Picture& picture) const {
                         pixelsFor(std::hypot(map.c, map.d), mostDotsPerInch_, size.height)});
 }
 
-/// Only an image whose single row is too large is cut into columns, too.
+/// Only an image whose single row is too large is cut into columns, too. A grey one may become
+/// coloured when it is blended with what lies beneath it.
 void PictureStage::cutIntoStrips(const Picture& picture) {
     const Drawing::PixelSize size = picture.image->getPixelSize();
-    const std::int32_t components = picture.image->getColorSpace()->getComponentCount();
+    const std::int32_t components =
+        std::max(3, picture.image->getColorSpace()->getComponentCount());
     const std::int32_t width = std::min(size.width, kMostBytes / components);
     const std::int32_t height = std::min(size.height, kMostBytes / (components * width));
     for (std::int32_t y = 0; y < size.height; y += height)
         for (std::int32_t x = 0; x < size.width; x += width) {
             const PixelRect part{x, y, std::min(width, size.width - x),
                                  std::min(height, size.height - y)};
-            next_.take(Picture{image::cropped(picture.image, part),
-                               picture.transform * shareOf(part, size), picture.opacity});
+            next_.take(partOf(picture, part));
         }
 }
 

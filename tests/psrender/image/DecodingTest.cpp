@@ -106,6 +106,18 @@ TEST(Jpeg, KeepsColoursAndTurnsAdobesInkRound) {
         }
 }
 
+TEST(ImageStore, FindsWhatIsNotClear) {
+    const auto part = [](const Bytes& samples) {
+        return rowsOf(decode(encode({4, 3, samples, kGreyAlpha})))->visiblePart();
+    };
+    Bytes samples(24);
+    EXPECT_EQ(0, part(samples).width);
+    samples[2 * (1 * 4 + 2) + 1] = 1;
+    EXPECT_EQ((PixelRect{2, 1, 1, 1}), part(samples));
+    samples[2 * (2 * 4 + 1) + 1] = 255;
+    EXPECT_EQ((PixelRect{1, 1, 2, 2}), part(samples));
+}
+
 TEST(ImageStore, KeysEqualPixelsEqually) {
     const auto key = [](const PngFile& file) {
         return decode(encode(file))->getHashKey().toUtf8();

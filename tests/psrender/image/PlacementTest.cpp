@@ -86,7 +86,7 @@ TEST(SvgImages, LieUprightAsTheirAspectRatioTells) {
 TEST(SvgImages, ShowTheColourBeneathThem) {
     const std::string clear =
         "<image x='20' y='10' width='40' height='20' preserveAspectRatio='none' href='data:," +
-        escaped(encode(image::PngFile{1, 1, {9, 9, 9, 0}, 6})) + "'/>";
+        escaped(encode(image::PngFile{1, 1, {9, 9, 9, 1}, 6})) + "'/>";
     const auto over = [&](const std::string& body) { return seen(body + clear).at(1); };
     EXPECT_EQ("yyyyyyyy", over("<rect width='80' height='40' fill='yellow'/>"));
     EXPECT_EQ("wbbbbbbw", over("<path d='M8 4H72L75 36H5zM0 0h4v4h-4z' fill='blue'/>"
