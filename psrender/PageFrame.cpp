@@ -43,6 +43,13 @@ double scaleOf(const scene::Page& drawing, const PaperSize& size, const PageFram
     return std::min(width / drawing.width, height / drawing.height);
 }
 
+/// Around the drawing there may be paper now; nothing of it may show there.
+void cutOff(scene::Page& page) {
+    const scene::Rect drawing{0, 0, page.width, page.height};
+    page.items.insert(page.items.begin(), scene::BeginGroup{1, rectangleClip(drawing, {})});
+    page.items.emplace_back(scene::EndGroup());
+}
+
 }  // namespace
 
 void frame(scene::Page& page, const PageFrame& frame, Warnings& warnings) {
@@ -58,6 +65,9 @@ void frame(scene::Page& page, const PageFrame& frame, Warnings& warnings) {
                             scale,
                             (size.width - page.width * scale) / 2,
                             (size.height - page.height * scale) / 2};
+    if (page.width * scale < size.width - kRounding ||
+        page.height * scale < size.height - kRounding)
+        cutOff(page);
     page.width = size.width;
     page.height = size.height;
     if (map != scene::Affine())

@@ -1,5 +1,6 @@
 #include "psrender/plan/Planner.h"
 
+#include "psrender/plan/ClipStage.h"
 #include "psrender/plan/PictureStage.h"
 #include "psrender/plan/PlacementStage.h"
 #include "psrender/plan/ShapeStage.h"
@@ -19,14 +20,16 @@ public:
     Row(Items& planned, const PlanOptions& options, Warnings& warnings)
         : shapes_(planned, warnings),
           pictures_(options.mostDotsPerInch, warnings, shapes_),
-          texts_(warnings, pictures_) {}
+          texts_(warnings, pictures_),
+          clips_(warnings, texts_) {}
 
-    void take(scene::Item item) override { texts_.take(std::move(item)); }
+    void take(scene::Item item) override { clips_.take(std::move(item)); }
 
 private:
     ShapeStage shapes_;
     PictureStage pictures_;
     TextStage texts_;
+    ClipStage clips_;
 };
 
 void takeAll(Items items, Sink& sink) {

@@ -1,5 +1,8 @@
 #include "psrender/scene/DisplayList.h"
 
+#include <memory>
+#include <utility>
+
 namespace psrender::scene {
 
 namespace {
@@ -23,6 +26,21 @@ private:
 };
 
 }  // namespace
+
+Clip rectangleClip(const Rect& rect, const Affine& toPage) {
+    auto border = std::make_shared<Outline>();
+    border->moveTo({rect.x, rect.y});
+    border->lineTo({rect.x + rect.width, rect.y});
+    border->lineTo({rect.x + rect.width, rect.y + rect.height});
+    border->lineTo({rect.x, rect.y + rect.height});
+    border->close();
+    Shape shape;
+    shape.outline = std::move(border);
+    shape.fill.kind = Paint::Kind::solid;
+    auto area = std::make_shared<ItemList>();
+    area->items.emplace_back(std::move(shape));
+    return {std::move(area), toPage};
+}
 
 void transform(ItemList& list, const Affine& map) {
     for (Item& item : list.items)

@@ -97,6 +97,9 @@ struct Clip {
     Affine transform;  ///< from the area's space to the page
 };
 
+/// A clip to a rectangle in a space of its own.
+Clip rectangleClip(const Rect& rect, const Affine& toPage);
+
 /// Everything up to the matching `EndGroup` is shown as one picture with this opacity, within
 /// `clip` if there is one.
 struct BeginGroup {

@@ -17,12 +17,11 @@ namespace psrender::svg {
 /// Properties that change the picture and that the reader leaves out, as bits of a set.
 using FeatureSet = std::uint16_t;
 namespace feature {
-constexpr FeatureSet clipPath = 1;
-constexpr FeatureSet mask = 2;
-constexpr FeatureSet filter = 4;
-constexpr FeatureSet blendMode = 8;
-constexpr FeatureSet fixedStrokeWidth = 16;
-constexpr FeatureSet paintOrder = 32;
+constexpr FeatureSet mask = 1;
+constexpr FeatureSet filter = 2;
+constexpr FeatureSet blendMode = 4;
+constexpr FeatureSet fixedStrokeWidth = 8;
+constexpr FeatureSet paintOrder = 16;
 
 constexpr FeatureSet inherited = paintOrder;
 }  // namespace feature
@@ -38,6 +37,7 @@ struct InheritedStyle {
     double fillOpacity = 1;
     double strokeOpacity = 1;
     scene::FillRule fillRule = scene::FillRule::nonZero;
+    scene::FillRule clipRule = scene::FillRule::nonZero;  ///< instead within a clip path
     scene::Cap cap = scene::Cap::butt;
     scene::Join join = scene::Join::miter;
     double miterLimit = 4;
@@ -58,7 +58,9 @@ struct InheritedStyle {
 /// What each element has for itself.
 struct OwnStyle {
     double opacity = 1;
+    std::string_view clipPath;  ///< its id, empty for none
     bool isDisplayed = true;
+    bool overflows = false;  ///< what is outside of its viewport is shown
     scene::Affine transform;
     PlainPaint stopColor{PlainPaint::Kind::color, {}};
     double stopOpacity = 1;

@@ -1,5 +1,7 @@
 #include "psrender/svg/PageItems.h"
 
+#include <algorithm>
+
 namespace psrender::svg {
 
 namespace {
@@ -23,6 +25,47 @@ bool takeOver(double opacity, Painted& item) {
     paint.opacity *= opacity;
     return true;
 }
+
+/// Puts boxes around points and items.
+class BoxFinder {
+public:
+    void addItems(const scene::Item* first, const scene::Item* end, const scene::Affine& map) {
+        for (; first != end; ++first)
+            std::visit([&](const auto& item) { addItem(item, map); }, *first);
+    }
+    std::optional<scene::Rect> box;
+
+private:
+    void addItem(const Shape& shape, const scene::Affine& map) {
+        const scene::Outline outline = shape.outline->transformed(map * shape.transform);
+        if (const auto around = outline.controlBox())
+            addBox(*around);
+    }
+    void addItem(const scene::Picture& picture, const scene::Affine& map) {
+        const scene::Affine whole = map * picture.transform;
+        for (const scene::Point corner : {scene::Point{0, 0}, {1, 0}, {0, 1}, {1, 1}}) {
+            const scene::Point p = whole.apply(corner);
+            addBox({p.x, p.y, 0, 0});
+        }
+    }
+    void addItem(const scene::Placement& placement, const scene::Affine& map) {
+        const auto& items = placement.symbol->items;
+        addItems(items.data(), items.data() + items.size(), map * placement.transform);
+    }
+    template <class Other>
+    void addItem(const Other& /*item*/, const scene::Affine& /*map*/) {}
+
+    void addBox(const scene::Rect& other) {
+        if (!box)
+            box = other;
+        const double right = std::max(box->x + box->width, other.x + other.width);
+        const double bottom = std::max(box->y + box->height, other.y + other.height);
+        box->x = std::min(box->x, other.x);
+        box->y = std::min(box->y, other.y);
+        box->width = right - box->x;
+        box->height = bottom - box->y;
+    }
+};
 
 bool takeOver(double opacity, scene::Item& item) {
     if (auto* picture = std::get_if<scene::Picture>(&item)) {
@@ -73,6 +116,16 @@ bool PageItems::grow(Size size) {
 PageItems::Mark PageItems::beginGroup(double opacity, std::optional<scene::Clip> clip) {
     items_.emplace_back(scene::BeginGroup{opacity, std::move(clip)});
     return items_.size() - 1;
+}
+
+std::optional<scene::Rect> PageItems::boxSince(Mark begin, const scene::Affine& fromPage) const {
+    BoxFinder finder;
+    finder.addItems(items_.data() + begin + 1, items_.data() + items_.size(), fromPage);
+    return finder.box;
+}
+
+void PageItems::moveClip(Mark begin, const scene::Affine& toPage) {
+    std::get<scene::BeginGroup>(items_[begin]).clip->transform = toPage;
 }
 
 void PageItems::endGroup(Mark begin) {

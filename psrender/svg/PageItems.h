@@ -37,6 +37,20 @@ public:
     Mark beginGroup(double opacity, std::optional<scene::Clip> clip = std::nullopt);
     void endGroup(Mark begin);
 
+    /// What `draw` adds becomes a group.
+    template <class Draw>
+    void group(double opacity, std::optional<scene::Clip> clip, Draw draw) {
+        const Mark begin = beginGroup(opacity, std::move(clip));
+        draw();
+        endGroup(begin);
+    }
+    /// The box around everything since `begin` without its strokes, mapped by `fromPage`; nothing
+    /// if there are no shapes and pictures.
+    [[nodiscard]] std::optional<scene::Rect> boxSince(Mark begin,
+                                                      const scene::Affine& fromPage) const;
+    /// Moves the clip of the group that began at `begin`.
+    void moveClip(Mark begin, const scene::Affine& toPage);
+
     std::vector<scene::Item> takeItems() { return std::exchange(items_, {}); }
 
     /// What `draw` adds, as a list of its own. It counts towards the limits like the rest.

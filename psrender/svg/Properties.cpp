@@ -27,6 +27,9 @@ constexpr std::array fillRules{Keyword<FillRule>{"nonzero", FillRule::nonZero},
                                Keyword<FillRule>{"evenodd", FillRule::evenOdd}};
 constexpr std::array visibilities{Keyword<bool>{"visible", true}, Keyword<bool>{"hidden", false},
                                   Keyword<bool>{"collapse", false}};
+constexpr std::array overflows{Keyword<bool>{"visible", true}, Keyword<bool>{"auto", true},
+                               Keyword<bool>{"hidden", false}, Keyword<bool>{"scroll", false}};
+
 using Style = ComputedStyle;
 
 template <auto field>
@@ -157,7 +160,8 @@ constexpr Property leftOut(std::string_view name) {
 constexpr std::array<Property, propertyCount> properties{{
     {"alignment-baseline", textProperties::applyBaseline, copyText<&TextStyle::baseline>},
     {"baseline-shift", textProperties::applyBaselineShift, copy<&Style::baselineShift>},
-    leftOut<feature::clipPath>("clip-path"),
+    {"clip-path", applyReference<&Style::clipPath>, copy<&Style::clipPath>},
+    {"clip-rule", applyKeyword<&Style::clipRule, fillRules>, copy<&Style::clipRule>},
     {"color", applyColor, copy<&Style::color>},
     {"direction", textProperties::applyDirection, copyText<&TextStyle::isRightToLeft>},
     {"display", applyDisplay, copy<&Style::isDisplayed>},
@@ -179,6 +183,7 @@ constexpr std::array<Property, propertyCount> properties{{
     leftOut<feature::mask>("mask"),
     leftOut<feature::blendMode>("mix-blend-mode"),
     {"opacity", applyOpacity<&Style::opacity>, copy<&Style::opacity>},
+    {"overflow", applyKeyword<&Style::overflows, overflows>, copy<&Style::overflows>},
     leftOut<feature::paintOrder>("paint-order"),
     {"stop-color", applyStopColor, copy<&Style::stopColor>},
     {"stop-opacity", applyOpacity<&Style::stopOpacity>, copy<&Style::stopOpacity>},

@@ -22,6 +22,17 @@ void warnOfElement(ElementKind kind, Warnings& warnings) {
         warnings.add("elements that SVG does not know are left out");
 }
 
+/// A clip path takes the area of shapes and nothing of their looks.
+void makeSilhouette(ComputedStyle& style) {
+    style.fill = {};
+    style.fill.plain.kind = PlainPaint::Kind::color;
+    style.stroke = {};
+    style.fillOpacity = style.opacity = 1;
+    style.fillRule = style.clipRule;
+    style.markerStart = style.markerMid = style.markerEnd = {};
+    style.leftOut = 0;
+}
+
 /// What reading an element's attributes costs, in elements of ordinary size.
 std::size_t effortFor(pugi::xml_node element) {
     std::size_t size = 0;
@@ -50,20 +61,25 @@ void SceneBuilder::draw(pugi::xml_node element, const Surroundings& around, cons
     if ((!isShown(kind) && area == nullptr) || !conditionsHold(element))
         return;
     checkEffort(element, around);
-    const ComputedStyle style = styles_.resolve(element, around.style);
+    ComputedStyle style = styles_.resolve(element, around.style);
+    if (around.isClip)
+        makeSilhouette(style);
     if (!style.isDisplayed || style.opacity <= 0)
         return;
     warnOfLeftOut(style, kind);
-    Surroundings inside{style, around.toPage * style.transform, around.measures, around.depth + 1,
-                        around.isReferred};
+    Surroundings inside{style,
+                        around.toPage * style.transform,
+                        around.measures,
+                        around.depth + 1,
+                        around.isReferred,
+                        around.isClip};
     inside.measures.fontSize = style.fontSize;
-    if (style.opacity == 1) {
+    if (!style.clipPath.empty())
+        drawWithinClip(inside, [&] { drawContent(kind, element, inside, area); });
+    else if (style.opacity == 1)
         drawContent(kind, element, inside, area);
-        return;
-    }
-    const PageItems::Mark group = items_.beginGroup(style.opacity);
-    drawContent(kind, element, inside, area);
-    items_.endGroup(group);
+    else
+        items_.group(style.opacity, {}, [&] { drawContent(kind, element, inside, area); });
 }
 
 void SceneBuilder::drawContent(ElementKind kind, pugi::xml_node element, const Surroundings& inside,
@@ -119,7 +135,12 @@ void SceneBuilder::drawViewport(pugi::xml_node element, const Rect& area,
     within.toPage = inside.toPage * viewport->map;
     within.measures.width = viewport->width;
     within.measures.height = viewport->height;
-    drawChildren(element, within);
+    const bool isPage = element == tree_.root() && !inside.isReferred;
+    if (isPage || inside.style.overflows)
+        drawChildren(element, within);
+    else
+        items_.group(1, scene::rectangleClip(area, inside.toPage),
+                     [&] { drawChildren(element, within); });
 }
 
 /// References can make a small file ask for endless work.

@@ -43,6 +43,7 @@ private:
         Measures measures;
         std::size_t depth = 0;
         bool isReferred = false;  ///< drawn through a reference
+        bool isClip = false;      ///< only what is covered counts
     };
 
     /// `area` is where a reference wants an element with a viewport of its own.
@@ -56,6 +57,12 @@ private:
     void checkEffort(pugi::xml_node element, const Surroundings& around);
     void addEffort(std::size_t effort, pugi::xml_node element);
     [[noreturn]] void failOfSize(pugi::xml_node element) const;
+
+    /// What `draw` draws, as a group within the clip path of the style.
+    void drawWithinClip(const Surroundings& inside, const std::function<void()>& draw);
+    [[nodiscard]] pugi::xml_node findClipPath(const ComputedStyle& style) const;
+    scene::Clip clipFor(pugi::xml_node clipPath, const Surroundings& inside);
+    void drawClipArea(pugi::xml_node clipPath, const Surroundings& inside);
 
     void drawUse(pugi::xml_node use, const Surroundings& inside);
     void drawTarget(pugi::xml_node use, pugi::xml_node target, const Surroundings& inside);

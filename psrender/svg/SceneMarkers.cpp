@@ -4,7 +4,6 @@
 #include "psrender/svg/NumberScanner.h"
 #include "psrender/svg/PathParser.h"
 #include "psrender/svg/SceneBuilder.h"
-#include "psrender/svg/ShapeOutlines.h"
 #include "psrender/svg/ViewBox.h"
 
 #include <algorithm>
@@ -63,10 +62,7 @@ std::optional<scene::Clip> clipOf(pugi::xml_node marker, const Rect& box) {
     const std::string_view overflow = trimmed(marker.attribute("overflow").value());
     if (overflow == "visible" || overflow == "auto")
         return std::nullopt;
-    scene::Shape area;
-    area.outline = std::make_shared<const Outline>(rectangleOutline(box, 0, 0));
-    area.fill.kind = scene::Paint::Kind::solid;
-    return scene::Clip{std::make_shared<const scene::ItemList>(scene::ItemList{{area}}), {}};
+    return scene::rectangleClip(box, {});
 }
 
 }  // namespace

@@ -42,7 +42,7 @@ void SceneBuilder::drawTarget(pugi::xml_node use, pugi::xml_node target,
     std::optional<Rect> area;
     if (kind == ElementKind::svg || kind == ElementKind::symbol)
         area = targetArea(use, target, inside.measures);
-    if (tree_.timesUsed(target.attribute("id").value()) < worthSharing)
+    if (inside.isClip || tree_.timesUsed(target.attribute("id").value()) < worthSharing)
         draw(target, inside, area ? &*area : nullptr);
     else if (canBeDrawn(inside.toPage))
         place(use, symbolOfTarget(target, inside, area), inside.toPage);

@@ -24,7 +24,6 @@ struct LeftOut {
 };
 
 constexpr std::array leftOutAnywhere{
-    LeftOut{feature::clipPath, "clip paths are left out (clip-path)"},
     LeftOut{feature::mask, "masks are left out (mask)"},
     LeftOut{feature::filter, "filters are left out (filter)"},
     LeftOut{feature::blendMode, "blend modes are left out (mix-blend-mode)"},

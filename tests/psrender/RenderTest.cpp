@@ -1,7 +1,4 @@
-#include "psrender/paint/Painter.h"
-#include "psrender/plan/Planner.h"
-#include "psrender/svg/SvgReader.h"
-#include "tests/support/Documents.h"
+#include "tests/psrender/Spots.h"
 #include "tests/support/Interpreter.h"
 
 #include <gmock/gmock.h>
@@ -9,41 +6,9 @@
 
 namespace {
 
-using psrender::Warnings;
-
-/// The script of a page of 100 by 100 points with `body` on it.
-std::string script(const std::string& body) {
-    Warnings warnings;
-    const auto page = psrender::svg::readSvg(
-        "<svg xmlns='http://www.w3.org/2000/svg' width='100pt' height='100pt' "
-        "viewBox='0 0 100 100'>" +
-            body + "</svg>",
-        "test", warnings);
-    return finished(
-        [&](OpenDocument& document) {
-            psrender::paint::Painter(document).paintPage(
-                psrender::plan::Planner().plan(page, warnings));
-        },
-        true);
-}
-
-struct Spot {
-    double x, y;
-    bool inked;
-};
-
-/// Renders `body`, drawn in red, and looks at single spots of it.
-void expectSpots(const std::string& body, std::initializer_list<Spot> spots) {
-    constexpr int kScale = 4;
-    const Interpretation seen = interpret(script(body), 72 * kScale);
-    EXPECT_EQ("", seen.messages) << body;
-    ASSERT_EQ(1U, seen.pages.size()) << body;
-    for (const Spot& spot : spots) {
-        const auto pixel =
-            seen.pages[0].at(static_cast<int>(spot.x * kScale), static_cast<int>(spot.y * kScale));
-        EXPECT_EQ(spot.inked, pixel[1] < 128) << body << " at " << spot.x << " " << spot.y;
-    }
-}
+using psrender::tests::expectSpots;
+using psrender::tests::script;
+using psrender::tests::Spot;
 
 TEST(Rendering, FillsByTheEvenOddRule) {
     const std::string fill = "<path fill='red' fill-rule='evenodd' ";

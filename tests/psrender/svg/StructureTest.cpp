@@ -68,9 +68,10 @@ TEST(SvgUse, DrawsItsTargetInItsOwnPlaceAndStyle) {
 }
 
 TEST(SvgUse, SharesTheOutlineOfARepeatedTarget) {
-    const Reading reading = readBody("<defs>" + triangle + "<rect id='r' width='1%' height='1'/>" +
-                                     "</defs><use href='#t'/><use href='#t' x='1'/><use href='#r'/>"
-                                     "<svg viewBox='0 0 500 500'><use href='#r'/></svg>");
+    const Reading reading =
+        readBody("<defs>" + triangle + "<rect id='r' width='1%' height='1'/>" +
+                 "</defs><use href='#t'/><use href='#t' x='1'/><use href='#r'/>"
+                 "<svg viewBox='0 0 500 500' overflow='visible'><use href='#r'/></svg>");
     ASSERT_EQ(reading.items.size(), 4U);
     const auto outline = [&](std::size_t i) {
         return std::get<scene::Shape>(reading.page.items[i]).outline;
@@ -82,8 +83,10 @@ TEST(SvgUse, SharesTheOutlineOfARepeatedTarget) {
 
 TEST(SvgUse, GivesSymbolsAndDrawingsTheirSize) {
     const std::string targets =
-        "<defs><symbol id='s' viewBox='0 0 10 10'><path d='M0 0H10V10'/></symbol>"
-        "<svg id='v' x='1' width='20' height='20' viewBox='0 0 10 10'><path d='M0 0H10V10'/></svg>"
+        "<defs><symbol id='s' viewBox='0 0 10 10' overflow='visible'><path d='M0 "
+        "0H10V10'/></symbol>"
+        "<svg id='v' x='1' width='20' height='20' viewBox='0 0 10 10' overflow='visible'>"
+        "<path d='M0 0H10V10'/></svg>"
         "<symbol id='e' viewBox='0 0 0 9'><path d='M0 0H10V10'/></symbol></defs>";
     const std::pair<const char*, const char*> rows[] = {
         {"<use href='#s'/>", "fill=#000000 M0,0 L100,0 L100,100"},
@@ -103,10 +106,12 @@ TEST(SvgUse, WithoutATargetIsCounted) {
 
 TEST(SvgNesting, OpensAViewportOfItsOwn) {
     EXPECT_THAT(drawn("<svg x='10' y='5' width='20' height='20' viewBox='0 0 4 2' "
-                      "preserveAspectRatio='xMidYMax'><rect width='50%' height='100%'/></svg>"),
+                      "preserveAspectRatio='xMidYMax' overflow='auto'><rect width='50%' "
+                      "height='100%'/></svg>"),
                 ElementsAre("fill=#000000 M10,15 L20,15 L20,25 L10,25 Z"));
-    EXPECT_THAT(drawn("<svg x='10%' width='50%'><rect width='100%' height='1%'/></svg>"),
-                ElementsAre("fill=#000000 M10,0 L60,0 L60,1 L10,1 Z"));
+    EXPECT_THAT(
+        drawn("<svg x='10%' width='50%' overflow='visible'><rect width='100%' height='1%'/></svg>"),
+        ElementsAre("fill=#000000 M10,0 L60,0 L60,1 L10,1 Z"));
 }
 
 TEST(SvgSwitch, DrawsTheFirstChildThatFits) {

@@ -1,0 +1,191 @@
+#include "psrender/plan/ClipStage.h"
+
+#include "psrender/image/DerivedImages.h"
+#include "psrender/plan/Boxes.h"
+#include "psrender/plan/PlacementStage.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <memory>
+#include <utility>
+
+namespace psrender::plan {
+
+using scene::Affine;
+using scene::Point;
+using scene::Rect;
+using scene::Shape;
+using Place = ClipRegion::Place;
+
+namespace {
+
+/// Corners in all cuts of a page: some ten seconds.
+constexpr std::size_t kMostWork = 20'000'000;
+
+/// A box around a run, guessed generously from where its glyphs are.
+std::optional<Rect> boxOf(const scene::Text& text) {
+    std::optional<Rect> box;
+    for (const scene::PlacedGlyph& glyph : text.run->glyphs) {
+        const Rect spot{glyph.origin.x, glyph.origin.y, 0, 0};
+        box = box ? boxAround(*box, spot) : spot;
+    }
+    if (box)
+        box = mappedBox(grown(*box, text.run->size), text.transform);
+    return box;
+}
+
+bool isUpright(const Affine& map) {
+    return map.b == 0 && map.c == 0 && map.a > 0 && map.d > 0;
+}
+
+/// The pixels of a picture that reach into `box`; at least partly, and nothing if none does.
+std::optional<image::PixelRect> pixelsIn(const scene::Picture& picture, const Rect& box) {
+    const Drawing::PixelSize size = picture.image->getPixelSize();
+    const auto share = commonBox(mappedBox(box, picture.transform.inverse()), Rect{0, 0, 1, 1});
+    if (!share)
+        return std::nullopt;
+    const auto range = [](double from, double length, std::int32_t count) {
+        constexpr double kRounding = 1e-6;
+        const double first = std::floor(from * count + kRounding);
+        const double last = std::ceil((from + length) * count - kRounding);
+        return std::pair{static_cast<std::int32_t>(first), static_cast<std::int32_t>(last - first)};
+    };
+    const auto [x, width] = range(share->x, share->width, size.width);
+    const auto [y, height] = range(share->y, share->height, size.height);
+    if (width <= 0 || height <= 0)
+        return std::nullopt;
+    return image::PixelRect{x, y, width, height};
+}
+
+}  // namespace
+
+void ClipStage::take(scene::Item item) {
+    if (auto* group = std::get_if<scene::BeginGroup>(&item))
+        begin(std::move(*group));
+    else if (std::holds_alternative<scene::EndGroup>(item))
+        end();
+    else if (regions_.empty())
+        next_.take(std::move(item));
+    else if (auto* shape = std::get_if<Shape>(&item))
+        takeShape(std::move(*shape));
+    else if (auto* text = std::get_if<scene::Text>(&item))
+        takeText(std::move(*text));
+    else if (const auto* picture = std::get_if<scene::Picture>(&item))
+        takePicture(*picture);
+    else if (auto* placement = std::get_if<scene::Placement>(&item))
+        takePlacement(std::move(*placement));
+}
+
+void ClipStage::begin(scene::BeginGroup group) {
+    groups_.push_back({group.clip.has_value(), group.opacity != 1});
+    if (group.clip) {
+        ClipRegion clip = areas_.regionOf(*group.clip);
+        regions_.push_back(regions_.empty() ? std::move(clip) : clip.within(region()));
+        group.clip.reset();
+    }
+    if (groups_.back().isPassed)
+        next_.take(std::move(group));
+}
+
+void ClipStage::end() {
+    if (groups_.empty())
+        return;
+    const Group group = groups_.back();
+    groups_.pop_back();
+    if (group.isClipped)
+        regions_.pop_back();
+    if (group.isPassed)
+        next_.take(scene::EndGroup());
+}
+
+void ClipStage::takeShape(Shape shape) {
+    const auto box = paintedBox(shape);
+    if (!box || shape.transform.determinant() == 0)
+        return;
+    const Place place = region().find(*box);
+    if (place == Place::inside)
+        next_.take(std::move(shape));
+    if (place != Place::across)
+        return;
+    if (work_ > kMostWork) {
+        passByMiddle(std::move(shape), *box);
+        return;
+    }
+    if (isPainted(shape.fill))
+        passPart(shape, fillOf(shape), false);
+    if (isPainted(shape.stroke))
+        passPart(shape, strokeOf(shape, region().box()), true);
+}
+
+void ClipStage::passPart(const Shape& shape, std::optional<Silhouette> area, bool isStroke) {
+    Shape part = shape;
+    (isStroke ? part.fill : part.stroke) = {};
+    if (area)
+        work_ += countCorners(area->polygons) + countCorners(region().polygons());
+    const auto rest = area ? region().cut(std::move(*area)) : std::nullopt;
+    if (!rest) {
+        passByMiddle(part, *paintedBox(part));
+        return;
+    }
+    if (rest->empty())
+        return;
+    part.outline = std::make_shared<scene::Outline>(outlineOf(*rest, shape.transform.inverse()));
+    part.fill = isStroke ? part.stroke : part.fill;
+    part.fillRule = scene::FillRule::nonZero;
+    part.stroke = {};
+    next_.take(std::move(part));
+}
+
+void ClipStage::passByMiddle(scene::Item item, const Rect& box) {
+    warnings_.add("shapes with too many crossings are not cut at their clips");
+    if (region().contains({box.x + box.width / 2, box.y + box.height / 2}))
+        next_.take(std::move(item));
+}
+
+void ClipStage::takeText(scene::Text text) {
+    const auto box = boxOf(text);
+    const Place place = box ? region().find(*box) : Place::outside;
+    if (place == Place::inside)
+        next_.take(std::move(text));
+    else if (place == Place::across)
+        passByMiddle(std::move(text), *box);
+}
+
+/// Cropped to whole pixels, so that one at the border may stick out.
+void ClipStage::takePicture(const scene::Picture& picture) {
+    const Rect box = mappedBox({0, 0, 1, 1}, picture.transform);
+    const Place place = region().find(box);
+    if (place == Place::inside)
+        next_.take(picture);
+    if (place != Place::across || picture.transform.determinant() == 0)
+        return;
+    if (!region().isRectangle() || !isUpright(picture.transform))
+        warnings_.add("images are cropped to the box of their clip");
+    const auto part = pixelsIn(picture, region().box());
+    if (!part)
+        return;
+    const Drawing::PixelSize size = picture.image->getPixelSize();
+    const double width = size.width;
+    const double height = size.height;
+    const Affine share{part->width / width, 0, 0, part->height / height, part->x / width,
+                       part->y / height};
+    next_.take(scene::Picture{image::cropped(picture.image, *part), picture.transform * share,
+                              picture.opacity});
+}
+
+void ClipStage::takePlacement(scene::Placement placement) {
+    scene::ItemList items = itemsOf(placement);
+    std::optional<Rect> box;
+    for (const scene::Item& item : items.items)
+        if (const auto* shape = std::get_if<Shape>(&item))
+            if (const auto part = paintedBox(*shape))
+                box = box ? boxAround(*box, *part) : *part;
+    if (box && region().find(*box) == Place::inside)
+        next_.take(std::move(placement));
+    else
+        for (scene::Item& item : items.items)
+            take(std::move(item));
+}
+
+}  // namespace psrender::plan

@@ -1,0 +1,106 @@
+#include "psrender/plan/Silhouette.h"
+
+#include "psrender/plan/Boxes.h"
+#include "psrender/plan/Crossings.h"
+#include "psrender/plan/Dashes.h"
+#include "psrender/plan/Reach.h"
+#include "psrender/plan/StrokeArea.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace psrender::plan {
+
+using scene::Affine;
+using scene::Point;
+using scene::Rect;
+using scene::Shape;
+
+namespace {
+
+/// Thinner lines are drawn as thick as that, in points: an interpreter shows the thinnest line.
+constexpr double kThinnest = 0.02;
+
+double largestScale(const Affine& map) {
+    return std::max(std::hypot(map.a, map.b), std::hypot(map.c, map.d));
+}
+
+Rect boxOfStep(Point a, Point b) {
+    return boxAround({a.x, a.y, 0, 0}, {b.x, b.y, 0, 0});
+}
+
+/// The steps of lines that come near `wanted`, as far as they hang together.
+std::vector<Polyline> stepsNear(const std::vector<Polyline>& lines, const Rect& wanted) {
+    std::vector<Polyline> near;
+    for (const Polyline& line : lines) {
+        const std::size_t steps = line.points.size() - (line.closed ? 0 : 1);
+        const auto isNear = [&](std::size_t i) {
+            const Point end = line.points[(i + 1) % line.points.size()];
+            return commonBox(boxOfStep(line.points[i], end), wanted).has_value();
+        };
+        if (steps == 0 && commonBox(boxOfStep(line.points[0], line.points[0]), wanted))
+            near.push_back(line);
+        std::size_t nearSteps = 0;
+        for (std::size_t i = 0; i < steps; ++i)
+            nearSteps += isNear(i) ? 1 : 0;
+        if (nearSteps == steps && steps > 0) {
+            near.push_back(line);
+            continue;
+        }
+        bool goesOn = false;
+        for (std::size_t i = 0; i < steps; ++i) {
+            if (isNear(i) && !goesOn)
+                near.push_back({{line.points[i]}, false});
+            goesOn = isNear(i);
+            if (goesOn)
+                near.back().points.push_back(line.points[(i + 1) % line.points.size()]);
+        }
+    }
+    return near;
+}
+
+void map(std::vector<Polyline>& lines, const Affine& map) {
+    for (Polyline& line : lines)
+        for (Point& p : line.points)
+            p = map.apply(p);
+}
+
+}  // namespace
+
+std::optional<Silhouette> fillOf(const Shape& shape) {
+    if (countChords(*shape.outline, shape.transform, kCurveTolerance) > kMostEdges)
+        return std::nullopt;
+    const auto lines = flatten(*shape.outline, shape.transform, kCurveTolerance);
+    return Silhouette{toPolygons(areasInReach(lines)), shape.fillRule == scene::FillRule::evenOdd
+                                                           ? ClipperLib::pftEvenOdd
+                                                           : ClipperLib::pftNonZero};
+}
+
+std::optional<Silhouette> strokeOf(const Shape& shape, const Rect& wanted) {
+    const double scale = largestScale(shape.transform);
+    const double tolerance = kCurveTolerance / scale;
+    if (countChords(*shape.outline, {}, tolerance) > kMostEdges)
+        return std::nullopt;
+    scene::StrokeStyle style = shape.strokeStyle;
+    style.width = std::max(style.width, kThinnest / scale);
+    const Rect near = grown(mappedBox(wanted, shape.transform.inverse()), strokeReach(style));
+    auto lines = stepsNear(dashesOf(flatten(*shape.outline, {}, tolerance), style), near);
+    auto rings = strokeArea(lines, style, tolerance);
+    map(rings, shape.transform);
+    return Silhouette{toPolygons(areasInReach(rings))};
+}
+
+std::optional<Rect> paintedBox(const Shape& shape) {
+    const auto box = shape.outline->controlBox();
+    if (!box)
+        return std::nullopt;
+    const double reach = isPainted(shape.stroke) ? strokeReach(shape.strokeStyle) : 0;
+    return mappedBox(grown(*box, reach), shape.transform);
+}
+
+bool isPainted(const scene::Paint& paint) {
+    return paint.kind != scene::Paint::Kind::none;
+}
+
+}  // namespace psrender::plan

@@ -1,0 +1,39 @@
+#include "tests/psrender/Spots.h"
+
+#include "psrender/paint/Painter.h"
+#include "psrender/plan/Planner.h"
+#include "psrender/svg/SvgReader.h"
+#include "tests/support/Documents.h"
+#include "tests/support/Interpreter.h"
+
+#include <gtest/gtest.h>
+
+namespace psrender::tests {
+
+std::string script(const std::string& body) {
+    Warnings warnings;
+    const auto page = svg::readSvg(
+        "<svg xmlns='http://www.w3.org/2000/svg' width='100pt' height='100pt' "
+        "viewBox='0 0 100 100'>" +
+            body + "</svg>",
+        "test", warnings);
+    return finished(
+        [&](OpenDocument& document) {
+            paint::Painter(document).paintPage(plan::Planner().plan(page, warnings));
+        },
+        true);
+}
+
+void expectSpots(const std::string& body, std::initializer_list<Spot> spots) {
+    constexpr int kScale = 4;
+    const Interpretation seen = interpret(script(body), 72 * kScale);
+    EXPECT_EQ("", seen.messages) << body;
+    ASSERT_EQ(1U, seen.pages.size()) << body;
+    for (const Spot& spot : spots) {
+        const auto pixel =
+            seen.pages[0].at(static_cast<int>(spot.x * kScale), static_cast<int>(spot.y * kScale));
+        EXPECT_EQ(spot.inked, pixel[1] < 128) << body << " at " << spot.x << " " << spot.y;
+    }
+}
+
+}  // namespace psrender::tests

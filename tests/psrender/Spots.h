@@ -1,0 +1,20 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+
+/// Pages of 100 by 100 points as Ghostscript shows them.
+namespace psrender::tests {
+
+/// The script of a page with `body` on it.
+std::string script(const std::string& body);
+
+struct Spot {
+    double x, y;
+    bool inked;
+};
+
+/// Renders `body`, drawn in red, and looks at single spots of it.
+void expectSpots(const std::string& body, std::initializer_list<Spot> spots);
+
+}  // namespace psrender::tests
