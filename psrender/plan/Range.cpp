@@ -49,8 +49,10 @@ Shape besideOrigin(Shape shape) {
     if (farthest(*box) * kFloatPrecision * shape.transform.meanScale() <= kTolerance)
         return shape;
     const Point centre{box->x + box->width / 2, box->y + box->height / 2};
-    shape.outline = std::make_shared<Outline>(
-        shape.outline->transformed(Affine::translation(-centre.x, -centre.y)));
+    const Affine toOrigin = Affine::translation(-centre.x, -centre.y);
+    shape.outline = std::make_shared<Outline>(shape.outline->transformed(toOrigin));
+    shape.fill = moved(shape.fill, toOrigin);
+    shape.stroke = moved(shape.stroke, toOrigin);
     shape.transform = shape.transform * Affine::translation(centre.x, centre.y);
     return shape;
 }

@@ -25,6 +25,16 @@ private:
     const Affine& map_;
 };
 
+template <class Server>
+std::shared_ptr<const Server> moved(const std::shared_ptr<const Server>& server,
+                                    const Affine& map) {
+    if (!server)
+        return nullptr;
+    auto result = std::make_shared<Server>(*server);
+    result->transform = map * server->transform;
+    return result;
+}
+
 }  // namespace
 
 Clip rectangleClip(const Rect& rect, const Affine& toPage) {
@@ -40,6 +50,13 @@ Clip rectangleClip(const Rect& rect, const Affine& toPage) {
     auto area = std::make_shared<ItemList>();
     area->items.emplace_back(std::move(shape));
     return {std::move(area), toPage};
+}
+
+Paint moved(const Paint& paint, const Affine& map) {
+    Paint result = paint;
+    result.gradient = moved(paint.gradient, map);
+    result.pattern = moved(paint.pattern, map);
+    return result;
 }
 
 void transform(ItemList& list, const Affine& map) {

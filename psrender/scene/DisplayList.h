@@ -145,15 +145,18 @@ struct Gradient {
     double startRadius = 0;  ///< of a radial gradient
     double endRadius = 0;
     Spread spread = Spread::pad;
-    std::vector<ColorStop> stops;  ///< at least one; positions ascend within 0 and 1
-    Affine transform;              ///< to the space of the outline that is painted
+    /// At least one; positions ascend within 0 and 1. Shared between gradients that differ in
+    /// geometry only.
+    std::shared_ptr<const std::vector<ColorStop>> stops;
+    Affine transform;  ///< to the space of the outline that is painted
 };
 
 /// A tile that repeats in both directions.
 struct Pattern {
     Rect tile;  ///< one tile in the pattern's space: where it begins and its steps
     std::shared_ptr<const ItemList> content;
-    Affine transform;  ///< from the pattern's space to that of the outline that is painted
+    Affine transform;       ///< from the pattern's space to that of the outline that is painted
+    bool isClipped = true;  ///< whether content beyond the tile is hidden
 };
 
 /// One page: its size in points, y downwards from the top left corner, and its items.
@@ -161,6 +164,9 @@ struct Page : ItemList {
     double width = 0;
     double height = 0;
 };
+
+/// The same paint for an outline whose points `map` has moved.
+[[nodiscard]] Paint moved(const Paint& paint, const Affine& map);
 
 /// Maps everything in `list` by `map`.
 void transform(ItemList& list, const Affine& map);

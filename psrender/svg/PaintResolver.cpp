@@ -2,16 +2,11 @@
 
 #include "psrender/Warnings.h"
 #include "psrender/svg/ElementKind.h"
-#include "psrender/svg/StyleResolver.h"
 #include "psrender/svg/XmlTree.h"
-#include "psrender/svg/XmlWalk.h"
 
 namespace psrender::svg {
 
 namespace {
-
-/// Gradients may take their stops from another one, and that from a third.
-constexpr int longestChain = 32;
 
 scene::Paint toPaint(const PlainPaint& paint, double opacity, const Rgba& currentColor) {
     if (paint.kind == PlainPaint::Kind::none)
@@ -26,57 +21,24 @@ scene::Paint toPaint(const PlainPaint& paint, double opacity, const Rgba& curren
 }  // namespace
 
 scene::Paint PaintResolver::resolve(const PaintValue& value, double opacity,
-                                    const Rgba& currentColor) {
-    const PlainPaint plain = value.hasReference ? replacementFor(value) : value.plain;
-    return toPaint(plain, opacity, currentColor);
+                                    const Rgba& currentColor, const PaintPlace& place) {
+    if (value.hasReference)
+        if (auto paint = follow(value.reference, place)) {
+            paint->opacity *= opacity;
+            return paint->opacity > 0 ? *paint : scene::Paint();
+        }
+    return toPaint(value.plain, opacity, currentColor);
 }
 
-PlainPaint PaintResolver::replacementFor(const PaintValue& value) {
-    const pugi::xml_node server = tree_.byId(value.reference);
+std::optional<scene::Paint> PaintResolver::follow(std::string_view id, const PaintPlace& place) {
+    const pugi::xml_node server = tree_.byId(id);
     const ElementKind kind = server ? elementKind(server.name()) : ElementKind::unknown;
-    const bool isGradient = kind == ElementKind::gradient;
-    if (!isGradient && kind != ElementKind::pattern) {
-        warnings_.add("paints that refer to nothing in the file are left out (url)");
-        return value.plain;
-    }
-    if (value.hasFallback) {
-        warnings_.add(isGradient ? "gradient paint is drawn in its fallback colour"
-                                 : "pattern paint is drawn in its fallback colour");
-        return value.plain;
-    }
-    warnings_.add(isGradient ? "gradient paint is drawn in the colour of its first stop"
-                             : "pattern paint is left out (<pattern>)");
-    return isGradient ? firstStopOf(value.reference, server) : value.plain;
-}
-
-const PlainPaint& PaintResolver::firstStopOf(std::string_view gradientId, pugi::xml_node gradient) {
-    const auto known = firstStops_.find(gradientId);
-    if (known != firstStops_.end())
-        return known->second;
-    return firstStops_.emplace(gradientId, readFirstStop(gradient)).first->second;
-}
-
-PlainPaint PaintResolver::readFirstStop(pugi::xml_node gradient) {
-    const pugi::xml_node stop = findFirstStop(gradient);
-    if (!stop)
-        return {};
-    const ComputedStyle style = styles_.resolveInPlace(stop);
-    PlainPaint paint = style.stopColor;
-    if (paint.kind == PlainPaint::Kind::currentColor)
-        paint = {PlainPaint::Kind::color, style.color};
-    paint.color.alpha *= style.stopOpacity;
-    return paint;
-}
-
-pugi::xml_node PaintResolver::findFirstStop(pugi::xml_node gradient) const {
-    for (int i = 0; i < longestChain && gradient; ++i) {
-        for (auto child = firstChildElement(gradient); child; child = nextElement(child))
-            if (elementKind(child.name()) == ElementKind::stop)
-                return child;
-        const std::string_view href = hrefOf(gradient);
-        gradient = href.starts_with('#') ? tree_.byId(href.substr(1)) : pugi::xml_node();
-    }
-    return {};
+    if (kind == ElementKind::gradient)
+        return gradients_.read(server, place);
+    if (kind == ElementKind::pattern)
+        return patterns_(server, place);
+    warnings_.add("paints that refer to nothing in the file are left out (url)");
+    return std::nullopt;
 }
 
 }  // namespace psrender::svg

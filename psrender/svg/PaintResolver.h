@@ -1,12 +1,14 @@
 #pragma once
 
 #include "psrender/scene/DisplayList.h"
-#include "psrender/svg/ComputedStyle.h"
+#include "psrender/svg/GradientReader.h"
 #include "psrender/svg/Paint.h"
 
+#include <functional>
+#include <optional>
 #include <pugixml.hpp>
 #include <string_view>
-#include <unordered_map>
+#include <utility>
 
 namespace psrender {
 class Warnings;
@@ -17,26 +19,33 @@ namespace psrender::svg {
 class StyleResolver;
 class XmlTree;
 
-/// Turns paint values into paints of the page. Gradients and patterns are approximated, each
-/// with a warning.
+/// Turns paint values into paints of the page.
 class PaintResolver {
 public:
-    /// All three must outlive the resolver.
-    PaintResolver(const XmlTree& tree, StyleResolver& styles, Warnings& warnings)
-        : tree_(tree), styles_(styles), warnings_(warnings) {}
+    /// Makes the paint of a `pattern` element; nothing if it cannot be painted with.
+    using PatternReader =
+        std::function<std::optional<scene::Paint>(pugi::xml_node, const PaintPlace&)>;
 
-    scene::Paint resolve(const PaintValue& value, double opacity, const Rgba& currentColor);
+    /// All three must outlive the resolver.
+    PaintResolver(const XmlTree& tree, StyleResolver& styles, Warnings& warnings,
+                  PatternReader patterns)
+        : tree_(tree),
+          warnings_(warnings),
+          gradients_(tree, styles, warnings),
+          patterns_(std::move(patterns)) {}
+
+    /// `place` is looked at only if `value` has a reference.
+    scene::Paint resolve(const PaintValue& value, double opacity, const Rgba& currentColor,
+                         const PaintPlace& place);
 
 private:
-    PlainPaint replacementFor(const PaintValue& value);
-    const PlainPaint& firstStopOf(std::string_view gradientId, pugi::xml_node gradient);
-    PlainPaint readFirstStop(pugi::xml_node gradient);
-    [[nodiscard]] pugi::xml_node findFirstStop(pugi::xml_node gradient) const;
+    /// Nothing if there is nothing to paint with, so that the fallback goes.
+    std::optional<scene::Paint> follow(std::string_view id, const PaintPlace& place);
 
     const XmlTree& tree_;
-    StyleResolver& styles_;
     Warnings& warnings_;
-    std::unordered_map<std::string_view, PlainPaint> firstStops_;  ///< by the gradient's id
+    GradientReader gradients_;
+    PatternReader patterns_;
 };
 
 }  // namespace psrender::svg

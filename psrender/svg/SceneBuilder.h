@@ -28,7 +28,10 @@ public:
         : tree_(tree),
           warnings_(warnings),
           styles_(tree, warnings),
-          paints_(tree, styles_, warnings),
+          paints_(tree, styles_, warnings,
+                  [this](pugi::xml_node pattern, const PaintPlace& place) {
+                      return paintOfPattern(pattern, place);
+                  }),
           shapes_(warnings),
           images_(images, warnings) {}
 
@@ -78,7 +81,10 @@ private:
                                          const Measures& measures) const;
 
     void drawShape(ElementKind kind, pugi::xml_node element, const Surroundings& inside);
-    [[nodiscard]] scene::Shape paintedShape(const Surroundings& inside);
+    [[nodiscard]] scene::Shape paintedShape(const SharedOutline& outline,
+                                            const Surroundings& inside);
+    /// The paints of a shape that has no outline yet.
+    [[nodiscard]] scene::Shape painted(const PaintPlace& place, const Surroundings& inside);
     void addShape(scene::Shape shape, pugi::xml_node element);
     [[nodiscard]] static bool hasMarkers(ElementKind kind, const ComputedStyle& style);
     void drawMarkers(pugi::xml_node element, const scene::Outline& outline,
@@ -86,14 +92,17 @@ private:
     void drawMarker(pugi::xml_node marker, const MarkerVertex& vertex, bool isStart,
                     const Surroundings& inside);
     const Symbol& symbolOfMarker(pugi::xml_node marker, const Surroundings& inside);
+    std::optional<scene::Paint> paintOfPattern(pugi::xml_node pattern, const PaintPlace& place);
+    const Symbol& symbolOfPattern(pugi::xml_node holder, const Measures& measures,
+                                  std::size_t depth);
     void drawImage(pugi::xml_node element, const Surroundings& inside);
     void drawText(pugi::xml_node element, const Surroundings& inside);
     void layOut(const TextChunk& chunk, const TextContent& content, const Surroundings& inside,
                 TextLayout& layout);
-    void drawRun(const LaidRun& run, const TextSpan& span, pugi::xml_node element,
+    void drawRun(const LaidRun& run, const TextSpan& span, const PaintPlace& place,
                  const Surroundings& inside);
     void drawDecorations(const TextContent& content, const TextLayout& layout, DecorationSet lines,
-                         const Surroundings& inside);
+                         const PaintPlace& place, const Surroundings& inside);
     [[nodiscard]] bool canBeDrawn(const scene::Affine& toPage);
     void warnOfLeftOut(const ComputedStyle& style, ElementKind kind);
 

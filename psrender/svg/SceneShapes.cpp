@@ -1,6 +1,7 @@
 // Shapes: their outline, their paints and how their lines are drawn.
 
 #include "psrender/Warnings.h"
+#include "psrender/scene/OutlineBox.h"
 #include "psrender/svg/SceneBuilder.h"
 #include "psrender/svg/ShapeOutlines.h"
 
@@ -8,6 +9,7 @@
 #include <array>
 #include <cmath>
 #include <numeric>
+#include <optional>
 
 namespace psrender::svg {
 
@@ -36,6 +38,18 @@ constexpr std::array leftOutOfShapes{
 void warn(const LeftOut& leftOut, FeatureSet present, Warnings& warnings) {
     if ((leftOut.features & present) != 0)
         warnings.add(leftOut.sentence);
+}
+
+bool isPainted(const PaintValue& value) {
+    return value.hasReference || value.plain.kind != PlainPaint::Kind::none;
+}
+
+/// The box that paints which refer to something may go by.
+std::optional<scene::Rect> boxFor(const ComputedStyle& style, const scene::Outline& outline) {
+    if (!style.fill.hasReference && !style.stroke.hasReference)
+        return std::nullopt;
+    const auto box = scene::tightBox(outline);
+    return box && box->width > 0 && box->height > 0 ? box : std::nullopt;
 }
 
 /// An odd list stands for the list twice over, and one of zeros for a solid line.
@@ -80,26 +94,30 @@ void SceneBuilder::drawShape(ElementKind kind, pugi::xml_node element, const Sur
     if (!inside.style.isVisible || !canBeDrawn(inside.toPage))
         return;
     const bool marked = hasMarkers(kind, inside.style);
-    Shape shape = paintedShape(inside);
-    if (!marked && shape.fill.kind == Paint::Kind::none && shape.stroke.kind == Paint::Kind::none)
+    if (!marked && !isPainted(inside.style.fill) && !isPainted(inside.style.stroke))
         return;
-    shape.outline = shapes_.read(element, kind, inside.measures, inside.isReferred);
-    if (!shape.outline)
+    const SharedOutline outline = shapes_.read(element, kind, inside.measures, inside.isReferred);
+    if (!outline)
         return;
-    const SharedOutline outline = shape.outline;
-    addShape(std::move(shape), element);
+    addShape(paintedShape(outline, inside), element);
     if (marked)
         drawMarkers(element, *outline, inside);
 }
 
-Shape SceneBuilder::paintedShape(const Surroundings& inside) {
+Shape SceneBuilder::paintedShape(const SharedOutline& outline, const Surroundings& inside) {
+    Shape shape = painted({boxFor(inside.style, *outline), inside.measures, inside.depth}, inside);
+    shape.outline = outline;
+    return shape;
+}
+
+Shape SceneBuilder::painted(const PaintPlace& place, const Surroundings& inside) {
     const ComputedStyle& style = inside.style;
     Shape shape;
     shape.transform = inside.toPage;
-    shape.fill = paints_.resolve(style.fill, style.fillOpacity, style.color);
+    shape.fill = paints_.resolve(style.fill, style.fillOpacity, style.color, place);
     shape.fillRule = style.fillRule;
     if (style.strokeWidth.value > 0)
-        shape.stroke = paints_.resolve(style.stroke, style.strokeOpacity, style.color);
+        shape.stroke = paints_.resolve(style.stroke, style.strokeOpacity, style.color, place);
     if (shape.stroke.kind != Paint::Kind::none)
         shape.strokeStyle = resolveStroke(style, inside.measures);
     return shape;

@@ -83,6 +83,29 @@ Rect boxOf(const DecoratedStretch& stretch, DecorationSet line, double size) {
             std::max(0.0, stretch.end - stretch.begin), thickness};
 }
 
+/// The box around the cells of all glyphs; nothing for a text without any.
+std::optional<Rect> boxOf(const TextContent& content, const std::vector<LaidGlyph>& glyphs) {
+    std::optional<Rect> box;
+    for (const LaidGlyph& glyph : glyphs) {
+        const Fonts::FontMetrics& metrics = glyph.font->program->getMetrics();
+        const double unit = content.spans[glyph.span].style.fontSize / kEm;
+        const double top = glyph.origin.y - metrics.ascent * unit;
+        const double bottom = glyph.origin.y - metrics.descent * unit;
+        const Rect cell{glyph.origin.x, top, glyph.advance, bottom - top};
+        if (!box) {
+            box = cell;
+            continue;
+        }
+        const double right = std::max(box->x + box->width, cell.x + cell.width);
+        const double end = std::max(box->y + box->height, bottom);
+        box->x = std::min(box->x, cell.x);
+        box->y = std::min(box->y, top);
+        box->width = right - box->x;
+        box->height = end - box->y;
+    }
+    return box;
+}
+
 }  // namespace
 
 void SceneBuilder::drawText(pugi::xml_node element, const Surroundings& inside) {
@@ -92,10 +115,11 @@ void SceneBuilder::drawText(pugi::xml_node element, const Surroundings& inside) 
     TextLayout layout(content, shaper_);
     for (const TextChunk& chunk : splitIntoChunks(content, fonts_))
         layOut(chunk, content, inside, layout);
-    drawDecorations(content, layout, decoration::underline | decoration::overline, inside);
+    const PaintPlace place{boxOf(content, layout.glyphs()), inside.measures, inside.depth};
+    drawDecorations(content, layout, decoration::underline | decoration::overline, place, inside);
     for (const LaidRun& run : gatherRuns(content, layout.glyphs()))
-        drawRun(run, content.spans[run.span], element, inside);
-    drawDecorations(content, layout, decoration::lineThrough, inside);
+        drawRun(run, content.spans[run.span], place, inside);
+    drawDecorations(content, layout, decoration::lineThrough, place, inside);
 }
 
 void SceneBuilder::layOut(const TextChunk& chunk, const TextContent& content,
@@ -125,34 +149,37 @@ void SceneBuilder::layOut(const TextChunk& chunk, const TextContent& content,
     layout.addAlong(chunk, path, start);
 }
 
-void SceneBuilder::drawRun(const LaidRun& run, const TextSpan& span, pugi::xml_node element,
+/// Gradients and patterns lie in the space of the element, not of the run.
+void SceneBuilder::drawRun(const LaidRun& run, const TextSpan& span, const PaintPlace& place,
                            const Surroundings& inside) {
     if (!span.style.isVisible || span.style.fontSize <= 0)
         return;
-    Surroundings within{span.style, inside.toPage * run.transform, inside.measures, inside.depth,
-                        inside.isReferred};
-    const Shape painted = paintedShape(within);
-    scene::Text text{run.run, within.toPage, painted.fill, painted.stroke, painted.strokeStyle};
-    if (span.element != element) {
+    const Shape paints = painted(place, {span.style, inside.toPage, inside.measures, inside.depth,
+                                         inside.isReferred, inside.isClip});
+    const Affine toRun = run.transform.inverse();
+    scene::Text text{run.run, inside.toPage * run.transform, scene::moved(paints.fill, toRun),
+                     scene::moved(paints.stroke, toRun), paints.strokeStyle};
+    if (std::string_view(span.element.name()) != "text") {
         text.fill.opacity *= span.style.opacity;
         text.stroke.opacity *= span.style.opacity;
     }
     if (text.fill.kind == Paint::Kind::none && text.stroke.kind == Paint::Kind::none)
         return;
     if (!items_.add(std::move(text)))
-        failOfSize(element);
+        failOfSize(span.element);
 }
 
 void SceneBuilder::drawDecorations(const TextContent& content, const TextLayout& layout,
-                                   DecorationSet lines, const Surroundings& inside) {
+                                   DecorationSet lines, const PaintPlace& place,
+                                   const Surroundings& inside) {
     for (const DecoratedStretch& stretch : decoratedStretches(content, layout.glyphs())) {
         const TextSpan& span = content.spans[stretch.span];
         for (const DecorationSet line :
              {decoration::underline, decoration::overline, decoration::lineThrough}) {
             if ((span.style.text.decorations & lines & line) == 0 || !span.style.isVisible)
                 continue;
-            Shape shape = paintedShape(
-                {span.style, inside.toPage, inside.measures, inside.depth, inside.isReferred});
+            Shape shape = painted(place, {span.style, inside.toPage, inside.measures, inside.depth,
+                                          inside.isReferred, inside.isClip});
             shape.outline = std::make_shared<const scene::Outline>(
                 rectangleOutline(boxOf(stretch, line, span.style.fontSize), 0, 0));
             addShape(std::move(shape), span.element);
