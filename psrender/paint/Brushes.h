@@ -5,6 +5,9 @@
 #include "Drawing/Stroke.h"
 #include "psrender/scene/DisplayList.h"
 
+#include <map>
+#include <memory>
+
 namespace psrender::paint {
 
 /// Makes the brushes and strokes of one document.
@@ -21,7 +24,13 @@ public:
                                              const scene::StrokeStyle& style);
 
 private:
+    using Tile = std::shared_ptr<const scene::ItemList>;
+
+    Core::SmartPtr<Drawing::IOutputContext> contextOf(const scene::Pattern& pattern);
+
     Drawing::IOutputContext& context_;
+    /// Tiles that were drawn already. They are kept, as another could get their address.
+    std::map<Tile, Core::SmartPtr<Drawing::IOutputContext>> tiles_;
 };
 
 }  // namespace psrender::paint

@@ -1,8 +1,10 @@
 #include "psrender/plan/Planner.h"
 
 #include "psrender/plan/ClipStage.h"
+#include "psrender/plan/PaintStage.h"
 #include "psrender/plan/PictureStage.h"
 #include "psrender/plan/PlacementStage.h"
+#include "psrender/plan/Reach.h"
 #include "psrender/plan/ShapeStage.h"
 #include "psrender/plan/TextStage.h"
 
@@ -14,22 +16,37 @@ namespace {
 
 using Items = std::vector<scene::Item>;
 
+/// What the sinks of a document share.
+struct Shared {
+    const PlanOptions& options;
+    NativeGradients& natives;
+    Warnings& warnings;
+};
+
+Items planAlone(Items items, const Shared& shared);
+
 /// All sinks but the first, in a row.
 class Row : public Sink {
 public:
-    Row(Items& planned, const PlanOptions& options, Warnings& warnings)
-        : shapes_(planned, warnings),
-          pictures_(options.mostDotsPerInch, warnings, shapes_),
-          texts_(warnings, pictures_),
-          clips_(warnings, texts_) {}
+    /// `page` is the area that can be seen.
+    Row(Items& planned, const scene::Rect& page, const Shared& shared)
+        : shapes_(planned, shared.warnings),
+          pictures_(shared.options.mostDotsPerInch, shared.warnings, shapes_),
+          texts_(shared.warnings, pictures_),
+          clips_(shared.warnings, texts_),
+          paints_(
+              page, shared.natives,
+              [shared](Items items) { return planAlone(std::move(items), shared); },
+              shared.warnings, clips_) {}
 
-    void take(scene::Item item) override { clips_.take(std::move(item)); }
+    void take(scene::Item item) override { paints_.take(std::move(item)); }
 
 private:
     ShapeStage shapes_;
     PictureStage pictures_;
     TextStage texts_;
     ClipStage clips_;
+    PaintStage paints_;
 };
 
 void takeAll(Items items, Sink& sink) {
@@ -38,9 +55,10 @@ void takeAll(Items items, Sink& sink) {
 }
 
 /// Items that stand for themselves, as in a symbol.
-Items planAlone(Items items, const PlanOptions& options, Warnings& warnings) {
+Items planAlone(Items items, const Shared& shared) {
+    constexpr scene::Rect everywhere{-kReach, -kReach, 2 * kReach, 2 * kReach};
     Items planned;
-    Row row(planned, options, warnings);
+    Row row(planned, everywhere, shared);
     PlacementStage placements(
         {}, [](const Items&) { return Items(); }, row);
     takeAll(std::move(items), placements);
@@ -50,12 +68,13 @@ Items planAlone(Items items, const PlanOptions& options, Warnings& warnings) {
 }  // namespace
 
 scene::Page Planner::plan(scene::Page page, Warnings& warnings) {
+    const Shared shared{options_, natives_, warnings};
     scene::Page planned;
     planned.width = page.width;
     planned.height = page.height;
-    Row row(planned.items, options_, warnings);
+    Row row(planned.items, {0, 0, page.width, page.height}, shared);
     PlacementStage placements(
-        page, [&](Items items) { return planAlone(std::move(items), options_, warnings); }, row);
+        page, [&](Items items) { return planAlone(std::move(items), shared); }, row);
     takeAll(std::move(page.items), placements);
     return planned;
 }

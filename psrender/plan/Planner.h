@@ -1,6 +1,7 @@
 #pragma once
 
 #include "psrender/Warnings.h"
+#include "psrender/plan/NativeGradients.h"
 #include "psrender/scene/DisplayList.h"
 
 /// Rewrites pages so that the back end can say all of them.
@@ -23,6 +24,7 @@ public:
 
 private:
     PlanOptions options_;
+    NativeGradients natives_;
 };
 
 }  // namespace psrender::plan

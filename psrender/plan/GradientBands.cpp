@@ -1,0 +1,138 @@
+#include "psrender/plan/GradientBands.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+
+namespace psrender::plan {
+
+using scene::Color;
+using scene::ColorStop;
+
+namespace {
+
+constexpr int kBendSteps = 8;         // stays within one of 256 levels
+constexpr double kMostBands = 1000;   // within a stretch, but for what the stops ask for
+constexpr double kMostStops = 20000;  // of all periods within a stretch
+
+std::uint8_t level(double value) {
+    return static_cast<std::uint8_t>(std::lround(std::clamp(value, 0.0, 255.0)));
+}
+
+ColorStop between(const ColorStop& a, const ColorStop& b, double share) {
+    const auto mix = [share](double from, double to) { return std::lerp(from, to, share); };
+    return {mix(a.position, b.position),
+            {level(mix(a.color.red, b.color.red)), level(mix(a.color.green, b.color.green)),
+             level(mix(a.color.blue, b.color.blue))},
+            mix(a.opacity, b.opacity)};
+}
+
+ColorStop opaque(const ColorStop& stop) {
+    const auto mix = [&](double component) {
+        return level(std::lerp(255, component, stop.opacity));
+    };
+    return {stop.position, {mix(stop.color.red), mix(stop.color.green), mix(stop.color.blue)}, 1};
+}
+
+int difference(const Color& a, const Color& b) {
+    return std::max(
+        {std::abs(a.red - b.red), std::abs(a.green - b.green), std::abs(a.blue - b.blue)});
+}
+
+/// Bands that follow each other, equal neighbours being one.
+class Bands {
+public:
+    explicit Bands(const Stretch& stretch) : stretch_(stretch) {}
+
+    void add(double begin, const Color& color) {
+        begin = std::max(begin, stretch_.from);
+        if (begin >= stretch_.to)
+            return;
+        if (!bands.empty() && begin <= bands.back().begin)
+            bands.pop_back();
+        if (bands.empty() || bands.back().color != color)
+            bands.push_back({begin, color});
+    }
+    /// From 0 to 1 along the gradient, moved by `offset`.
+    void addPeriod(const ColorStops& stops, double offset) {
+        add(offset, stops.front().color);
+        for (std::size_t i = 1; i < stops.size(); ++i)
+            addRun(stops[i - 1], stops[i], offset);
+        add(offset + stops.back().position, stops.back().color);
+    }
+
+    std::vector<Band> bands;
+
+private:
+    void addRun(const ColorStop& a, const ColorStop& b, double offset) {
+        const double length = b.position - a.position;
+        const double finest = std::max(stretch_.finest, (stretch_.to - stretch_.from) / kMostBands);
+        const double colors = difference(a.color, b.color) + 1;
+        const double count = std::max(1.0, std::ceil(std::min(colors, length / finest)));
+        if (length > 0 && offset + b.position > stretch_.from)
+            for (double i = 0; i < count; ++i)
+                add(offset + a.position + length * i / count,
+                    between(a, b, (i + 0.5) / count).color);
+    }
+
+    const Stretch& stretch_;
+};
+
+ColorStops reversed(ColorStops stops) {
+    std::ranges::reverse(stops);
+    for (ColorStop& stop : stops)
+        stop.position = 1 - stop.position;
+    return stops;
+}
+
+/// The colour that a period has from afar.
+Color mean(const ColorStops& stops) {
+    std::array<double, 3> sum{};
+    const auto add = [&sum](const ColorStop& stop, double weight) {
+        sum[0] += weight * stop.color.red;
+        sum[1] += weight * stop.color.green;
+        sum[2] += weight * stop.color.blue;
+    };
+    add(stops.front(), stops.front().position);
+    for (std::size_t i = 1; i < stops.size(); ++i)
+        for (const std::size_t end : {i - 1, i})
+            add(stops[end], (stops[i].position - stops[i - 1].position) / 2);
+    add(stops.back(), 1 - stops.back().position);
+    return {level(sum[0]), level(sum[1]), level(sum[2])};
+}
+
+}  // namespace
+
+ColorStops overWhite(const ColorStops& stops) {
+    ColorStops result;
+    for (std::size_t i = 0; i < stops.size(); ++i) {
+        const bool isBent = i > 0 && stops[i - 1].opacity != stops[i].opacity &&
+                            stops[i - 1].color != stops[i].color;
+        for (int step = 1; isBent && step < kBendSteps; ++step)
+            result.push_back(
+                opaque(between(stops[i - 1], stops[i], double{1} * step / kBendSteps)));
+        result.push_back(opaque(stops[i]));
+    }
+    return result;
+}
+
+std::vector<Band> bandsOf(const ColorStops& stops, scene::Spread spread, const Stretch& stretch) {
+    Bands result(stretch);
+    if (spread == scene::Spread::pad) {
+        result.add(stretch.from, stops.front().color);
+        result.addPeriod(stops, 0);
+        return result.bands;
+    }
+    const double first = std::floor(stretch.from);
+    const double periods = std::ceil(stretch.to) - first;
+    if (!(periods * static_cast<double>(stops.size()) <= kMostStops) || stretch.finest >= 1)
+        return {{stretch.from, mean(stops)}};
+    const ColorStops back = spread == scene::Spread::reflect ? reversed(stops) : stops;
+    for (double i = 0; i < periods; ++i)
+        result.addPeriod(std::fmod(first + i, 2) == 0 ? stops : back, first + i);
+    return result.bands;
+}
+
+}  // namespace psrender::plan

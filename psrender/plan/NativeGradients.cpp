@@ -1,0 +1,91 @@
+#include "psrender/plan/NativeGradients.h"
+
+#include "psrender/plan/Box.h"
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+namespace psrender::plan {
+
+using scene::ColorStop;
+using scene::Gradient;
+using scene::Point;
+using scene::Rect;
+
+namespace {
+
+/// Each use of a native gradient writes all its colours anew.
+constexpr std::size_t kMostStops = 16;
+/// Farther out, positions between 0 and 1 are too close to each other.
+constexpr double kFarthest = 1000;
+
+bool isPlain(const Gradient& gradient) {
+    const bool isCentred =
+        gradient.kind == Gradient::Kind::linear || gradient.start == gradient.end;
+    return isCentred && gradient.spread == scene::Spread::pad &&
+           gradient.stops->size() <= kMostStops;
+}
+
+/// What part of the gradient is wanted, 0 being its start and 1 its end.
+struct Part {
+    double from = 0;
+    double to = 1;
+};
+
+Part linearPart(const Gradient& gradient, const Rect& box) {
+    const double x = gradient.end.x - gradient.start.x;
+    const double y = gradient.end.y - gradient.start.y;
+    const scene::Affine along{x, y, -y, x, gradient.start.x, gradient.start.y};
+    const Rect normal = mapped(box, (gradient.transform * along).inverse());
+    const double margin = normal.width / 100;
+    return {std::min(0.0, normal.x - margin), std::max(1.0, normal.x + normal.width + margin)};
+}
+
+Part radialPart(const Gradient& gradient, const Rect& box) {
+    const Rect own = mapped(box, gradient.transform.inverse());
+    const double x = std::max(gradient.end.x - own.x, own.x + own.width - gradient.end.x);
+    const double y = std::max(gradient.end.y - own.y, own.y + own.height - gradient.end.y);
+    const double length = gradient.endRadius - gradient.startRadius;
+    const double reach = std::hypot(x, y) * 1.01;
+    return {-gradient.startRadius / length, std::max(1.0, (reach - gradient.startRadius) / length)};
+}
+
+/// The same look with other ends.
+Gradient withEnds(const Gradient& gradient, const Part& part) {
+    const auto at = [&](double t) {
+        return Point{std::lerp(gradient.start.x, gradient.end.x, t),
+                     std::lerp(gradient.start.y, gradient.end.y, t)};
+    };
+    Gradient result = gradient;
+    result.start = at(part.from);
+    result.end = at(part.to);
+    result.startRadius =
+        std::max(0.0, std::lerp(gradient.startRadius, gradient.endRadius, part.from));
+    result.endRadius = std::lerp(gradient.startRadius, gradient.endRadius, part.to);
+    auto stops = *gradient.stops;
+    for (ColorStop& stop : stops)
+        stop.position = std::clamp((stop.position - part.from) / (part.to - part.from), 0.0, 1.0);
+    result.stops = std::make_shared<const std::vector<ColorStop>>(std::move(stops));
+    return result;
+}
+
+}  // namespace
+
+std::optional<Gradient> NativeGradients::find(const Gradient& gradient, const Rect& box) {
+    if (!isPlain(gradient))
+        return std::nullopt;
+    const Part part = gradient.kind == Gradient::Kind::linear ? linearPart(gradient, box)
+                                                              : radialPart(gradient, box);
+    if (!(part.to - part.from < kFarthest) || !admits(*gradient.stops))
+        return std::nullopt;
+    return withEnds(gradient, part);
+}
+
+bool NativeGradients::admits(const std::vector<ColorStop>& stops) {
+    if (colors_.empty())
+        std::ranges::transform(stops, std::back_inserter(colors_), &ColorStop::color);
+    return std::ranges::equal(stops, colors_, {}, &ColorStop::color);
+}
+
+}  // namespace psrender::plan

@@ -1,0 +1,229 @@
+#include "psrender/plan/PaintStage.h"
+
+#include "psrender/plan/Box.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace psrender::plan {
+
+using scene::Affine;
+using scene::Item;
+using scene::ItemList;
+using scene::Paint;
+using scene::Rect;
+using scene::Shape;
+
+namespace {
+
+constexpr std::size_t kMostLaidOut = 200'000;
+
+bool isServed(const Paint& paint) {
+    return paint.kind == Paint::Kind::gradient || paint.kind == Paint::Kind::pattern;
+}
+
+Paint solid() {
+    Paint paint;
+    paint.kind = Paint::Kind::solid;
+    return paint;
+}
+
+/// Only the fill of `shape`, or only its stroke.
+Shape fillOf(Shape shape) {
+    shape.stroke = {};
+    return shape;
+}
+Shape strokeOf(Shape shape) {
+    shape.fill = {};
+    return shape;
+}
+
+/// Everything that the one paint of `part` covers, as a clip.
+scene::Clip areaOf(Shape part) {
+    (part.fill.kind != Paint::Kind::none ? part.fill : part.stroke) = solid();
+    return {std::make_shared<const ItemList>(ItemList{{std::move(part)}}), {}};
+}
+
+scene::Clip clipTo(const Rect& box, const Affine& toPage) {
+    scene::Outline outline;
+    outline.moveTo({box.x, box.y});
+    outline.lineTo({box.x + box.width, box.y});
+    outline.lineTo({box.x + box.width, box.y + box.height});
+    outline.lineTo({box.x, box.y + box.height});
+    outline.close();
+    Shape area;
+    area.outline = std::make_shared<const scene::Outline>(std::move(outline));
+    area.transform = toPage;
+    area.fill = solid();
+    return areaOf(std::move(area));
+}
+
+bool holds(const Rect& outer, const Rect& inner) {
+    return inner.x >= outer.x && inner.y >= outer.y &&
+           inner.x + inner.width <= outer.x + outer.width &&
+           inner.y + inner.height <= outer.y + outer.height;
+}
+
+/// The tiles that show in a box, by their place in the tiling.
+struct Range {
+    double first;
+    double last;
+
+    [[nodiscard]] double count() const { return last - first + 1; }
+};
+
+/// `extra` tiles to either side reach into the box as well.
+Range tilesIn(double begin, double length, double step, double extra) {
+    return {std::floor(begin / step) - extra, std::ceil((begin + length) / step) - 1 + extra};
+}
+
+bool isUsable(const Affine& map) {
+    const double determinant = map.determinant();
+    return determinant != 0 && std::isfinite(determinant) && map.isFinite();
+}
+
+}  // namespace
+
+void PaintStage::take(Item item) {
+    if (auto* shape = std::get_if<Shape>(&item)) {
+        takeShape(std::move(*shape));
+        return;
+    }
+    if (auto* text = std::get_if<scene::Text>(&item)) {
+        takeText(std::move(*text));
+        return;
+    }
+    if (const auto* group = std::get_if<scene::BeginGroup>(&item))
+        opacity_.push(group->opacity);
+    else if (std::holds_alternative<scene::EndGroup>(item))
+        opacity_.pop();
+    next_.take(std::move(item));
+}
+
+/// A paint that has to be laid out makes an item of its own of fill or stroke.
+void PaintStage::takeShape(Shape shape) {
+    if (shape.strokeStyle.width <= 0)
+        shape.stroke = {};
+    if (!isServed(shape.fill) && !isServed(shape.stroke)) {
+        next_.take(std::move(shape));
+        return;
+    }
+    if (!isUsable(shape.transform))
+        return;
+    const Affine& toPage = shape.transform;
+    const Rect page = mapped(page_, toPage.inverse());
+    const auto filled = common(fillBox(shape), page);
+    const auto stroked = common(strokeBox(shape), page);
+    const auto fill = filled ? known(shape.fill, *filled, toPage) : Paint();
+    const auto stroke = stroked ? known(shape.stroke, *stroked, toPage) : Paint();
+    if (!fill)
+        layOut(fillOf(shape), shape.fill, *filled);
+    Shape rest = shape;
+    rest.fill = fill.value_or(Paint());
+    rest.stroke = stroke.value_or(Paint());
+    if (rest.fill.kind != Paint::Kind::none || rest.stroke.kind != Paint::Kind::none)
+        next_.take(std::move(rest));
+    if (!stroke)
+        layOut(strokeOf(shape), shape.stroke, *stroked);
+}
+
+void PaintStage::takeText(scene::Text text) {
+    if (!isUsable(text.transform))
+        return;
+    const Rect box = isServed(text.fill) || isServed(text.stroke) ? textBox(text) : Rect{};
+    for (Paint* paint : {&text.fill, &text.stroke}) {
+        const auto found = known(*paint, box, text.transform);
+        if (!found)
+            warnings_.add("text is not painted with patterns of text, pictures or gradients");
+        *paint = found.value_or(Paint());
+    }
+    next_.take(std::move(text));
+}
+
+std::optional<Paint> PaintStage::known(const Paint& paint, const Rect& box, const Affine& toPage) {
+    if (!isServed(paint))
+        return paint;
+    if (paint.kind == Paint::Kind::gradient)
+        return gradientPaint(paint, box, toPage);
+    if (!isUsable(toPage * paint.pattern->transform))
+        return Paint();
+    Paint result = paint;
+    result.pattern = patterns_.tileFor(*paint.pattern, toPage);
+    return result.pattern ? std::optional(result) : std::nullopt;
+}
+
+/// Under an opacity the colours change once more, so that the back end's own gradients are not for
+/// it.
+Paint PaintStage::gradientPaint(Paint paint, const Rect& box, const Affine& toPage) {
+    scene::Gradient gradient = *paint.gradient;
+    if (!isUsable(toPage * gradient.transform))
+        return {};
+    gradient.stops = opaque(gradient.stops);
+    if (paint.opacity * opacity_.current() >= 1)
+        if (const auto native = natives_.find(gradient, box)) {
+            paint.gradient = std::make_shared<const scene::Gradient>(*native);
+            return paint;
+        }
+    paint.kind = Paint::Kind::pattern;
+    paint.gradient = nullptr;
+    paint.pattern = gradients_.tileFor(gradient, box, toPage);
+    if (paint.pattern)
+        return paint;
+    warnings_.add("gradients that are far smaller than what they paint are left out");
+    return {};
+}
+
+std::shared_ptr<const ColorStops> PaintStage::opaque(
+    const std::shared_ptr<const ColorStops>& stops) {
+    auto& found = opaqueStops_[stops];
+    if (!found)
+        found = std::make_shared<const ColorStops>(overWhite(*stops));
+    return found;
+}
+
+void PaintStage::layOut(const Shape& part, const Paint& paint, const Rect& box) {
+    const scene::Pattern& pattern = *paint.pattern;
+    const Affine toPage = part.transform * pattern.transform;
+    const Rect shown = mapped(box, pattern.transform.inverse());
+    const Rect& tile = pattern.tile;
+    const Rect content = boxOf(*pattern.content).value_or(tile);
+    const bool isWhole = holds(tile, content);
+    const double extra = pattern.isClipped || isWhole ? 0 : 1;
+    const Range across = tilesIn(shown.x - tile.x, shown.width, tile.width, extra);
+    const Range down = tilesIn(shown.y - tile.y, shown.height, tile.height, extra);
+    const double items =
+        across.count() * down.count() * static_cast<double>(pattern.content->items.size());
+    if (!(items + static_cast<double>(laidOut_) <= kMostLaidOut)) {
+        warnings_.add("patterns that repeat pictures, text or gradients too often are left out");
+        return;
+    }
+    laidOut_ += static_cast<std::size_t>(items);
+    take(scene::BeginGroup{paint.opacity, areaOf(part)});
+    for (double row = down.first; row <= down.last; ++row)
+        for (double column = across.first; column <= across.last; ++column)
+            layOutTile(pattern,
+                       toPage * Affine::translation(column * tile.width, row * tile.height),
+                       pattern.isClipped && !isWhole);
+    take(scene::EndGroup{});
+}
+
+void PaintStage::layOutTile(const scene::Pattern& pattern, const Affine& toPage, bool isCut) {
+    if (isCut)
+        take(scene::BeginGroup{1, clipTo(pattern.tile, toPage)});
+    takeAll(*pattern.content, toPage);
+    if (isCut)
+        take(scene::EndGroup{});
+}
+
+void PaintStage::takeAll(const ItemList& list, const Affine& map) {
+    ItemList copy = list;
+    transform(copy, map);
+    for (Item& item : copy.items)
+        if (const auto* placement = std::get_if<scene::Placement>(&item))
+            takeAll(*placement->symbol, placement->transform);
+        else
+            take(std::move(item));
+}
+
+}  // namespace psrender::plan
