@@ -16,7 +16,7 @@ using scene::Rect;
 
 namespace {
 
-constexpr double kFinest = 0.25;   // points: bands narrower than this are not seen
+constexpr double kFinest = 0.5;    // points: bands narrower than this are not seen
 constexpr double kLeastUnits = 1;  // of a tile along its gradient
 constexpr double kMostUnits = 8192;
 constexpr double kFarthest = 1e6;  // times the gradient's length
@@ -66,7 +66,6 @@ scene::Shape rectangle(const Rect& box, const scene::Color& color) {
     outline.lineTo({box.x + box.width, box.y});
     outline.lineTo({box.x + box.width, box.y + box.height});
     outline.lineTo({box.x, box.y + box.height});
-    outline.close();
     scene::Shape shape;
     shape.outline = std::make_shared<Outline>(std::move(outline));
     shape.fill = solid(color);

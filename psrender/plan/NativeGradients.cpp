@@ -4,10 +4,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <iterator>
 #include <memory>
+#include <span>
 
 namespace psrender::plan {
 
+using scene::Color;
 using scene::ColorStop;
 using scene::Gradient;
 using scene::Point;
@@ -15,16 +19,15 @@ using scene::Rect;
 
 namespace {
 
-/// Each use of a native gradient writes all its colours anew.
-constexpr std::size_t kMostStops = 16;
+/// Each use of a native gradient writes them anew; beyond, tiles take less room.
+constexpr std::size_t kMostColors = 24;
 /// Farther out, positions between 0 and 1 are too close to each other.
 constexpr double kFarthest = 1000;
 
 bool isPlain(const Gradient& gradient) {
     const bool isCentred =
         gradient.kind == Gradient::Kind::linear || gradient.start == gradient.end;
-    return isCentred && gradient.spread == scene::Spread::pad &&
-           gradient.stops->size() <= kMostStops;
+    return isCentred && gradient.spread == scene::Spread::pad;
 }
 
 /// What part of the gradient is wanted, 0 being its start and 1 its end.
@@ -77,15 +80,40 @@ std::optional<Gradient> NativeGradients::find(const Gradient& gradient, const Re
         return std::nullopt;
     const Part part = gradient.kind == Gradient::Kind::linear ? linearPart(gradient, box)
                                                               : radialPart(gradient, box);
-    if (!(part.to - part.from < kFarthest) || !admits(*gradient.stops))
+    if (!(part.to - part.from < kFarthest))
         return std::nullopt;
-    return withEnds(gradient, part);
+    const auto place = placeOf(*gradient.stops, gradient.kind == Gradient::Kind::radial);
+    if (!place)
+        return std::nullopt;
+    Gradient result = withEnds(gradient, part);
+    result.stops = std::make_shared<const Stops>(withAllColors(*result.stops, *place));
+    return result;
 }
 
-bool NativeGradients::admits(const std::vector<ColorStop>& stops) {
-    if (colors_.empty())
-        std::ranges::transform(stops, std::back_inserter(colors_), &ColorStop::color);
-    return std::ranges::equal(stops, colors_, {}, &ColorStop::color);
+/// Between two gradients stand the last colour of the one and the first of the other once more:
+/// what lies before and behind a gradient's own stops stays plain.
+std::optional<std::size_t> NativeGradients::placeOf(const Stops& stops, bool isRadial) {
+    for (const auto& [begin, count] : runs_)
+        if ((begin == 0 || !isRadial) &&
+            std::ranges::equal(stops, std::span(colors_).subspan(begin, count), {},
+                               &ColorStop::color))
+            return begin;
+    if ((isRadial && !colors_.empty()) || colors_.size() + stops.size() + 2 > kMostColors)
+        return std::nullopt;
+    if (!colors_.empty())
+        colors_.insert(colors_.end(), {Color(colors_.back()), stops.front().color});
+    const std::size_t begin = colors_.size();
+    std::ranges::transform(stops, std::back_inserter(colors_), &ColorStop::color);
+    runs_.emplace_back(begin, stops.size());
+    return begin;
+}
+
+NativeGradients::Stops NativeGradients::withAllColors(const Stops& stops, std::size_t place) const {
+    Stops result;
+    for (std::size_t i = 0; i < colors_.size(); ++i)
+        result.push_back({i < place ? 0.0 : 1.0, colors_[i], 1});
+    std::ranges::copy(stops, result.begin() + static_cast<std::ptrdiff_t>(place));
+    return result;
 }
 
 }  // namespace psrender::plan

@@ -2,13 +2,18 @@
 
 #include "psrender/scene/DisplayList.h"
 
+#include <cstddef>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace psrender::plan {
 
-/// The gradients that the back end draws itself. In one document they all show the same colours,
-/// so the first gradient of a document settles these, and only such as have the same go here.
+/// The gradients that the back end draws itself. In one document they all run through the same
+/// list of colours and differ in the positions only. So each names the colours of all that came
+/// before it as well, those to one side of its own being pushed to the start and the others to the
+/// end. As the list is written with each use, it is kept short: the first gradients of a document
+/// find room in it, those with the same colours as one of them too, and all others do not.
 class NativeGradients {
 public:
     /// `gradient`, whose stops must be opaque, as the back end knows it: it shows nothing beyond
@@ -17,9 +22,16 @@ public:
     std::optional<scene::Gradient> find(const scene::Gradient& gradient, const scene::Rect& box);
 
 private:
-    [[nodiscard]] bool admits(const std::vector<scene::ColorStop>& stops);
+    using Stops = std::vector<scene::ColorStop>;
 
-    std::vector<scene::Color> colors_;  ///< empty until the first gradient came
+    /// Where the colours of `stops` begin in the list; nothing if they find no room. The centre of
+    /// a radial gradient shows what is pushed to the start: it goes to the list's begin only.
+    std::optional<std::size_t> placeOf(const Stops& stops, bool isRadial);
+    [[nodiscard]] Stops withAllColors(const Stops& stops, std::size_t place) const;
+
+    std::vector<scene::Color> colors_;
+    /// The gradients in the list: where they begin and how many colours they have.
+    std::vector<std::pair<std::size_t, std::size_t>> runs_;
 };
 
 }  // namespace psrender::plan
