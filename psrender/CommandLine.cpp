@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdio>
 #include <functional>
+#include <map>
 #include <string>
 
 namespace psrender {
@@ -198,6 +199,12 @@ private:
             ->check(CLI::Range(1, 2400))
             ->capture_default_str();
         app_.add_flag("--keep-going", request_.keepGoing, "skip a bad drawing, exit code 3");
+        app_.add_option("--opacity", request_.opacity,
+                        "blend: translucent shapes show what is beneath; white: they are blended "
+                        "with white paper, which makes smaller files")
+            ->type_name("HOW")
+            ->transform(CLI::CheckedTransformer(std::map<std::string, plan::OpacityWay>{
+                {"blend", plan::OpacityWay::blend}, {"white", plan::OpacityWay::white}}));
         auto* quiet = app_.add_flag("-q,--quiet", request_.quiet, "no warnings, no progress");
         app_.add_flag("-v,--verbose", request_.verbose, "a line a page")->excludes(quiet);
     }

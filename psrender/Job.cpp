@@ -44,7 +44,7 @@ public:
           output_(outputOf(request)),
           document_(Core::makeObject<Drawing::PS::PSDocument>(output_.stream().get(), true)),
           reader_(request.mostPixels),
-          planner_({request.mostDotsPerInch}),
+          planner_({request.mostDotsPerInch, request.opacity}),
           painter_(*document_),
           progress_(request.inputs.size(), !request.quiet && ::isatty(STDERR_FILENO) == 1) {}
 

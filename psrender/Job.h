@@ -2,6 +2,7 @@
 
 #include "PS/PSPrintingOptions.h"
 #include "psrender/PageFrame.h"
+#include "psrender/plan/Planner.h"
 
 #include <cstdint>
 #include <optional>
@@ -20,6 +21,7 @@ struct JobRequest {
     PageFrame frame;
     double mostDotsPerInch = 0;  ///< of images, which are reduced to it; 0 keeps every pixel
     std::uint64_t mostPixels = kMostPixels;  ///< of one image
+    plan::OpacityWay opacity = plan::OpacityWay::blend;
     std::optional<Drawing::PS::PSPrintingOptions> printing;
     std::optional<std::string> previewPrefix;
     int previewResolution = 96;  ///< dots per inch

@@ -3,6 +3,7 @@
 #include "psrender/image/DerivedImages.h"
 #include "psrender/plan/Boxes.h"
 #include "psrender/plan/PlacementStage.h"
+#include "psrender/plan/TextBox.h"
 
 #include <algorithm>
 #include <cmath>
@@ -22,18 +23,6 @@ namespace {
 
 /// Corners in all cuts of a page: some ten seconds.
 constexpr std::size_t kMostWork = 20'000'000;
-
-/// A box around a run, guessed generously from where its glyphs are.
-std::optional<Rect> boxOf(const scene::Text& text) {
-    std::optional<Rect> box;
-    for (const scene::PlacedGlyph& glyph : text.run->glyphs) {
-        const Rect spot{glyph.origin.x, glyph.origin.y, 0, 0};
-        box = box ? boxAround(*box, spot) : spot;
-    }
-    if (box)
-        box = mappedBox(grown(*box, text.run->size), text.transform);
-    return box;
-}
 
 bool isUpright(const Affine& map) {
     return map.b == 0 && map.c == 0 && map.a > 0 && map.d > 0;
@@ -144,7 +133,7 @@ void ClipStage::passByMiddle(scene::Item item, const Rect& box) {
 }
 
 void ClipStage::takeText(scene::Text text) {
-    const auto box = boxOf(text);
+    const auto box = textBox(text);
     const Place place = box ? region().find(*box) : Place::outside;
     if (place == Place::inside)
         next_.take(std::move(text));

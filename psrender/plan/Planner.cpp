@@ -1,5 +1,6 @@
 #include "psrender/plan/Planner.h"
 
+#include "psrender/plan/BlendStage.h"
 #include "psrender/plan/ClipStage.h"
 #include "psrender/plan/PaintStage.h"
 #include "psrender/plan/PictureStage.h"
@@ -25,13 +26,16 @@ struct Shared {
 
 Items planAlone(Items items, const Shared& shared);
 
-/// All sinks but the first, in a row.
+/// All sinks but the first, in a row. Blending costs memory for every shape, so it is left out of
+/// the row where nothing asks for it.
 class Row : public Sink {
 public:
     /// `page` is the area that can be seen.
-    Row(Items& planned, const scene::Rect& page, const Shared& shared)
+    Row(Items& planned, const scene::Rect& page, bool blends, const Shared& shared)
         : shapes_(planned, shared.warnings),
-          pictures_(shared.options.mostDotsPerInch, shared.warnings, shapes_),
+          blending_(shared.warnings, shapes_),
+          pictures_(shared.options.mostDotsPerInch, shared.warnings,
+                    blends ? static_cast<Sink&>(blending_) : shapes_),
           texts_(shared.warnings, pictures_),
           clips_(shared.warnings, texts_),
           paints_(
@@ -43,6 +47,7 @@ public:
 
 private:
     ShapeStage shapes_;
+    BlendStage blending_;
     PictureStage pictures_;
     TextStage texts_;
     ClipStage clips_;
@@ -58,7 +63,7 @@ void takeAll(Items items, Sink& sink) {
 Items planAlone(Items items, const Shared& shared) {
     constexpr scene::Rect everywhere{-kReach, -kReach, 2 * kReach, 2 * kReach};
     Items planned;
-    Row row(planned, everywhere, shared);
+    Row row(planned, everywhere, false, shared);
     PlacementStage placements(
         {}, [](const Items&) { return Items(); }, row);
     takeAll(std::move(items), placements);
@@ -72,7 +77,8 @@ scene::Page Planner::plan(scene::Page page, Warnings& warnings) {
     scene::Page planned;
     planned.width = page.width;
     planned.height = page.height;
-    Row row(planned.items, {0, 0, page.width, page.height}, shared);
+    const bool blends = options_.opacity == OpacityWay::blend && hasTranslucency(page);
+    Row row(planned.items, {0, 0, page.width, page.height}, blends, shared);
     PlacementStage placements(
         page, [&](Items items) { return planAlone(std::move(items), shared); }, row);
     takeAll(std::move(page.items), placements);

@@ -4,12 +4,18 @@
 #include "psrender/plan/NativeGradients.h"
 #include "psrender/scene/DisplayList.h"
 
+#include <cstdint>
+
 /// Rewrites pages so that the back end can say all of them.
 namespace psrender::plan {
+
+/// What translucent things are blended with: with what lies beneath, or with white paper.
+enum class OpacityWay : std::uint8_t { blend, white };
 
 /// What the user may choose.
 struct PlanOptions {
     double mostDotsPerInch = 0;  ///< pictures with more are reduced; 0 keeps every pixel
+    OpacityWay opacity = OpacityWay::blend;
 };
 
 /// Plans the pages of one document, in their order.

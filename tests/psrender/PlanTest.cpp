@@ -53,14 +53,15 @@ Shape shape(std::shared_ptr<const Outline> outline, Paint fill, Paint stroke = {
     return result;
 }
 
-std::vector<Shape> planned(std::vector<Item> items, Warnings* warnings = nullptr) {
+std::vector<Shape> planned(std::vector<Item> items, Warnings* warnings = nullptr,
+                           const psrender::plan::PlanOptions& options = {}) {
     Warnings own;
     std::vector<Shape> shapes;
     psrender::scene::Page page;
     page.width = page.height = 100;
     page.items = std::move(items);
     for (const Item& item :
-         psrender::plan::Planner().plan(std::move(page), warnings ? *warnings : own).items)
+         psrender::plan::Planner(options).plan(std::move(page), warnings ? *warnings : own).items)
         shapes.push_back(std::get<Shape>(item));
     return shapes;
 }
@@ -83,10 +84,11 @@ int winding(const Outline& outline, Point p) {
 
 TEST(Opacity, IsBlendedOverWhiteThroughAllGroups) {
     const auto outline = polygon({square(0, 1)});
-    const auto shapes = planned({shape(outline, solid(0, 0.5)), BeginGroup{0.5}, BeginGroup{0.5},
-                                 shape(outline, solid(55), solid(0, 0)), EndGroup{},
-                                 shape(outline, solid(0)), EndGroup{}, shape(outline, solid(9)),
-                                 shape(outline, solid(9, 0)), shape(outline, {})});
+    const auto shapes = planned(
+        {shape(outline, solid(0, 0.5)), BeginGroup{0.5}, BeginGroup{0.5},
+         shape(outline, solid(55), solid(0, 0)), EndGroup{}, shape(outline, solid(0)), EndGroup{},
+         shape(outline, solid(9)), shape(outline, solid(9, 0)), shape(outline, {})},
+        nullptr, {0, psrender::plan::OpacityWay::white});
     ASSERT_EQ(4U, shapes.size()) << "what cannot be seen is left out";
     EXPECT_EQ(128, shapes[0].fill.color.red);
     EXPECT_EQ(205, shapes[1].fill.color.red);

@@ -1,0 +1,185 @@
+#include "psrender/plan/BlendLayer.h"
+
+#include "psrender/plan/Boxes.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <utility>
+
+namespace psrender::plan {
+
+using scene::Rect;
+using Place = ClipRegion::Place;
+
+namespace {
+
+constexpr std::size_t kBlock = 64;
+/// Thinner than this is what rounding leaves, in grid units.
+constexpr double kThinnest = 4;
+/// Areas that hide less than this share of a box are not worth to be cut out of what is beneath.
+constexpr double kWorthCutting = 1.0 / 16;
+
+bool meets(const Rect& a, const Rect& b) {
+    return a.x <= b.x + b.width && b.x <= a.x + a.width && a.y <= b.y + b.height &&
+           b.y <= a.y + a.height;
+}
+
+double lengthOf(const ClipperLib::Path& polygon) {
+    double length = 0;
+    for (std::size_t i = 0; i < polygon.size(); ++i) {
+        const auto& a = polygon[i];
+        const auto& b = polygon[(i + 1) % polygon.size()];
+        length += std::hypot(static_cast<double>(b.X - a.X), static_cast<double>(b.Y - a.Y));
+    }
+    return length;
+}
+
+void removeSlivers(Polygons& polygons) {
+    std::erase_if(polygons, [](const ClipperLib::Path& polygon) {
+        return std::abs(ClipperLib::Area(polygon)) < kThinnest * lengthOf(polygon) / 2;
+    });
+}
+
+double areaOf(const Rect& box) {
+    return box.width * box.height;
+}
+
+/// Looks from the top down for what shows through a translucent area.
+class Walk {
+public:
+    Walk(const BlendArea& area, const Tint& ground, BlendBudget& budget)
+        : area_(area), ground_(ground), budget_(budget) {}
+
+    /// False if nothing shows from below `under`.
+    bool goThrough(const BlendArea& under) {
+        if (under.isText())
+            return goThroughText(under);
+        const ClipRegion* hiding = under.region();
+        const Place place = hiding == nullptr ? Place::outside : hiding->find(area_.box());
+        if (place == Place::outside)
+            return true;
+        if (place == Place::inside)
+            return reachGround(under.tint());
+        const ClipRegion* self = area_.region();
+        const std::size_t corners =
+            self == nullptr ? 0 : countCorners(self->polygons()) + countCorners(hiding->polygons());
+        if (self == nullptr || !BlendBudget::spend(budget_.corners, corners))
+            return false;
+        return self->find(under.box()) == Place::outside || cut(under, *hiding, *self);
+    }
+
+    std::vector<BlendArea> result() {
+        std::vector<BlendArea> areas{area_.with(over(area_.tint(), ground_))};
+        std::ranges::reverse(pieces_);
+        for (BlendArea& piece : pieces_)
+            if (areas.size() > 1 || piece.tint() != areas[0].tint() || !piece.isSolid())
+                areas.push_back(std::move(piece));
+        return areas;
+    }
+
+private:
+    bool reachGround(const Tint& ground) {
+        ground_ = ground;
+        return false;
+    }
+    /// Text without outlines shows through as a whole or not at all.
+    bool goThroughText(const BlendArea& under) {
+        const ClipRegion* self = area_.region();
+        if (self != nullptr && self->contains(under.middle()))
+            addPiece(under.with(over(area_.tint(), under.tint())));
+        return true;
+    }
+    void addPiece(BlendArea piece) {
+        pieces_.push_back(std::move(piece));
+        BlendBudget::spend(budget_.pieces, 1);
+    }
+    bool cut(const BlendArea& under, const ClipRegion& hiding, const ClipRegion& self) {
+        auto common = hiding.cut({rest_ ? *rest_ : self.polygons()});
+        if (common)
+            removeSlivers(*common);
+        if (!common || common->empty())
+            return true;
+        const Tint tint = over(area_.tint(), under.tint());
+        if (rest_)
+            common = hiding.cut({self.polygons()});
+        if (self.find(under.box()) == Place::inside && under.isSolid())
+            addPiece(under.with(tint));
+        else if (common && !common->empty())
+            addPiece({std::move(*common), tint});
+        return !isWorthCutting(under.box()) || cutOut(hiding, self, under.tint());
+    }
+    [[nodiscard]] bool isWorthCutting(const Rect& box) const {
+        const auto common = commonBox(box, area_.box());
+        return common && areaOf(*common) >= kWorthCutting * areaOf(area_.box());
+    }
+    /// If nothing is left, the lowest piece may be all of the area.
+    bool cutOut(const ClipRegion& hiding, const ClipRegion& self, const Tint& tint) {
+        auto left = combine(ClipperLib::ctDifference, rest_ ? *rest_ : self.polygons(),
+                            ClipperLib::pftNonZero, hiding.polygons());
+        if (!left)
+            return true;
+        removeSlivers(*left);
+        rest_ = std::move(left);
+        if (!rest_->empty())
+            return true;
+        pieces_.pop_back();
+        return reachGround(tint);
+    }
+
+    const BlendArea& area_;
+    Tint ground_;
+    BlendBudget& budget_;
+    std::optional<Polygons> rest_;   ///< where nothing has been found yet, once that is cut
+    std::vector<BlendArea> pieces_;  ///< from the topmost down
+};
+
+}  // namespace
+
+void BlendLayer::add(BlendArea area) {
+    const Rect& box = area.box();
+    if (areas_.size() % kBlock == 0)
+        blockBoxes_.push_back(box);
+    else
+        blockBoxes_.back() = boxAround(blockBoxes_.back(), box);
+    boxes_.push_back(box);
+    areas_.push_back(std::move(area));
+}
+
+void BlendLayer::forEachIn(const Rect& box, std::size_t count, BlendBudget& budget,
+                           const std::function<bool(const BlendArea&)>& visit) const {
+    for (std::size_t block = (count + kBlock - 1) / kBlock; block-- > 0;) {
+        if (!BlendBudget::spend(budget.steps, 1))
+            return;
+        if (!meets(box, blockBoxes_[block]))
+            continue;
+        const std::size_t first = block * kBlock;
+        BlendBudget::spend(budget.steps, kBlock);
+        for (std::size_t i = std::min(count, first + kBlock); i-- > first;)
+            if (meets(box, boxes_[i]) && !visit(areas_[i]))
+                return;
+    }
+}
+
+std::vector<BlendArea> BlendLayer::mix(const BlendArea& area, std::size_t count,
+                                       BlendBudget& budget) const {
+    Walk walk(area, ground_, budget);
+    forEachIn(area.box(), count, budget,
+              [&walk](const BlendArea& under) { return walk.goThrough(under); });
+    if (budget.isSpent())
+        return {area.with(over(area.tint(), ground_))};
+    return walk.result();
+}
+
+Tint BlendLayer::tintAt(scene::Point p, std::size_t count, BlendBudget& budget) const {
+    Tint tint = ground_;
+    forEachIn({p.x, p.y, 0, 0}, count, budget, [&](const BlendArea& area) {
+        const bool isThere = area.region() != nullptr && area.region()->contains(p);
+        if (isThere)
+            tint = area.tint();
+        return !isThere;
+    });
+    return tint;
+}
+
+}  // namespace psrender::plan

@@ -1,0 +1,134 @@
+#include "psrender/plan/BlendStage.h"
+
+#include "psrender/plan/PlacementStage.h"
+
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+
+namespace psrender::plan {
+
+using scene::Item;
+using scene::ItemList;
+using scene::Paint;
+using scene::Placement;
+
+namespace {
+
+bool isTranslucent(const Paint& paint) {
+    return isPainted(paint) && paint.opacity < 1;
+}
+
+/// Looks into every symbol once.
+class Search {
+public:
+    bool find(const ItemList& list) {
+        return std::ranges::any_of(list.items, [this](const Item& item) {
+            return std::visit([this](const auto& one) { return isThere(one); }, item);
+        });
+    }
+
+private:
+    template <class Painted>
+    bool isThere(const Painted& item) {
+        return isTranslucent(item.fill) || isTranslucent(item.stroke);
+    }
+    bool isThere(const scene::BeginGroup& group) { return group.opacity < 1; }
+    bool isThere(const scene::EndGroup& /*end*/) { return false; }
+    bool isThere(const scene::Picture& picture) { return picture.opacity < 1; }
+    bool isThere(const Placement& placement) {
+        return seen_.insert(placement.symbol.get()).second && find(*placement.symbol);
+    }
+
+    std::unordered_set<const ItemList*> seen_;
+};
+
+}  // namespace
+
+bool hasTranslucency(const ItemList& list) {
+    return Search().find(list);
+}
+
+void BlendStage::take(Item item) {
+    if (const auto* group = std::get_if<scene::BeginGroup>(&item)) {
+        begin(group->opacity);
+        return;
+    }
+    if (std::holds_alternative<scene::EndGroup>(item)) {
+        end();
+        return;
+    }
+    if (const auto* placement = std::get_if<Placement>(&item)) {
+        takePlacement(*placement);
+        return;
+    }
+    std::vector<BlendArea> areas = BlendArea::areasOf(item);
+    const auto isOpaque = [](const BlendArea& area) { return area.tint().alpha == 1; };
+    if (std::ranges::all_of(areas, isOpaque)) {
+        if (isPage())
+            next_.take(std::move(item));
+        for (BlendArea& area : areas)
+            add(std::move(area));
+        return;
+    }
+    for (const BlendArea& area : areas)
+        place(area, levels_.back().layer.size());
+}
+
+/// Symbols that are still placed are opaque.
+void BlendStage::takePlacement(const Placement& placement) {
+    const ItemList items = itemsOf(placement);
+    if (isPage())
+        next_.take(placement);
+    for (const Item& item : items.items)
+        for (BlendArea& area : BlendArea::areasOf(item))
+            add(std::move(area));
+}
+
+void BlendStage::begin(double opacity) {
+    constexpr Tint clear{{}, 0};
+    const std::size_t beneath = levels_.back().layer.size();
+    levels_.push_back({BlendLayer(clear), std::clamp(opacity, 0.0, 1.0), beneath});
+}
+
+/// The group's areas hide each other, and each of them lies over what was there before.
+void BlendStage::end() {
+    if (isPage())
+        return;
+    const Level group = std::move(levels_.back());
+    levels_.pop_back();
+    for (std::size_t i = 0; i < group.layer.size(); ++i) {
+        const BlendArea& area = group.layer[i];
+        const Tint& tint = area.tint();
+        place(area.with({tint.color, tint.alpha * group.opacity}), group.beneath);
+    }
+}
+
+/// Over the lowest `beneath` areas.
+void BlendStage::place(const BlendArea& area, std::size_t beneath) {
+    if (!(area.tint().alpha > 0))
+        return;
+    const BlendLayer& layer = levels_.back().layer;
+    std::vector<BlendArea> areas{area};
+    if (area.isText())
+        areas = {area.with(over(area.tint(), layer.tintAt(area.middle(), beneath, budget_)))};
+    else if (area.isSolid() && area.tint().alpha < 1)
+        areas = layer.mix(area, beneath, budget_);
+    if (budget_.isSpent())
+        warnings_.add("translucent shapes are blended over white where there are too many");
+    for (BlendArea& piece : areas) {
+        show(piece);
+        add(std::move(piece));
+    }
+}
+
+void BlendStage::show(const BlendArea& area) {
+    if (isPage())
+        next_.take(area.item());
+}
+
+void BlendStage::add(BlendArea area) {
+    levels_.back().layer.add(std::move(area));
+}
+
+}  // namespace psrender::plan

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "psrender/Warnings.h"
+#include "psrender/plan/BlendLayer.h"
+#include "psrender/plan/Sink.h"
+
+#include <cstddef>
+#include <vector>
+
+namespace psrender::plan {
+
+/// Whether anything in `list` is translucent.
+bool hasTranslucency(const scene::ItemList& list);
+
+/// Makes translucent things opaque: each is shown in the colour that it has over what lies
+/// beneath, and in pieces where that is of several colours. A translucent group is a page of its
+/// own first, on clear ground.
+///
+/// Gradients, patterns and pictures are not cut: beneath something translucent they count as
+/// areas of their average colour, and when they are translucent themselves they go on as they are.
+class BlendStage : public Sink {
+public:
+    /// `warnings` and `next` must outlive the stage.
+    BlendStage(Warnings& warnings, Sink& next) : warnings_(warnings), next_(next) {
+        levels_.push_back({BlendLayer(Tint()), 1, 0});
+    }
+
+    void take(scene::Item item) override;
+
+private:
+    /// The page, or a group that is not complete yet.
+    struct Level {
+        BlendLayer layer;
+        double opacity;
+        std::size_t beneath;  ///< areas of the level around it when the group began
+    };
+
+    [[nodiscard]] bool isPage() const { return levels_.size() == 1; }
+    void begin(double opacity);
+    void end();
+    void takePlacement(const scene::Placement& placement);
+    void place(const BlendArea& area, std::size_t beneath);
+    void show(const BlendArea& area);
+    void add(BlendArea area);
+
+    Warnings& warnings_;
+    Sink& next_;
+    std::vector<Level> levels_;  ///< never empty
+    BlendBudget budget_;
+};
+
+}  // namespace psrender::plan

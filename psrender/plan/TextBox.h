@@ -1,0 +1,12 @@
+#pragma once
+
+#include "psrender/scene/DisplayList.h"
+
+#include <optional>
+
+namespace psrender::plan {
+
+/// A box on the page around a run, with room enough for its glyphs; nothing without glyphs.
+std::optional<scene::Rect> textBox(const scene::Text& text);
+
+}  // namespace psrender::plan
