@@ -3,6 +3,7 @@
 #include "psrender/image/DerivedImages.h"
 #include "psrender/plan/Boxes.h"
 #include "psrender/plan/TextBox.h"
+#include "psrender/plan/TextOutlines.h"
 
 #include <array>
 #include <cmath>
@@ -46,8 +47,8 @@ Tint tintOf(const Paint& paint) {
 
 /// The average over white.
 Tint tintOf(const Picture& picture) {
-    const auto image =
-        image::rowsOf(image::overWhite(image::reduced(picture.image, {1, 1}), picture.opacity));
+    const auto image = image::rowsOf(
+        image::flattened(image::reduced(picture.image, {1, 1}), picture.opacity, {255, 255, 255}));
     std::array<std::uint8_t, 8> pixel{};
     std::array<std::uint8_t, 1> alpha{};
     if (image->components() > 3)
@@ -65,6 +66,13 @@ void addParts(const Painted& item, std::vector<Item>& parts) {
             (isFill ? part.stroke : part.fill) = {};
             parts.emplace_back(std::move(part));
         }
+}
+
+std::optional<Shape> shapeOf(const Item& item) {
+    if (const auto* text = std::get_if<Text>(&item))
+        return outlinesOf(*text);
+    const auto* shape = std::get_if<Shape>(&item);
+    return shape != nullptr ? std::optional(*shape) : std::nullopt;
 }
 
 std::optional<Rect> boxOf(const Item& item) {
@@ -137,8 +145,8 @@ const ClipRegion* BlendArea::region() const {
     isRegionKnown_ = true;
     if (std::holds_alternative<Picture>(item_))
         region_ = std::make_shared<const ClipRegion>(box_);
-    const auto* shape = std::get_if<Shape>(&item_);
-    if (shape == nullptr)
+    const auto shape = shapeOf(item_);
+    if (!shape)
         return region_.get();
     auto area = isPainted(shape->fill) ? fillOf(*shape) : strokeOf(*shape, box_);
     auto simple = area ? simplify(std::move(area->polygons), area->rule) : std::nullopt;

@@ -53,10 +53,10 @@ public:
 
     /// False if nothing shows from below `under`.
     bool goThrough(const BlendArea& under) {
-        if (under.isText())
-            return goThroughText(under);
         const ClipRegion* hiding = under.region();
-        const Place place = hiding == nullptr ? Place::outside : hiding->find(area_.box());
+        if (hiding == nullptr)
+            return goThroughWhole(under);
+        const Place place = hiding->find(area_.box());
         if (place == Place::outside)
             return true;
         if (place == Place::inside)
@@ -83,8 +83,8 @@ private:
         ground_ = ground;
         return false;
     }
-    /// Text without outlines shows through as a whole or not at all.
-    bool goThroughText(const BlendArea& under) {
+    /// What cannot be cut shows through as a whole or not at all.
+    bool goThroughWhole(const BlendArea& under) {
         const ClipRegion* self = area_.region();
         if (self != nullptr && self->contains(under.middle()))
             addPiece(under.with(over(area_.tint(), under.tint())));
@@ -103,7 +103,8 @@ private:
         const Tint tint = over(area_.tint(), under.tint());
         if (rest_)
             common = hiding.cut({self.polygons()});
-        if (self.find(under.box()) == Place::inside && under.isSolid())
+        const bool staysWhole = under.isSolid() && !under.isText();
+        if (staysWhole && self.find(under.box()) == Place::inside)
             addPiece(under.with(tint));
         else if (common && !common->empty())
             addPiece({std::move(*common), tint});

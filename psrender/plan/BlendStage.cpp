@@ -110,7 +110,7 @@ void BlendStage::place(const BlendArea& area, std::size_t beneath) {
         return;
     const BlendLayer& layer = levels_.back().layer;
     std::vector<BlendArea> areas{area};
-    if (area.isText())
+    if (area.isText() && area.region() == nullptr)
         areas = {area.with(over(area.tint(), layer.tintAt(area.middle(), beneath, budget_)))};
     else if (area.isSolid() && area.tint().alpha < 1)
         areas = layer.mix(area, beneath, budget_);

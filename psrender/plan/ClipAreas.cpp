@@ -1,6 +1,7 @@
 #include "psrender/plan/ClipAreas.h"
 
 #include "psrender/plan/Boxes.h"
+#include "psrender/plan/TextOutlines.h"
 
 #include <algorithm>
 #include <optional>
@@ -97,7 +98,10 @@ Polygons ClipAreas::areaOf(const Item& item, const Affine& toPage) {
         return areaOf(*shape, toPage);
     if (const auto* placement = std::get_if<scene::Placement>(&item))
         return areaOf(*placement->symbol, toPage * placement->transform);
-    if (std::holds_alternative<scene::Text>(item))
+    const auto* text = std::get_if<scene::Text>(&item);
+    if (const auto outlines = text != nullptr ? outlinesOf(*text) : std::nullopt)
+        return areaOf(*outlines, toPage);
+    if (text != nullptr)
         warnings_.add("clips in the form of text without outlines hide everything");
     return {};
 }

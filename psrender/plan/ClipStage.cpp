@@ -4,6 +4,7 @@
 #include "psrender/plan/Boxes.h"
 #include "psrender/plan/PlacementStage.h"
 #include "psrender/plan/TextBox.h"
+#include "psrender/plan/TextOutlines.h"
 
 #include <algorithm>
 #include <cmath>
@@ -137,6 +138,8 @@ void ClipStage::takeText(scene::Text text) {
     const Place place = box ? region().find(*box) : Place::outside;
     if (place == Place::inside)
         next_.take(std::move(text));
+    else if (auto outlines = place == Place::across ? outlinesOf(text) : std::nullopt)
+        takeShape(std::move(*outlines));
     else if (place == Place::across)
         passByMiddle(std::move(text), *box);
 }
