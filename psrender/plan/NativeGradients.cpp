@@ -20,7 +20,7 @@ using scene::Rect;
 namespace {
 
 /// Each use of a native gradient writes them anew; beyond, tiles take less room.
-constexpr std::size_t kMostColors = 24;
+constexpr std::size_t kMostColors = 48;
 /// Farther out, positions between 0 and 1 are too close to each other.
 constexpr double kFarthest = 1000;
 
