@@ -34,13 +34,14 @@ Tint tintOf(const Paint& paint) {
     if (paint.kind == Paint::Kind::pattern)
         return {{192, 192, 192}, paint.opacity};
     double sum[] = {0, 0, 0};
-    for (const scene::ColorStop& stop : paint.gradient->stops) {
+    for (const scene::ColorStop& stop : *paint.gradient->stops) {
         sum[0] += stop.color.red;
         sum[1] += stop.color.green;
         sum[2] += stop.color.blue;
     }
     const auto average = [&](double total) {
-        return static_cast<std::uint8_t>(total / static_cast<double>(paint.gradient->stops.size()));
+        return static_cast<std::uint8_t>(total /
+                                         static_cast<double>(paint.gradient->stops->size()));
     };
     return {{average(sum[0]), average(sum[1]), average(sum[2])}, paint.opacity};
 }

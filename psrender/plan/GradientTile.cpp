@@ -1,6 +1,7 @@
 #include "psrender/plan/GradientTile.h"
 
 #include "psrender/plan/Box.h"
+#include "psrender/plan/Boxes.h"
 
 #include <algorithm>
 #include <cmath>
@@ -126,7 +127,7 @@ Affine toTile(const Gradient& gradient, const Rect& box, double units) {
 
 std::vector<scene::Item> linearBands(const Gradient& gradient, const Rect& box, double units) {
     const Stretch stretch{box.x, box.x + box.width, kFinest / units};
-    const Rect tile = mapped(box, toTile(gradient, box, units));
+    const Rect tile = mappedBox(box, toTile(gradient, box, units));
     std::vector<scene::Item> items;
     for (const Band& band : bandsOf(*gradient.stops, gradient.spread, stretch)) {
         const double x = (band.begin - box.x) * units;
@@ -142,7 +143,7 @@ std::vector<scene::Item> radialBands(const Gradient& gradient, const Rect& box, 
     const auto bands =
         bandsOf(*gradient.stops, gradient.spread, {circles.least(), most, kFinest / units});
     const Affine map = toTile(gradient, box, units);
-    std::vector<scene::Item> items{rectangle(mapped(box, map), bands.back().color)};
+    std::vector<scene::Item> items{rectangle(mappedBox(box, map), bands.back().color)};
     for (std::size_t i = bands.size() - 1; i > 0; --i) {
         const double t = bands[i].begin;
         items.emplace_back(
@@ -159,12 +160,12 @@ std::shared_ptr<const scene::Pattern> GradientTiles::tileFor(const Gradient& gra
     const bool isLinear = gradient.kind == Gradient::Kind::linear;
     const Affine normal = gradient.transform * normalSpace(gradient);
     const double units = unitsFor(lengthOnPage(gradient, toPage * normal));
-    const Rect area = roundedOutwards(mapped(box, normal.inverse()));
+    const Rect area = roundedOutwards(mappedBox(box, normal.inverse()));
     if (!(std::max({std::abs(area.x), std::abs(area.y), area.width, area.height}) < kFarthest))
         return nullptr;
     const Affine map = toTile(gradient, area, units);
     auto pattern = std::make_shared<scene::Pattern>();
-    pattern->tile = mapped(area, map);
+    pattern->tile = mappedBox(area, map);
     pattern->transform = normal * map.inverse();
     Key key{units, area.x, area.width, static_cast<double>(gradient.kind),
             static_cast<double>(gradient.spread)};

@@ -1,5 +1,7 @@
 #include "psrender/plan/Ground.h"
 
+#include "psrender/plan/Boxes.h"
+
 #include "psrender/plan/Polyline.h"
 
 #include <algorithm>
@@ -18,19 +20,6 @@ namespace {
 
 constexpr double kTolerance = 0.002;  // of the picture's side
 constexpr Color kPaper{255, 255, 255};
-
-Rect mapped(const Rect& box, const Affine& map) {
-    const Point a = map.apply({box.x, box.y});
-    const double width = std::abs(map.a * box.width) + std::abs(map.c * box.height);
-    const double height = std::abs(map.b * box.width) + std::abs(map.d * box.height);
-    const double left = std::min(0.0, map.a * box.width) + std::min(0.0, map.c * box.height);
-    const double top = std::min(0.0, map.b * box.width) + std::min(0.0, map.d * box.height);
-    return {a.x + left, a.y + top, width, height};
-}
-
-Rect grown(const Rect& box, double margin) {
-    return {box.x - margin, box.y - margin, box.width + 2 * margin, box.height + 2 * margin};
-}
 
 bool meet(const Rect& a, const Rect& b) {
     return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + b.height &&
@@ -93,7 +82,7 @@ Ground::Answer Ground::look(const std::vector<scene::Item>& items, const Affine&
         else if (const auto* placement = std::get_if<scene::Placement>(&*item))
             answer = look(placement->symbol->items, map * placement->transform, area);
         else if (const auto* picture = std::get_if<scene::Picture>(&*item))
-            if (meet(mapped({0, 0, 1, 1}, map * picture->transform), area))
+            if (meet(mappedBox({0, 0, 1, 1}, map * picture->transform), area))
                 answer = Answer(std::in_place, std::nullopt);
         if (answer)
             return answer;
@@ -106,7 +95,7 @@ Ground::Answer Ground::look(const Shape& shape, const Affine& map, const Rect& a
     const auto box = shape.outline->controlBox();
     steps_ -= std::min(steps_, shape.outline->points().size());
     const Rect around = grown(area, reach);
-    if (!box || !meet(grown(mapped(*box, map), kTolerance), around))
+    if (!box || !meet(grown(mappedBox(*box, map), kTolerance), around))
         return std::nullopt;
     switch (placeOf(shape, map, around)) {
         case Place::outside:

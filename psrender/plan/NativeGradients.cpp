@@ -1,6 +1,7 @@
 #include "psrender/plan/NativeGradients.h"
 
 #include "psrender/plan/Box.h"
+#include "psrender/plan/Boxes.h"
 
 #include <algorithm>
 #include <cmath>
@@ -40,13 +41,13 @@ Part linearPart(const Gradient& gradient, const Rect& box) {
     const double x = gradient.end.x - gradient.start.x;
     const double y = gradient.end.y - gradient.start.y;
     const scene::Affine along{x, y, -y, x, gradient.start.x, gradient.start.y};
-    const Rect normal = mapped(box, (gradient.transform * along).inverse());
+    const Rect normal = mappedBox(box, (gradient.transform * along).inverse());
     const double margin = normal.width / 100;
     return {std::min(0.0, normal.x - margin), std::max(1.0, normal.x + normal.width + margin)};
 }
 
 Part radialPart(const Gradient& gradient, const Rect& box) {
-    const Rect own = mapped(box, gradient.transform.inverse());
+    const Rect own = mappedBox(box, gradient.transform.inverse());
     const double x = std::max(gradient.end.x - own.x, own.x + own.width - gradient.end.x);
     const double y = std::max(gradient.end.y - own.y, own.y + own.height - gradient.end.y);
     const double length = gradient.endRadius - gradient.startRadius;

@@ -1,6 +1,8 @@
 #include "psrender/plan/PaintStage.h"
 
 #include "psrender/plan/Box.h"
+#include "psrender/plan/Boxes.h"
+#include "psrender/plan/TextBox.h"
 
 #include <algorithm>
 #include <cmath>
@@ -112,7 +114,7 @@ void PaintStage::takeShape(Shape shape) {
     if (!isUsable(shape.transform))
         return;
     const Affine& toPage = shape.transform;
-    const Rect page = mapped(page_, toPage.inverse());
+    const Rect page = mappedBox(page_, toPage.inverse());
     const auto filled = common(fillBox(shape), page);
     const auto stroked = common(strokeBox(shape), page);
     const auto fill = filled ? known(shape.fill, *filled, toPage) : Paint();
@@ -131,7 +133,8 @@ void PaintStage::takeShape(Shape shape) {
 void PaintStage::takeText(scene::Text text) {
     if (!isUsable(text.transform))
         return;
-    const Rect box = isServed(text.fill) || isServed(text.stroke) ? textBox(text) : Rect{};
+    const Rect box =
+        isServed(text.fill) || isServed(text.stroke) ? runBox(*text.run).value_or(Rect{}) : Rect{};
     for (Paint* paint : {&text.fill, &text.stroke}) {
         const auto found = known(*paint, box, text.transform);
         if (!found)
@@ -185,7 +188,7 @@ std::shared_ptr<const ColorStops> PaintStage::opaque(
 void PaintStage::layOut(const Shape& part, const Paint& paint, const Rect& box) {
     const scene::Pattern& pattern = *paint.pattern;
     const Affine toPage = part.transform * pattern.transform;
-    const Rect shown = mapped(box, pattern.transform.inverse());
+    const Rect shown = mappedBox(box, pattern.transform.inverse());
     const Rect& tile = pattern.tile;
     const Rect content = boxOf(*pattern.content).value_or(tile);
     const bool isWhole = holds(tile, content);
