@@ -172,6 +172,7 @@ constexpr std::array<Property, propertyCount> properties{{
     leftOut<feature::filter>("filter"),
     {"font", textProperties::applyFont, copyFont},
     {"font-family", textProperties::applyFamily, copyText<&TextStyle::families>},
+    {"font-kerning", textProperties::applyKerning, copyText<&TextStyle::isKerned>},
     {"font-size", textProperties::applySize, copy<&Style::fontSize>},
     {"font-style", textProperties::applySlant, copyText<&TextStyle::slant>},
     {"font-weight", textProperties::applyWeight, copyText<&TextStyle::weight>},

@@ -36,6 +36,8 @@ constexpr std::array weights{Keyword<int>{"normal", 400}, Keyword<int>{"bold", 7
 constexpr std::array spaces{Keyword<bool>{"normal", false},   Keyword<bool>{"nowrap", false},
                             Keyword<bool>{"pre-line", false}, Keyword<bool>{"pre", true},
                             Keyword<bool>{"pre-wrap", true},  Keyword<bool>{"break-spaces", true}};
+constexpr std::array kernings{Keyword<bool>{"auto", true}, Keyword<bool>{"normal", true},
+                              Keyword<bool>{"none", false}};
 /// In pixels; "medium" is the size of text that sets none.
 constexpr std::array sizes{Keyword<double>{"xx-small", 9}, Keyword<double>{"x-small", 10},
                            Keyword<double>{"small", 13},   Keyword<double>{"medium", 16},
@@ -164,6 +166,10 @@ bool applyWeight(std::string_view text, ComputedStyle& style) {
         return false;
     style.text.weight = static_cast<int>(*number);
     return true;
+}
+
+bool applyKerning(std::string_view text, ComputedStyle& style) {
+    return assign(style.text.isKerned, lookUp(kernings, text));
 }
 
 bool applyWhiteSpace(std::string_view text, ComputedStyle& style) {

@@ -20,6 +20,7 @@ bool applyFont(std::string_view text, ComputedStyle& style);
 bool applySize(std::string_view text, ComputedStyle& style);
 bool applySlant(std::string_view text, ComputedStyle& style);
 bool applyWeight(std::string_view text, ComputedStyle& style);
+bool applyKerning(std::string_view text, ComputedStyle& style);
 bool applyWhiteSpace(std::string_view text, ComputedStyle& style);
 bool applyLetterSpacing(std::string_view text, ComputedStyle& style);
 bool applyWordSpacing(std::string_view text, ComputedStyle& style);

@@ -33,6 +33,7 @@ struct TextStyle {
     DecorationSet decorations = 0;  ///< those of all elements around, too
     bool isRightToLeft = false;
     bool keepsSpace = false;
+    bool isKerned = true;
 
     friend bool operator==(const TextStyle&, const TextStyle&) = default;
 };

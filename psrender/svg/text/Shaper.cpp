@@ -26,7 +26,8 @@ constexpr hb_feature_t off(hb_tag_t tag) {
     return {tag, 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END};
 }
 
-/// Letters that are set apart are not to be joined.
+/// What may be switched off. Letters that are set apart are not to be joined.
+constexpr hb_feature_t kNoKerning = off(HB_TAG('k', 'e', 'r', 'n'));
 constexpr std::array kNoLigatures{off(HB_TAG('l', 'i', 'g', 'a')), off(HB_TAG('c', 'l', 'i', 'g'))};
 
 Core::String toString(char32_t code) {
@@ -48,7 +49,7 @@ std::vector<ShapedGlyph> lineUp(const FontProgram& program, std::span<const char
         const bool isMark = Fonts::UnicodeRanges::isMark(character[0]);
         ShapedGlyph glyph{isMissing ? 0 : found, i, 0, 0, 0, !isMissing, true};
         glyph.advance = double{program.getAdvance(glyph.id)} / kEm;
-        if (!glyphs.empty())
+        if (!glyphs.empty() && run.isKerned)
             glyphs.back().advance -=
                 program.getKerning(glyphs.back().id, glyph.id, isMark).value_or(0) / kEm;
         glyphs.push_back(glyph);
@@ -84,8 +85,13 @@ public:
         hb_buffer_set_direction(buffer.get(),
                                 run.isRightToLeft ? HB_DIRECTION_RTL : HB_DIRECTION_LTR);
         hb_buffer_guess_segment_properties(buffer.get());
-        hb_shape(font_.get(), buffer.get(), kNoLigatures.data(),
-                 run.hasLigatures ? 0 : kNoLigatures.size());
+        std::vector<hb_feature_t> features;
+        if (!run.hasLigatures)
+            features.assign(kNoLigatures.begin(), kNoLigatures.end());
+        if (!run.isKerned)
+            features.push_back(kNoKerning);
+        hb_shape(font_.get(), buffer.get(), features.data(),
+                 static_cast<unsigned>(features.size()));
         return glyphsOf(buffer.get(), text, run);
     }
 

@@ -29,6 +29,7 @@ struct ShapingRun {
     std::size_t end = 0;
     bool isRightToLeft = false;
     bool hasLigatures = true;
+    bool isKerned = true;
 };
 
 /// Chooses and places glyphs by the rules of scripts and fonts.

@@ -134,8 +134,8 @@ void TextLayout::shapeSegment(const TextSegment& segment, std::vector<LaidGlyph>
     text.reserve(segment.end - segment.begin);
     for (std::size_t i = segment.begin; i < segment.end; ++i)
         text.push_back(content_.characters[i].code);
-    const ShapingRun run{0, text.size(), segment.level % 2 != 0,
-                         span.style.text.letterSpacing == 0};
+    const ShapingRun run{0, text.size(), segment.level % 2 != 0, span.style.text.letterSpacing == 0,
+                         span.style.text.isKerned};
     for (const ShapedGlyph& shaped : shaper_.shape(*segment.font->program, text, run)) {
         LaidGlyph glyph;
         glyph.font = segment.font;
