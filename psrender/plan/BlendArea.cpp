@@ -5,6 +5,7 @@
 #include "psrender/plan/TextBox.h"
 #include "psrender/plan/TextOutlines.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <utility>
@@ -23,27 +24,43 @@ namespace {
 
 /// Shapes and texts are painted alike.
 template <class Painted>
-Paint& paintOf(Painted& item) {
+auto& paintOf(Painted& item) {
     return isPainted(item.fill) ? item.fill : item.stroke;
 }
 
-/// The average of the colours along a gradient; that of a pattern is guessed to be a light grey.
-Tint tintOf(const Paint& paint) {
-    if (paint.kind == Paint::Kind::solid)
-        return {paint.color, paint.opacity};
+/// The colours of the first shapes of a pattern.
+void addColors(const scene::Pattern& pattern, std::vector<Color>& colors) {
+    constexpr std::size_t kMost = 1000;
+    const auto& items = pattern.content->items;
+    for (std::size_t i = 0; i < std::min(kMost, items.size()); ++i)
+        if (const auto* shape = std::get_if<Shape>(&items[i]))
+            colors.push_back(paintOf(*shape).color);
+}
+
+/// Gradients may come as patterns of bands, so the colours in a pattern count alike.
+std::vector<Color> colorsOf(const Paint& paint) {
+    std::vector<Color> colors;
     if (paint.kind == Paint::Kind::pattern)
-        return {{192, 192, 192}, paint.opacity};
-    double sum[] = {0, 0, 0};
-    for (const scene::ColorStop& stop : *paint.gradient->stops) {
-        sum[0] += stop.color.red;
-        sum[1] += stop.color.green;
-        sum[2] += stop.color.blue;
-    }
-    const auto average = [&](double total) {
-        return static_cast<std::uint8_t>(total /
-                                         static_cast<double>(paint.gradient->stops->size()));
+        addColors(*paint.pattern, colors);
+    else if (paint.kind == Paint::Kind::solid)
+        colors.push_back(paint.color);
+    else
+        for (const scene::ColorStop& stop : *paint.gradient->stops)
+            colors.push_back(stop.color);
+    return colors;
+}
+
+Tint tintOf(const Paint& paint) {
+    const std::vector<Color> colors = colorsOf(paint);
+    if (colors.empty())
+        return {{255, 255, 255}, paint.opacity};
+    const auto average = [&colors](std::uint8_t Color::*part) {
+        std::size_t sum = 0;
+        for (const Color& color : colors)
+            sum += color.*part;
+        return static_cast<std::uint8_t>(sum / colors.size());
     };
-    return {{average(sum[0]), average(sum[1]), average(sum[2])}, paint.opacity};
+    return {{average(&Color::red), average(&Color::green), average(&Color::blue)}, paint.opacity};
 }
 
 /// The average over white.

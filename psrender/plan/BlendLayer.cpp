@@ -60,7 +60,7 @@ public:
         if (place == Place::outside)
             return true;
         if (place == Place::inside)
-            return reachGround(under.tint());
+            return reachGround(under);
         const ClipRegion* self = area_.region();
         const std::size_t corners =
             self == nullptr ? 0 : countCorners(self->polygons()) + countCorners(hiding->polygons());
@@ -79,9 +79,14 @@ public:
     }
 
 private:
-    bool reachGround(const Tint& ground) {
-        ground_ = ground;
+    bool reachGround(const BlendArea& ground) {
+        ground_ = tintOf(ground);
         return false;
+    }
+    const Tint& tintOf(const BlendArea& under) {
+        if (!under.isSolid())
+            ++budget_.averages;
+        return under.tint();
     }
     /// What cannot be cut shows through as a whole or not at all.
     bool goThroughWhole(const BlendArea& under) {
@@ -100,7 +105,7 @@ private:
             removeSlivers(*common);
         if (!common || common->empty())
             return true;
-        const Tint tint = over(area_.tint(), under.tint());
+        const Tint tint = over(area_.tint(), tintOf(under));
         if (rest_)
             common = hiding.cut({self.polygons()});
         const bool staysWhole = under.isSolid() && !under.isText();
@@ -108,14 +113,14 @@ private:
             addPiece(under.with(tint));
         else if (common && !common->empty())
             addPiece({std::move(*common), tint});
-        return !isWorthCutting(under.box()) || cutOut(hiding, self, under.tint());
+        return !isWorthCutting(under.box()) || cutOut(hiding, self, under);
     }
     [[nodiscard]] bool isWorthCutting(const Rect& box) const {
         const auto common = commonBox(box, area_.box());
         return common && areaOf(*common) >= kWorthCutting * areaOf(area_.box());
     }
     /// If nothing is left, the lowest piece may be all of the area.
-    bool cutOut(const ClipRegion& hiding, const ClipRegion& self, const Tint& tint) {
+    bool cutOut(const ClipRegion& hiding, const ClipRegion& self, const BlendArea& under) {
         auto left = combine(ClipperLib::ctDifference, rest_ ? *rest_ : self.polygons(),
                             ClipperLib::pftNonZero, hiding.polygons());
         if (!left)
@@ -125,7 +130,8 @@ private:
         if (!rest_->empty())
             return true;
         pieces_.pop_back();
-        return reachGround(tint);
+        ground_ = under.tint();
+        return false;
     }
 
     const BlendArea& area_;

@@ -15,6 +15,9 @@ struct BlendBudget {
     std::size_t corners = 20'000'000;   ///< of polygons that are cut
     std::size_t pieces = 200'000;
 
+    /// Areas of several colours that were taken for one of their average.
+    std::size_t averages = 0;
+
     /// Takes `amount` off `part`; false once there is none left.
     static bool spend(std::size_t& part, std::size_t amount) {
         part = part > amount ? part - amount : 0;

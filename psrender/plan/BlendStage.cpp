@@ -50,29 +50,28 @@ bool hasTranslucency(const ItemList& list) {
 }
 
 void BlendStage::take(Item item) {
-    if (const auto* group = std::get_if<scene::BeginGroup>(&item)) {
+    if (const auto* group = std::get_if<scene::BeginGroup>(&item))
         begin(group->opacity);
-        return;
-    }
-    if (std::holds_alternative<scene::EndGroup>(item)) {
+    else if (std::holds_alternative<scene::EndGroup>(item))
         end();
-        return;
-    }
-    if (const auto* placement = std::get_if<Placement>(&item)) {
+    else if (const auto* placement = std::get_if<Placement>(&item))
         takePlacement(*placement);
-        return;
-    }
+    else
+        takePainted(std::move(item));
+}
+
+/// Opaque items go on in one piece.
+void BlendStage::takePainted(Item item) {
     std::vector<BlendArea> areas = BlendArea::areasOf(item);
     const auto isOpaque = [](const BlendArea& area) { return area.tint().alpha == 1; };
-    if (std::ranges::all_of(areas, isOpaque)) {
-        if (isPage())
-            next_.take(std::move(item));
-        for (BlendArea& area : areas)
+    const bool isWhole = std::ranges::all_of(areas, isOpaque);
+    if (isWhole && isPage())
+        next_.take(std::move(item));
+    for (BlendArea& area : areas)
+        if (isWhole)
             add(std::move(area));
-        return;
-    }
-    for (const BlendArea& area : areas)
-        place(area, levels_.back().layer.size());
+        else
+            place(area, levels_.back().layer.size());
 }
 
 /// Symbols that are still placed are opaque.
@@ -114,6 +113,10 @@ void BlendStage::place(const BlendArea& area, std::size_t beneath) {
         areas = {area.with(over(area.tint(), layer.tintAt(area.middle(), beneath, budget_)))};
     else if (area.isSolid() && area.tint().alpha < 1)
         areas = layer.mix(area, beneath, budget_);
+    for (; budget_.averages > 0; --budget_.averages)
+        warnings_.add(
+            "translucent shapes over gradients, patterns and images are blended with "
+            "an average colour");
     if (budget_.isSpent())
         warnings_.add("translucent shapes are blended over white where there are too many");
     for (BlendArea& piece : areas) {

@@ -38,6 +38,7 @@ private:
     [[nodiscard]] bool isPage() const { return levels_.size() == 1; }
     void begin(double opacity);
     void end();
+    void takePainted(scene::Item item);
     void takePlacement(const scene::Placement& placement);
     void place(const BlendArea& area, std::size_t beneath);
     void show(const BlendArea& area);

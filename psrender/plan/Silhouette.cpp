@@ -30,34 +30,41 @@ Rect boxOfStep(Point a, Point b) {
     return boxAround({a.x, a.y, 0, 0}, {b.x, b.y, 0, 0});
 }
 
-/// The steps of lines that come near `wanted`, as far as they hang together.
-std::vector<Polyline> stepsNear(const std::vector<Polyline>& lines, const Rect& wanted) {
-    std::vector<Polyline> near;
-    for (const Polyline& line : lines) {
-        const std::size_t steps = line.points.size() - (line.closed ? 0 : 1);
-        const auto isNear = [&](std::size_t i) {
-            const Point end = line.points[(i + 1) % line.points.size()];
-            return commonBox(boxOfStep(line.points[i], end), wanted).has_value();
-        };
-        if (steps == 0 && commonBox(boxOfStep(line.points[0], line.points[0]), wanted))
-            near.push_back(line);
-        std::size_t nearSteps = 0;
-        for (std::size_t i = 0; i < steps; ++i)
-            nearSteps += isNear(i) ? 1 : 0;
-        if (nearSteps == steps && steps > 0) {
-            near.push_back(line);
-            continue;
-        }
-        bool goesOn = false;
-        for (std::size_t i = 0; i < steps; ++i) {
-            if (isNear(i) && !goesOn)
-                near.push_back({{line.points[i]}, false});
-            goesOn = isNear(i);
-            if (goesOn)
-                near.back().points.push_back(line.points[(i + 1) % line.points.size()]);
-        }
+/// One that stands alone has no length.
+std::vector<bool> findNearSteps(const Polyline& line, const Rect& wanted) {
+    const std::size_t count = line.points.size();
+    const std::size_t steps = std::max<std::size_t>(1, count - (line.closed ? 0 : 1));
+    std::vector<bool> isNear;
+    for (std::size_t i = 0; i < steps; ++i) {
+        const Rect box = boxOfStep(line.points[i], line.points[(i + 1) % count]);
+        isNear.push_back(commonBox(box, wanted).has_value());
     }
-    return near;
+    return isNear;
+}
+
+void addNearParts(const Polyline& line, const std::vector<bool>& isNear,
+                  std::vector<Polyline>& parts) {
+    bool goesOn = false;
+    for (std::size_t i = 0; i < isNear.size(); ++i) {
+        if (isNear[i] && !goesOn)
+            parts.push_back({{line.points[i]}, false});
+        goesOn = isNear[i];
+        if (goesOn)
+            parts.back().points.push_back(line.points[(i + 1) % line.points.size()]);
+    }
+}
+
+/// The steps of lines that come near `wanted`, as far as they hang together.
+std::vector<Polyline> partsNear(const std::vector<Polyline>& lines, const Rect& wanted) {
+    std::vector<Polyline> parts;
+    for (const Polyline& line : lines) {
+        const std::vector<bool> isNear = findNearSteps(line, wanted);
+        if (std::ranges::find(isNear, false) == isNear.end())
+            parts.push_back(line);
+        else
+            addNearParts(line, isNear, parts);
+    }
+    return parts;
 }
 
 void map(std::vector<Polyline>& lines, const Affine& map) {
@@ -85,7 +92,7 @@ std::optional<Silhouette> strokeOf(const Shape& shape, const Rect& wanted) {
     scene::StrokeStyle style = shape.strokeStyle;
     style.width = std::max(style.width, kThinnest / scale);
     const Rect near = grown(mappedBox(wanted, shape.transform.inverse()), strokeReach(style));
-    auto lines = stepsNear(dashesOf(flatten(*shape.outline, {}, tolerance), style), near);
+    const auto lines = partsNear(dashesOf(flatten(*shape.outline, {}, tolerance), style), near);
     auto rings = strokeArea(lines, style, tolerance);
     map(rings, shape.transform);
     return Silhouette{toPolygons(areasInReach(rings))};
