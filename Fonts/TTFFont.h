@@ -19,10 +19,10 @@ public:
     [[nodiscard]] FontKind getKind() const override { return FontKind::trueType; }
 
     /// A TrueType file reduced to glyph 0, `glyphs` and the parts that these are composed of, with
-    /// all glyphs keeping their numbers. -1 and other numbers that the font does not have are
-    /// passed over. A font whose licence forbids subsets keeps all its glyphs. `flags`: 0 or
-    /// `kDropHints`. The same glyphs give the same bytes. Raises `FontException` for a font whose
-    /// tables contradict each other.
+    /// all glyphs keeping their numbers; its tables end behind the last one of them. -1 and other
+    /// numbers that the font does not have are passed over. A font whose licence forbids subsets
+    /// keeps all its glyphs. `flags`: 0 or `kDropHints`. The same glyphs give the same bytes.
+    /// Raises `FontException` for a font whose tables contradict each other.
     [[nodiscard]] Core::ByteArray subset(const std::vector<std::int32_t>& glyphs, int flags) const;
 };
 

@@ -12,14 +12,16 @@ class Type1Face;
 /// A Type 1 font with its program. Kerning comes from an AFM file beside the font file.
 class FONTS_API Type1Font : public FontProgram {
 public:
-    /// `segments`: what `getProgramData` answers.
+    /// `segments`: what `getProgramData` answers, unless the font's licence forbids it.
     Type1Font(std::unique_ptr<const Type1Face> face, Core::ByteArray segments);
     ~Type1Font() override;
 
     [[nodiscard]] const FontMetrics& getMetrics() const override;
     [[nodiscard]] FontKind getKind() const override { return FontKind::type1; }
     [[nodiscard]] bool isEmbeddable() const override;
-    [[nodiscard]] Core::ByteArray getProgramData() const override { return segments_; }
+    [[nodiscard]] Core::ByteArray getProgramData() const override {
+        return isEmbeddable() ? segments_ : Core::ByteArray();
+    }
 
     [[nodiscard]] std::vector<GlyphId> mapGlyphs(const FontScript& run) const override;
     [[nodiscard]] Core::String getGlyphName(GlyphId glyph) const override;

@@ -71,31 +71,8 @@ SmartPtr<FontProgram> substituteFor(const scene::TextRun& run) {
     return nullptr;
 }
 
-bool hasOutlines(const FontProgram& program) {
-    return program.getFile() || !program.getProgramData().empty();
-}
-
-/// The glyphs to draw with `program`; those of a substitute are found by their characters.
-std::vector<std::uint32_t> glyphsOf(const scene::TextRun& run, const FontProgram& program,
-                                    bool isSubstitute) {
-    std::vector<std::uint32_t> glyphs;
-    if (isSubstitute)
-        return program.mapGlyphs({run.text, 0});
-    glyphs.reserve(run.glyphs.size());
-    for (const scene::PlacedGlyph& glyph : run.glyphs)
-        glyphs.push_back(glyph.id);
-    return glyphs;
-}
-
-}  // namespace
-
-std::optional<scene::Shape> outlinesOf(const scene::Text& text) {
-    const scene::TextRun& run = *text.run;
-    const bool isSubstitute = !hasOutlines(*run.program);
-    const auto program = isSubstitute ? substituteFor(run) : run.program;
-    if (!program)
-        return std::nullopt;
-    const std::vector<std::uint32_t> glyphs = glyphsOf(run, *program, isSubstitute);
+Outline collect(const scene::TextRun& run, const FontProgram& program,
+                const std::vector<std::uint32_t>& glyphs) {
     const double scale = run.size / kEm;
     OutlineSink sink;
     for (std::size_t i = 0; i < std::min(glyphs.size(), run.glyphs.size()); ++i) {
@@ -103,10 +80,34 @@ std::optional<scene::Shape> outlinesOf(const scene::Text& text) {
         sink.place(Affine::translation(place.origin.x, place.origin.y) *
                    Affine::rotation(place.rotation) * Affine::scaling(scale, -scale));
         if (glyphs[i] != FontProgram::kMissingGlyph)
-            program->decomposeGlyph(glyphs[i], sink);
+            program.decomposeGlyph(glyphs[i], sink);
     }
+    return sink.take();
+}
+
+/// With the glyphs of the run's own font, else with those that a substitute has for the text.
+std::optional<Outline> collect(const scene::TextRun& run) {
+    std::vector<std::uint32_t> glyphs;
+    glyphs.reserve(run.glyphs.size());
+    for (const scene::PlacedGlyph& glyph : run.glyphs)
+        glyphs.push_back(glyph.id);
+    Outline own = collect(run, *run.program, glyphs);
+    if (!own.empty() || run.program->getFile())
+        return own;
+    const auto substitute = substituteFor(run);
+    if (!substitute)
+        return std::nullopt;
+    return collect(run, *substitute, substitute->mapGlyphs({run.text, 0}));
+}
+
+}  // namespace
+
+std::optional<scene::Shape> outlinesOf(const scene::Text& text) {
+    auto outline = collect(*text.run);
+    if (!outline)
+        return std::nullopt;
     scene::Shape shape;
-    shape.outline = std::make_shared<const Outline>(sink.take());
+    shape.outline = std::make_shared<const Outline>(std::move(*outline));
     shape.transform = text.transform;
     shape.fill = text.fill;
     shape.stroke = text.stroke;

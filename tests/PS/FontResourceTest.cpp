@@ -84,8 +84,9 @@ TEST(StandardFont, IsReencodedWithTheGlyphsShown) {
     EXPECT_EQ("/F1 /Fake-PS\n[/g65\n/g86\n]\nmakeAdobeStdFont\n", defined(*plain));
     const auto kerned = make<PSStdAdobeFontResource>(makeObject<FakeFont>(FontKind::type1), true);
     EXPECT_EQ("0 (\\00\\01\\00)", shown(*kerned, u"AVA"));
+    EXPECT_EQ("0 (\\00\\02)", shown(*kerned, u"A\u0301")) << "marks are not kerned";
     EXPECT_EQ(
-        "/F1 /Fake-PS\n[/g65\n/g86\n]\nmakeAdobeStdFont\n\n/Fake-PSKern\n[\n"
+        "/F1 /Fake-PS\n[/g65\n/g86\n/g769\n]\nmakeAdobeStdFont\n\n/Fake-PSKern\n[\n"
         "[ /g65 /g86 -70 ]\n] def\n\n",
         defined(*kerned));
 }
@@ -169,6 +170,9 @@ TEST(TrueTypeFont, WritesTwoByteCodes) {
     EXPECT_EQ("[(\\000A)-0.7(\\000V)]", shown(*kerned, u"AV"));
     EXPECT_EQ("[(\\000A)0.5(\\000B)]", shown(*kerned, u"AB", 10, 0.5F));
     EXPECT_EQ("[(\\000)(\\000)(\\000\\37777777777)]", shown(*kerned, u"\uFFFF"));
+    EXPECT_EQ("[(\\000)(\\000)(\\000\\37777777777)(\\000)(\\000)0.5(\\000\\37777777777)]",
+              shown(*kerned, u"\uFFFF\uFFFF", 10, 0.5F));
+    EXPECT_EQ("[(\\000A)(\\003\\001)]", shown(*kerned, u"A\u0301")) << "marks are not kerned";
     EXPECT_EQ(0, kerned->addGlyphs(u"anything"));
 }
 

@@ -5,7 +5,8 @@
 #include <string>
 
 /// A font of a test's choice: every character's glyph has the character's number and the name "g"
-/// and that number; AV is kerned by 70; U+FFFF has no glyph.
+/// and that number; AV is kerned by 70, and A with an acute as letters would be, not as a mark by
+/// 30; U+FFFF has no glyph.
 class FakeFont : public Fonts::FontProgram {
 public:
     explicit FakeFont(Fonts::FontKind kind, const char* name = "Fake-PS") : kind_(kind) {
@@ -26,7 +27,9 @@ public:
         return "g" + std::to_string(glyph);
     }
     [[nodiscard]] std::optional<int> getKerning(GlyphId first, GlyphId second,
-                                                bool /*secondIsMark*/) const override {
+                                                bool secondIsMark) const override {
+        if (first == 'A' && second == 0x0301 && !secondIsMark)
+            return 30;
         return first == 'A' && second == 'V' ? std::optional(70) : std::nullopt;
     }
     [[nodiscard]] float getAdvance(GlyphId /*glyph*/) const override { return 500; }
