@@ -85,6 +85,20 @@ bool isUsable(const Affine& map) {
     return determinant != 0 && std::isfinite(determinant) && map.isFinite();
 }
 
+/// Whether the image of the square of side 1 has a size that an interpreter can divide by.
+bool isSeen(const Affine& map) {
+    constexpr double thinnest = 1e-4;  // points
+    constexpr double longest = 1e9;
+    const double length = std::max(std::hypot(map.a, map.b), std::hypot(map.c, map.d));
+    return isUsable(map) && length < longest && std::abs(map.determinant()) > thinnest * length;
+}
+
+double lengthOf(const scene::Gradient& gradient) {
+    return gradient.kind == scene::Gradient::Kind::radial
+               ? gradient.endRadius
+               : std::hypot(gradient.end.x - gradient.start.x, gradient.end.y - gradient.start.y);
+}
+
 }  // namespace
 
 void PaintStage::take(Item item) {
@@ -149,8 +163,9 @@ std::optional<Paint> PaintStage::known(const Paint& paint, const Rect& box, cons
         return paint;
     if (paint.kind == Paint::Kind::gradient)
         return gradientPaint(paint, box, toPage);
-    if (!isUsable(toPage * paint.pattern->transform))
-        return Paint();
+    const Rect& tile = paint.pattern->tile;
+    if (!isSeen(toPage * paint.pattern->transform * Affine::scaling(tile.width, tile.height)))
+        return leftOut();
     Paint result = paint;
     result.pattern = patterns_.tileFor(*paint.pattern, toPage);
     return result.pattern ? std::optional(result) : std::nullopt;
@@ -160,8 +175,9 @@ std::optional<Paint> PaintStage::known(const Paint& paint, const Rect& box, cons
 /// it.
 Paint PaintStage::gradientPaint(Paint paint, const Rect& box, const Affine& toPage) {
     scene::Gradient gradient = *paint.gradient;
-    if (!isUsable(toPage * gradient.transform))
-        return {};
+    const double length = lengthOf(gradient);
+    if (!isSeen(toPage * gradient.transform * Affine::scaling(length, length)))
+        return leftOut();
     gradient.stops = opaque(gradient.stops);
     if (paint.opacity * opacity_.current() >= 1)
         if (const auto native = natives_.find(gradient, box)) {
@@ -171,9 +187,11 @@ Paint PaintStage::gradientPaint(Paint paint, const Rect& box, const Affine& toPa
     paint.kind = Paint::Kind::pattern;
     paint.gradient = nullptr;
     paint.pattern = gradients_.tileFor(gradient, box, toPage);
-    if (paint.pattern)
-        return paint;
-    warnings_.add("gradients that are far smaller than what they paint are left out");
+    return paint.pattern ? paint : leftOut();
+}
+
+Paint PaintStage::leftOut() {
+    warnings_.add("gradients and patterns too small to be seen are left out");
     return {};
 }
 

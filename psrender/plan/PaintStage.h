@@ -38,6 +38,7 @@ private:
                                       const scene::Affine& toPage);
     scene::Paint gradientPaint(scene::Paint paint, const scene::Rect& box,
                                const scene::Affine& toPage);
+    scene::Paint leftOut();
     /// `stops` as they look over white.
     std::shared_ptr<const ColorStops> opaque(const std::shared_ptr<const ColorStops>& stops);
     /// Draws the pattern wherever `part` paints `box`.

@@ -178,6 +178,9 @@ TEST(Paints, CostNoMoreThanThePageIsWorth) {
         "fill='url(#rb)'/></pattern>";
     expectSpots(tiny + "<rect width='100' height='100' fill='url(#g)'/>",
                 {{70, 30, mix(kRed, kBlue, 0.5)}});
+    shown(tiny +
+          "<rect width='100' height='1e-20' fill='url(#rb)'/><rect width='1e-20' height='9' "
+          "transform='scale(1e20 1)' fill='url(#g)'/>");
     shown(nested + "<rect width='1e9' height='1e9' fill='url(#a)'/>");
 }
 
