@@ -157,8 +157,8 @@ void SceneBuilder::addEffort(std::size_t effort, pugi::xml_node element) {
     referredEffort_ += effort;
     if (referredEffort_ > mostReferredEffort)
         tree_.fail(element,
-                   "<use> elements repeat more than the equivalent of 10 million "
-                   "elements; draw less of the picture by <use>");
+                   "references repeat more than the equivalent of 10 million elements; "
+                   "draw less of the picture by <use>, markers and clip paths");
 }
 
 }  // namespace psrender::svg
