@@ -17,10 +17,6 @@ namespace {
 
 constexpr scene::Color kPaper{255, 255, 255};
 
-bool isPainted(const Paint& paint) {
-    return paint.kind != Paint::Kind::none;
-}
-
 }  // namespace
 
 void ShapeStage::take(scene::Item item) {

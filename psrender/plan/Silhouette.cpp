@@ -106,8 +106,4 @@ std::optional<Rect> paintedBox(const Shape& shape) {
     return mappedBox(grown(*box, reach), shape.transform);
 }
 
-bool isPainted(const scene::Paint& paint) {
-    return paint.kind != scene::Paint::Kind::none;
-}
-
 }  // namespace psrender::plan

@@ -23,6 +23,4 @@ std::optional<Silhouette> strokeOf(const scene::Shape& shape, const scene::Rect&
 /// A box around all that `shape` paints; nothing for an empty outline.
 std::optional<scene::Rect> paintedBox(const scene::Shape& shape);
 
-bool isPainted(const scene::Paint& paint);
-
 }  // namespace psrender::plan

@@ -34,10 +34,6 @@ bool isEmbeddable(const scene::TextRun& run) {
     }
 }
 
-bool isPainted(const Paint& paint) {
-    return paint.kind != Paint::Kind::none;
-}
-
 bool staysText(const Text& text) {
     return text.run->isPlain && !isPainted(text.stroke) && text.fill.kind == Paint::Kind::solid &&
            isEmbeddable(*text.run);

@@ -43,6 +43,11 @@ struct Paint {
     friend bool operator==(const Paint&, const Paint&) = default;
 };
 
+/// Whether there is anything to paint with.
+inline bool isPainted(const Paint& paint) {
+    return paint.kind != Paint::Kind::none;
+}
+
 enum class FillRule : std::uint8_t { nonZero, evenOdd };
 enum class Cap : std::uint8_t { butt, round, square };
 enum class Join : std::uint8_t { miter, round, bevel };

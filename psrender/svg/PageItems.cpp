@@ -1,5 +1,7 @@
 #include "psrender/svg/PageItems.h"
 
+#include "psrender/scene/OutlineBox.h"
+
 #include <algorithm>
 
 namespace psrender::svg {
@@ -12,16 +14,12 @@ using scene::Shape;
 constexpr std::size_t mostShapes = 2'000'000;
 constexpr std::size_t mostPoints = 50'000'000;
 
-bool paints(const Paint& paint) {
-    return paint.kind != Paint::Kind::none;
-}
-
 /// Fill and stroke overlap, so with both the opacity has to stay around the two.
 template <class Painted>
 bool takeOver(double opacity, Painted& item) {
-    if (paints(item.fill) == paints(item.stroke))
+    if (isPainted(item.fill) == isPainted(item.stroke))
         return false;
-    Paint& paint = paints(item.fill) ? item.fill : item.stroke;
+    Paint& paint = isPainted(item.fill) ? item.fill : item.stroke;
     paint.opacity *= opacity;
     return true;
 }
@@ -37,9 +35,21 @@ public:
 
 private:
     void addItem(const Shape& shape, const scene::Affine& map) {
-        const scene::Outline outline = shape.outline->transformed(map * shape.transform);
-        if (const auto around = outline.controlBox())
+        if (const auto around = tightBox(shape.outline->transformed(map * shape.transform)))
             addBox(*around);
+    }
+    /// The cells of its glyphs.
+    void addItem(const scene::Text& text, const scene::Affine& map) {
+        const scene::TextRun& run = *text.run;
+        const scene::Affine whole = map * text.transform;
+        const double unit = run.size / 1000;
+        const Fonts::FontMetrics& metrics = run.program->getMetrics();
+        for (const scene::PlacedGlyph& glyph : run.glyphs)
+            for (const double x : {0.0, run.program->getAdvance(glyph.id) * unit})
+                for (const double y : {metrics.ascent * unit, metrics.descent * unit}) {
+                    const scene::Point p = whole.apply({glyph.origin.x + x, glyph.origin.y - y});
+                    addBox({p.x, p.y, 0, 0});
+                }
     }
     void addItem(const scene::Picture& picture, const scene::Affine& map) {
         const scene::Affine whole = map * picture.transform;

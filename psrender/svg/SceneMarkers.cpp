@@ -58,13 +58,6 @@ Affine placeOf(pugi::xml_node marker, const MarkerVertex& vertex, double angle, 
            Affine::scaling(scale, scale) * Affine::translation(-reference.x, -reference.y) * fit;
 }
 
-std::optional<scene::Clip> clipOf(pugi::xml_node marker, const Rect& box) {
-    const std::string_view overflow = trimmed(marker.attribute("overflow").value());
-    if (overflow == "visible" || overflow == "auto")
-        return std::nullopt;
-    return scene::rectangleClip(box, {});
-}
-
 }  // namespace
 
 bool SceneBuilder::hasMarkers(ElementKind kind, const ComputedStyle& style) {
@@ -118,7 +111,9 @@ const Symbol& SceneBuilder::symbolOfMarker(pugi::xml_node marker, const Surround
     const ComputedStyle style = styles_.resolveInPlace(marker);
     const Measures measures{box.width, box.height, style.fontSize};
     return symbolOf(marker, {style, measures, box}, [&] {
-        const auto group = items_.beginGroup(style.opacity, clipOf(marker, box));
+        const auto group = items_.beginGroup(
+            style.opacity,
+            style.overflows ? std::nullopt : std::optional(scene::rectangleClip(box, {})));
         drawChildren(marker, {style, {}, measures, inside.depth + 1, true});
         items_.endGroup(group);
     });

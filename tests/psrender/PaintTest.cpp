@@ -101,8 +101,8 @@ TEST(Gradients, KeepTheirColorsHoweverManyThereAre) {
         const Levels from{i * 4.0, 255 - i * 4.0, 40};
         const Levels to{20, i * 3.0, 250 - i * 2.0};
         const auto css = [](const Levels& c) {
-            return "rgb(" + std::to_string(c[0]) + "," + std::to_string(c[1]) + "," +
-                   std::to_string(c[2]) + ")";
+            const auto level = [](double value) { return std::to_string(static_cast<int>(value)); };
+            return "rgb(" + level(c[0]) + "," + level(c[1]) + "," + level(c[2]) + ")";
         };
         const std::string id = "g" + std::to_string(i);
         const int x = i % 10 * 10;
