@@ -143,13 +143,12 @@ BlendArea::BlendArea(Item item, const Rect& box) : item_(std::move(item)), box_(
     isSolid_ = paint.kind == Paint::Kind::solid;
 }
 
-BlendArea::BlendArea(Polygons polygons, const Tint& tint) : tint_(tint) {
+BlendArea::BlendArea(Polygons polygons, const Tint& tint) : tint_(tint), isRegionKnown_(true) {
     Shape shape;
     shape.outline = std::make_shared<const scene::Outline>(outlineOf(polygons));
     shape.fill.kind = Paint::Kind::solid;
     item_ = std::move(shape);
     region_ = std::make_shared<const ClipRegion>(std::move(polygons));
-    isRegionKnown_ = true;
     box_ = region_->box();
 }
 

@@ -10,7 +10,6 @@
 
 namespace psrender::plan {
 
-using scene::Paint;
 using scene::Shape;
 
 namespace {

@@ -24,47 +24,46 @@ bool takeOver(double opacity, Painted& item) {
     return true;
 }
 
-/// Puts boxes around points and items.
+/// Puts a box around items, mapped from their space.
 class BoxFinder {
 public:
-    void addItems(const scene::Item* first, const scene::Item* end, const scene::Affine& map) {
-        for (; first != end; ++first)
-            std::visit([&](const auto& item) { addItem(item, map); }, *first);
-    }
-    std::optional<scene::Rect> box;
+    explicit BoxFinder(const scene::Affine& map) : map_(map) {}
 
-private:
-    void addItem(const Shape& shape, const scene::Affine& map) {
-        if (const auto around = tightBox(shape.outline->transformed(map * shape.transform)))
+    void operator()(const Shape& shape) {
+        if (const auto around = tightBox(shape.outline->transformed(map_ * shape.transform)))
             addBox(*around);
     }
     /// The cells of its glyphs.
-    void addItem(const scene::Text& text, const scene::Affine& map) {
+    void operator()(const scene::Text& text) {
         const scene::TextRun& run = *text.run;
-        const scene::Affine whole = map * text.transform;
         const double unit = run.size / 1000;
         const Fonts::FontMetrics& metrics = run.program->getMetrics();
         for (const scene::PlacedGlyph& glyph : run.glyphs)
             for (const double x : {0.0, run.program->getAdvance(glyph.id) * unit})
-                for (const double y : {metrics.ascent * unit, metrics.descent * unit}) {
-                    const scene::Point p = whole.apply({glyph.origin.x + x, glyph.origin.y - y});
-                    addBox({p.x, p.y, 0, 0});
-                }
+                for (const double y : {metrics.ascent * unit, metrics.descent * unit})
+                    addPoint(text.transform, {glyph.origin.x + x, glyph.origin.y - y});
     }
-    void addItem(const scene::Picture& picture, const scene::Affine& map) {
-        const scene::Affine whole = map * picture.transform;
-        for (const scene::Point corner : {scene::Point{0, 0}, {1, 0}, {0, 1}, {1, 1}}) {
-            const scene::Point p = whole.apply(corner);
-            addBox({p.x, p.y, 0, 0});
-        }
+    void operator()(const scene::Picture& picture) {
+        for (const scene::Point corner : {scene::Point{0, 0}, {1, 0}, {0, 1}, {1, 1}})
+            addPoint(picture.transform, corner);
     }
-    void addItem(const scene::Placement& placement, const scene::Affine& map) {
-        const auto& items = placement.symbol->items;
-        addItems(items.data(), items.data() + items.size(), map * placement.transform);
+    void operator()(const scene::Placement& placement) {
+        BoxFinder finder(map_ * placement.transform);
+        for (const scene::Item& item : placement.symbol->items)
+            std::visit(finder, item);
+        if (finder.box)
+            addBox(*finder.box);
     }
-    template <class Other>
-    void addItem(const Other& /*item*/, const scene::Affine& /*map*/) {}
+    void operator()(const scene::BeginGroup& /*group*/) {}
+    void operator()(const scene::EndGroup& /*end*/) {}
 
+    std::optional<scene::Rect> box;
+
+private:
+    void addPoint(const scene::Affine& transform, scene::Point point) {
+        const scene::Point p = (map_ * transform).apply(point);
+        addBox({p.x, p.y, 0, 0});
+    }
     void addBox(const scene::Rect& other) {
         if (!box)
             box = other;
@@ -75,6 +74,8 @@ private:
         box->width = right - box->x;
         box->height = bottom - box->y;
     }
+
+    scene::Affine map_;
 };
 
 bool takeOver(double opacity, scene::Item& item) {
@@ -129,8 +130,9 @@ PageItems::Mark PageItems::beginGroup(double opacity, std::optional<scene::Clip>
 }
 
 std::optional<scene::Rect> PageItems::boxSince(Mark begin, const scene::Affine& fromPage) const {
-    BoxFinder finder;
-    finder.addItems(items_.data() + begin + 1, items_.data() + items_.size(), fromPage);
+    BoxFinder finder(fromPage);
+    for (std::size_t i = begin + 1; i < items_.size(); ++i)
+        std::visit(finder, items_[i]);
     return finder.box;
 }
 

@@ -72,7 +72,9 @@ std::vector<DecoratedStretch> decoratedStretches(const TextContent& content,
 double heightOf(DecorationSet line, const Fonts::FontMetrics& metrics) {
     if (line == decoration::underline)
         return metrics.underlinePosition != 0 ? metrics.underlinePosition : -100;
-    return line == decoration::overline ? metrics.ascent : metrics.xHeight * 0.55;
+    constexpr double usualXHeight = 500;
+    const double xHeight = metrics.xHeight > 0 ? metrics.xHeight : usualXHeight;
+    return line == decoration::overline ? metrics.ascent : xHeight * 0.55;
 }
 
 Rect boxOf(const DecoratedStretch& stretch, DecorationSet line, double size) {

@@ -59,7 +59,7 @@ FontChooser::FontList& FontChooser::listFor(const TextStyle& style) {
     for (std::string_view families = style.families; !trimmed(families).empty();)
         add(takeFamily(families), style, list);
     if (list.fonts.empty())
-        add("Times", style, list);
+        add("sans-serif", style, list);
     return list;
 }
 
