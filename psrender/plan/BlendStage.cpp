@@ -23,23 +23,22 @@ bool isTranslucent(const Paint& paint) {
 class Search {
 public:
     bool find(const ItemList& list) {
-        return std::ranges::any_of(list.items, [this](const Item& item) {
-            return std::visit([this](const auto& one) { return isThere(one); }, item);
-        });
+        return std::ranges::any_of(list.items,
+                                   [this](const Item& item) { return std::visit(*this, item); });
     }
 
-private:
     template <class Painted>
-    bool isThere(const Painted& item) {
+    bool operator()(const Painted& item) {
         return isTranslucent(item.fill) || isTranslucent(item.stroke);
     }
-    bool isThere(const scene::BeginGroup& group) { return group.opacity < 1; }
-    bool isThere(const scene::EndGroup& /*end*/) { return false; }
-    bool isThere(const scene::Picture& picture) { return picture.opacity < 1; }
-    bool isThere(const Placement& placement) {
+    bool operator()(const scene::BeginGroup& group) { return group.opacity < 1; }
+    bool operator()(const scene::EndGroup& /*end*/) { return false; }
+    bool operator()(const scene::Picture& picture) { return picture.opacity < 1; }
+    bool operator()(const Placement& placement) {
         return seen_.insert(placement.symbol.get()).second && find(*placement.symbol);
     }
 
+private:
     std::unordered_set<const ItemList*> seen_;
 };
 

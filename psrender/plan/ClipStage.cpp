@@ -15,7 +15,6 @@
 namespace psrender::plan {
 
 using scene::Affine;
-using scene::Point;
 using scene::Rect;
 using scene::Shape;
 using Place = ClipRegion::Place;
@@ -94,8 +93,10 @@ void ClipStage::takeShape(Shape shape) {
     if (!box || shape.transform.determinant() == 0)
         return;
     const Place place = region().find(*box);
-    if (place == Place::inside)
+    if (place == Place::inside) {
         next_.take(std::move(shape));
+        return;
+    }
     if (place != Place::across)
         return;
     if (work_ > kMostWork) {

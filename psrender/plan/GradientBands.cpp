@@ -70,9 +70,10 @@ private:
         const double length = b.position - a.position;
         const double finest = std::max(stretch_.finest, (stretch_.to - stretch_.from) / kMostBands);
         const double colors = difference(a.color, b.color) + 1;
-        const double count = std::max(1.0, std::ceil(std::min(colors, length / finest)));
+        const auto count =
+            static_cast<int>(std::max(1.0, std::ceil(std::min(colors, length / finest))));
         if (length > 0 && offset + b.position > stretch_.from)
-            for (double i = 0; i < count; ++i)
+            for (int i = 0; i < count; ++i)
                 add(offset + a.position + length * i / count,
                     between(a, b, (i + 0.5) / count).color);
     }
@@ -130,7 +131,7 @@ std::vector<Band> bandsOf(const ColorStops& stops, scene::Spread spread, const S
     if (!(periods * static_cast<double>(stops.size()) <= kMostStops) || stretch.finest >= 1)
         return {{stretch.from, mean(stops)}};
     const ColorStops back = spread == scene::Spread::reflect ? reversed(stops) : stops;
-    for (double i = 0; i < periods; ++i)
+    for (int i = 0; i < static_cast<int>(periods); ++i)
         result.addPeriod(std::fmod(first + i, 2) == 0 ? stops : back, first + i);
     return result.bands;
 }

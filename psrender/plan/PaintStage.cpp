@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <utility>
 
 namespace psrender::plan {
@@ -213,6 +214,8 @@ void PaintStage::layOut(const Shape& part, const Paint& paint, const Rect& box) 
     const double extra = pattern.isClipped || isWhole ? 0 : 1;
     const Range across = tilesIn(shown.x - tile.x, shown.width, tile.width, extra);
     const Range down = tilesIn(shown.y - tile.y, shown.height, tile.height, extra);
+    if (pattern.content->items.empty())
+        return;
     const double items =
         across.count() * down.count() * static_cast<double>(pattern.content->items.size());
     if (!(items + static_cast<double>(laidOut_) <= kMostLaidOut)) {
@@ -221,11 +224,13 @@ void PaintStage::layOut(const Shape& part, const Paint& paint, const Rect& box) 
     }
     laidOut_ += static_cast<std::size_t>(items);
     take(scene::BeginGroup{paint.opacity, areaOf(part)});
-    for (double row = down.first; row <= down.last; ++row)
-        for (double column = across.first; column <= across.last; ++column)
-            layOutTile(pattern,
-                       toPage * Affine::translation(column * tile.width, row * tile.height),
-                       pattern.isClipped && !isWhole);
+    for (std::int64_t row = 0; row < static_cast<std::int64_t>(down.count()); ++row)
+        for (std::int64_t column = 0; column < static_cast<std::int64_t>(across.count());
+             ++column) {
+            const double x = (across.first + static_cast<double>(column)) * tile.width;
+            const double y = (down.first + static_cast<double>(row)) * tile.height;
+            layOutTile(pattern, toPage * Affine::translation(x, y), pattern.isClipped && !isWhole);
+        }
     take(scene::EndGroup{});
 }
 

@@ -140,8 +140,11 @@ private:
     }
     /// The points between both ends of an arc that begins at `side`.
     void arc(Point centre, Point side, double angle) {
-        const double count = std::ceil(angle / step_);
-        for (double i = 1; i < count; ++i) {
+        constexpr double most = 1e6;
+        if (!(angle > 0 && step_ > 0))
+            return;
+        const auto count = static_cast<int>(std::min(std::ceil(angle / step_), most));
+        for (int i = 1; i < count; ++i) {
             const double c = std::cos(angle * i / count);
             const double s = std::sin(angle * i / count);
             add(centre + Point{c * side.x - s * side.y, s * side.x + c * side.y} * half_);

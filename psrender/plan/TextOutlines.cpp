@@ -63,7 +63,7 @@ SmartPtr<FontProgram> substituteFor(const scene::TextRun& run) {
             for (const char16_t* family : design.families) {
                 const auto font = Core::makeObject<Drawing::Font>(
                     String(family), 1.0F, run.font->getWeight(), run.font->getSlant());
-                const auto program = Fonts::FontManager::findFont(font);
+                auto program = Fonts::FontManager::findFont(font);
                 if (program && program->getMetrics().postScriptName != name &&
                     (program->getFile() || !program->getProgramData().empty()))
                     return program;
