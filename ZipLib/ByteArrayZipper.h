@@ -5,6 +5,7 @@
 
 namespace ZipLib {
 
+/// Compresses image data.
 class ZIPLIB_API ByteArrayZipper {
 public:
     /// `data` as a zlib stream (RFC 1950), which PostScript's FlateDecode reads (PLRM 3.13.3).

@@ -6,7 +6,7 @@
 #include <array>
 #include <cstdio>
 #include <functional>
-#include <map>
+#include <optional>
 #include <string>
 
 namespace psrender {
@@ -71,6 +71,14 @@ Drawing::PS::PSPrintingOptions optionsOf(const Printing& printing) {
     return options;
 }
 
+std::optional<plan::OpacityWay> opacityNamed(const std::string& name) {
+    if (name == "blend")
+        return plan::OpacityWay::blend;
+    if (name == "white")
+        return plan::OpacityWay::white;
+    return std::nullopt;
+}
+
 /// A check for CLI11: empty if `parse` understands the text, else what was wrong.
 template <class Parse>
 std::function<std::string(const std::string&)> check(Parse parse, const char* wanted) {
@@ -84,7 +92,8 @@ public:
     Options()
         : app_(
               "Turns SVG drawings, PNG and JPEG images into one PostScript document, a page "
-              "each.") {
+              "each.",
+              "psrender") {
         app_.footer(kExamples);
         app_.set_version_flag("--version", "psrender " PSGRAPHICS_VERSION);
         addFiles();
@@ -113,6 +122,8 @@ public:
             request_.frame.margin = *parseLength(margin_);
         else if (request_.frame.fit)
             request_.frame.margin = kFitMargin;
+        if (!opacity_.empty())
+            request_.opacity = *opacityNamed(opacity_);
         if (printing_.any())
             request_.printing = optionsOf(printing_);
         if (!preview_.empty())
@@ -123,11 +134,12 @@ public:
 private:
     void addFiles() {
         app_.add_option("IN", request_.inputs,
-                        "SVG drawings, PNG and JPEG images; - is standard input")
-            ->required();
+                        "SVG drawings (.svg, .svgz), PNG and JPEG images; - is standard input")
+            ->required()
+            ->option_text("(at least one)");
         app_.add_option("-o,--output", request_.output, "the PostScript file; - is standard output")
             ->required()
-            ->type_name("OUT.ps");
+            ->option_text("OUT.ps");
     }
 
     void addPage() {
@@ -135,7 +147,7 @@ private:
             app_.add_option("--paper", paper_,
                             "A3, A4, A5, Letter, Legal or WxH with mm, cm, in or pt; without it "
                             "each page is as large as its drawing")
-                ->type_name("SIZE")
+                ->option_text("SIZE")
                 ->check(check(parsePaper, "a paper size such as A4 or 210x297mm"))
                 ->group("Page");
         app_.add_flag("--fit", request_.frame.fit,
@@ -150,7 +162,7 @@ private:
                 "--margin", margin_,
                 "on all sides, with a unit; default 10mm with --fit, else 0; without --paper "
                 "the page grows by it")
-            ->type_name("LENGTH")
+            ->option_text("LENGTH")
             ->check(check(
                 [](const std::string& text) {
                     const auto length = parseLength(text);
@@ -163,30 +175,33 @@ private:
     void addImages() {
         app_.add_option("--max-dpi", request_.mostDotsPerInch,
                         "reduce images that have more dots per inch on the page")
-            ->type_name("N")
+            ->option_text("N")
             ->check(CLI::Range(1.0, 100'000.0))
             ->group("Images");
-        app_.add_option("--max-pixels", request_.mostPixels, "refuse images with more")
-            ->type_name("N")
+        app_.add_option("--max-pixels", request_.mostPixels,
+                        "refuse images with more; default " + std::to_string(request_.mostPixels))
+            ->option_text("N")
             ->check(CLI::Range(std::uint64_t{1}, std::uint64_t{1} << 40))
-            ->capture_default_str()
             ->group("Images");
     }
 
     void addPrinting() {
         app_.add_flag("--duplex", printing_.duplex, "print on both sides")->group("Printing");
         app_.add_option("--copies", printing_.copies, "number of copies")
+            ->option_text("N")
             ->check(CLI::Range(1, kMostCopies))
             ->group("Printing");
         app_.add_option("--tray", printing_.tray, "media position; 1 if only others are given")
+            ->option_text("N")
             ->check(CLI::Range(0, 255))
             ->group("Printing");
         app_.add_option("--media-color", printing_.mediaColor, "colour of the paper, by name")
-            ->type_name("NAME")
+            ->option_text("NAME")
             ->group("Printing");
         app_.add_option("--jog", printing_.jog,
                         "shift the stack: 0 never, 1 after the document, 2 after each copy, 3 "
                         "after each set")
+            ->option_text("N")
             ->check(CLI::Range(0, 3))
             ->group("Printing");
     }
@@ -194,17 +209,17 @@ private:
     void addRest() {
         app_.add_option("--preview", preview_,
                         "render the pages to PREFIX-1.png, PREFIX-2.png ... with Ghostscript")
-            ->type_name("PREFIX");
-        app_.add_option("--preview-dpi", request_.previewResolution, "resolution of the preview")
-            ->check(CLI::Range(1, 2400))
-            ->capture_default_str();
+            ->option_text("PREFIX");
+        app_.add_option("--preview-dpi", request_.previewResolution,
+                        "resolution of the preview; default 96")
+            ->option_text("N")
+            ->check(CLI::Range(1, 2400));
         app_.add_flag("--keep-going", request_.keepGoing, "skip a bad drawing, exit code 3");
-        app_.add_option("--opacity", request_.opacity,
-                        "blend: translucent shapes show what is beneath; white: they are blended "
-                        "with white paper, which makes smaller files")
-            ->type_name("HOW")
-            ->transform(CLI::CheckedTransformer(std::map<std::string, plan::OpacityWay>{
-                {"blend", plan::OpacityWay::blend}, {"white", plan::OpacityWay::white}}));
+        app_.add_option("--opacity", opacity_,
+                        "blend (the default): translucent shapes show what is beneath; white: they "
+                        "are blended with white paper, which makes smaller files")
+            ->option_text("blend|white")
+            ->check(check(opacityNamed, "blend or white"));
         auto* quiet = app_.add_flag("-q,--quiet", request_.quiet, "no warnings, no progress");
         app_.add_flag("-v,--verbose", request_.verbose, "a line a page")->excludes(quiet);
     }
@@ -215,6 +230,7 @@ private:
     std::string paper_;
     std::string margin_;
     std::string preview_;
+    std::string opacity_;
 };
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "psrender/InputFile.h"
 
+#include "Core/Exception.h"
+#include "ZipLib/GzipReader.h"
 #include "psrender/Descriptor.h"
 #include "psrender/InputError.h"
 
@@ -27,9 +29,7 @@ namespace {
                         : "cannot be read (" + reason + "); check the name and its permissions");
 }
 
-}  // namespace
-
-std::string readInput(const std::string& name) {
+std::string readBytes(const std::string& name) {
     const Descriptor file(name == "-" ? STDIN_FILENO : ::open(name.c_str(), O_RDONLY | O_CLOEXEC));
     if (file.number() < 0)
         failRead(name);
@@ -51,6 +51,19 @@ std::string readInput(const std::string& name) {
     if (content.empty())
         refuse(name, "is empty; give an SVG drawing");
     return content;
+}
+
+}  // namespace
+
+std::string readInput(const std::string& name) {
+    std::string content = readBytes(name);
+    if (!ZipLib::GzipReader::isGzip(content))
+        return content;
+    try {
+        return ZipLib::GzipReader::unpack(content, kLargestInput);
+    } catch (const Core::FormatException& error) {
+        refuse(name, error.getMessage() + "; pack a drawing of less than 256 MiB with gzip");
+    }
 }
 
 std::string readBeginning(const std::string& name, std::size_t count) {

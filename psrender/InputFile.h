@@ -12,8 +12,9 @@ inline constexpr const char* kStandardOutput = "standard output";
 /// A drawing of this size is no drawing any more.
 inline constexpr std::size_t kLargestInput = std::size_t{256} << 20;
 
-/// The whole content of a file, or of the standard input for "-". Raises `InputError` if it is
-/// missing, a folder, unreadable, empty, or larger than `kLargestInput`.
+/// The whole content of a file, or of the standard input for "-"; unpacked if it is packed by gzip
+/// (.svgz). Raises `InputError` if it is missing, a folder, unreadable, empty, damaged, or larger
+/// than `kLargestInput`.
 std::string readInput(const std::string& name);
 
 /// Up to `count` bytes from the beginning of a regular file; none for everything else, which is

@@ -68,7 +68,7 @@ bool applySpacing(std::string_view text, double fontSize, double& spacing) {
 /// Takes the first word off `text`.
 std::string_view takeWord(std::string_view& text) {
     text = trimmed(text);
-    const std::size_t length =
+    const auto length =
         static_cast<std::size_t>(std::ranges::find_if(text, isSpace) - text.begin());
     const std::string_view word = text.substr(0, length);
     text.remove_prefix(length);

@@ -111,7 +111,8 @@ TEST_F(Psrender, RefusesAWrongCommandLine) {
     for (const char* arguments :
          {"", "red.svg", "-o out.ps", "red.svg -o out.ps --paper B9", "red.svg -o out.ps --fit",
           "red.svg -o out.ps --margin 3", "red.svg -o out.ps --copies 0", "- - -o out.ps",
-          "red.svg -o - --preview p", "red.svg -o out.ps --no-such-option"}) {
+          "red.svg -o out.ps --opacity 50%", "red.svg -o - --preview p",
+          "red.svg -o out.ps --no-such-option"}) {
         EXPECT_EQ(2, run(arguments)) << arguments;
         EXPECT_NE("", said) << arguments;
     }
@@ -139,6 +140,22 @@ TEST_F(Psrender, NamesWhatIsWrongWithAnInput) {
         EXPECT_EQ("before", read("out.ps"));
     }
     EXPECT_EQ(0, run("huge.svg -o out.ps --paper A4 --fit")) << said;
+}
+
+TEST_F(Psrender, UnpacksDrawings) {
+    EXPECT_EQ(0, run("red.svg -o plain.ps"));
+    EXPECT_EQ(0, run("red.svgz -o out.ps", "gzip -c red.svg >red.svgz;")) << said;
+    EXPECT_EQ(read("plain.ps"), read("out.ps"));
+    EXPECT_EQ(0, run("- -o - <red.svgz | cmp - plain.ps")) << "from standard input";
+    EXPECT_EQ(0, run("two -o out.ps",
+                     "head -c 50 red.svg | gzip >two; tail -c +51 red.svg | gzip >>two;"));
+    EXPECT_EQ(read("plain.ps"), read("out.ps")) << "of two members";
+
+    EXPECT_EQ(1, run("cut -o out.ps", "head -c 60 red.svgz >cut;"));
+    EXPECT_THAT(said, StartsWith("psrender: cut: the gzip data is damaged or cut off"));
+    EXPECT_EQ(1, run("bomb -o out.ps", "head -c 300000000 /dev/zero | gzip >bomb;"));
+    EXPECT_THAT(said, StartsWith("psrender: bomb: the gzip data unpacks to more than"));
+    EXPECT_EQ(read("plain.ps"), read("out.ps")) << "nothing is lost";
 }
 
 TEST_F(Psrender, KeepsGoingIfAsked) {

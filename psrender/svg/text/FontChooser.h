@@ -47,8 +47,8 @@ private:
     using StyleKey = std::tuple<std::string, int, Drawing::FontSlant>;
 
     FontList& listFor(const TextStyle& style);
-    const ChosenFont* search(FontList& list, char32_t character);
     static void add(std::string_view family, const TextStyle& style, FontList& list);
+    static const ChosenFont* search(FontList& list, char32_t character);
     static std::unique_ptr<const ChosenFont> substitute(const ChosenFont& wanted,
                                                         char32_t character);
 
