@@ -2,6 +2,10 @@
 
 #include "psrender/image/DerivedImages.h"
 #include "psrender/plan/Boxes.h"
+#include "psrender/plan/GradientTile.h"
+#include "psrender/plan/LookFit.h"
+#include "psrender/plan/Patchwork.h"
+#include "psrender/plan/Seen.h"
 #include "psrender/plan/TextBox.h"
 #include "psrender/plan/TextOutlines.h"
 
@@ -28,39 +32,36 @@ auto& paintOf(Painted& item) {
     return isPainted(item.fill) ? item.fill : item.stroke;
 }
 
-/// The colours of the first shapes of a pattern.
-void addColors(const scene::Pattern& pattern, std::vector<Color>& colors) {
+/// The average colour of the first shapes of a pattern.
+Tint averageOf(const Paint& paint) {
     constexpr std::size_t kMost = 1000;
-    const auto& items = pattern.content->items;
+    const auto& items = paint.pattern->content->items;
+    std::array<std::size_t, 3> sum{};
+    std::size_t count = 0;
     for (std::size_t i = 0; i < std::min(kMost, items.size()); ++i)
-        if (const auto* shape = std::get_if<Shape>(&items[i]))
-            colors.push_back(paintOf(*shape).color);
-}
-
-/// Gradients may come as patterns of bands, so the colours in a pattern count alike.
-std::vector<Color> colorsOf(const Paint& paint) {
-    std::vector<Color> colors;
-    if (paint.kind == Paint::Kind::pattern)
-        addColors(*paint.pattern, colors);
-    else if (paint.kind == Paint::Kind::solid)
-        colors.push_back(paint.color);
-    else
-        for (const scene::ColorStop& stop : *paint.gradient->stops)
-            colors.push_back(stop.color);
-    return colors;
-}
-
-Tint tintOf(const Paint& paint) {
-    const std::vector<Color> colors = colorsOf(paint);
-    if (colors.empty())
-        return {{255, 255, 255}, paint.opacity};
-    const auto average = [&colors](std::uint8_t Color::*part) {
-        std::size_t sum = 0;
-        for (const Color& color : colors)
-            sum += color.*part;
-        return static_cast<std::uint8_t>(sum / colors.size());
+        if (const auto* shape = std::get_if<Shape>(&items[i])) {
+            const Color& color = paintOf(*shape).color;
+            sum[0] += color.red;
+            sum[1] += color.green;
+            sum[2] += color.blue;
+            ++count;
+        }
+    const auto average = [&](std::size_t part) {
+        return count == 0 ? std::uint8_t{255} : static_cast<std::uint8_t>(sum[part] / count);
     };
-    return {{average(&Color::red), average(&Color::green), average(&Color::blue)}, paint.opacity};
+    return {{average(0), average(1), average(2)}, paint.opacity};
+}
+
+Look lookOf(const Paint& paint, const scene::Affine& toPage) {
+    if (paint.kind == Paint::Kind::pattern)
+        return Look(averageOf(paint));
+    if (paint.kind != Paint::Kind::gradient)
+        return Look(Tint{paint.color, paint.opacity});
+    scene::Gradient gradient = *paint.gradient;
+    gradient.transform = toPage * gradient.transform;
+    if (!hasInverse(gradient.transform))
+        return Look(Tint{{}, 0});
+    return Look(PageGradient(std::move(gradient))).faded(paint.opacity);
 }
 
 /// The average over white.
@@ -86,6 +87,33 @@ void addParts(const Painted& item, std::vector<Item>& parts) {
         }
 }
 
+Paint paintOf(const PageGradient& gradient) {
+    Paint paint;
+    paint.kind = Paint::Kind::gradient;
+    paint.gradient = std::make_shared<const scene::Gradient>(gradient.gradient());
+    return paint;
+}
+
+/// Patches are many, and their colours close to the look only: fewer bands are as good.
+Paint inBands(const Paint& paint, const Rect& box) {
+    constexpr double levels = 4;
+    if (paint.kind != Paint::Kind::gradient)
+        return paint;
+    Paint result = paint;
+    result.pattern = GradientTiles().tileFor(*paint.gradient, box, {}, levels);
+    result.kind = result.pattern ? Paint::Kind::pattern : Paint::Kind::solid;
+    result.gradient = nullptr;
+    return result;
+}
+
+Color colorAt(const Look& look, scene::Point onPage) {
+    const Sample sample = look.at(onPage);
+    const auto level = [&](std::size_t part) {
+        return static_cast<std::uint8_t>(std::lround(std::clamp(sample[part], 0.0, 255.0)));
+    };
+    return {level(0), level(1), level(2)};
+}
+
 std::optional<Shape> shapeOf(const Item& item) {
     if (const auto* text = std::get_if<Text>(&item))
         return outlinesOf(*text);
@@ -103,19 +131,6 @@ std::optional<Rect> boxOf(const Item& item) {
 
 }  // namespace
 
-Tint over(const Tint& above, const Tint& below) {
-    const double seen = below.alpha * (1 - above.alpha);
-    const double alpha = above.alpha + seen;
-    if (!(alpha > 0))
-        return {above.color, 0};
-    const auto mix = [&](std::uint8_t upper, std::uint8_t lower) {
-        return static_cast<std::uint8_t>(std::lround((upper * above.alpha + lower * seen) / alpha));
-    };
-    return {{mix(above.color.red, below.color.red), mix(above.color.green, below.color.green),
-             mix(above.color.blue, below.color.blue)},
-            alpha};
-}
-
 std::vector<BlendArea> BlendArea::areasOf(const Item& item) {
     std::vector<Item> parts;
     if (const auto* shape = std::get_if<Shape>(&item))
@@ -131,19 +146,20 @@ std::vector<BlendArea> BlendArea::areasOf(const Item& item) {
     return areas;
 }
 
-BlendArea::BlendArea(Item item, const Rect& box) : item_(std::move(item)), box_(box) {
+BlendArea::BlendArea(Item item, const Rect& box)
+    : item_(std::move(item)), box_(box), look_(Tint()) {
     if (const auto* picture = std::get_if<Picture>(&item_)) {
-        tint_ = tintOf(*picture);
-        isSolid_ = false;
+        look_ = Look(tintOf(*picture));
+        isKnown_ = false;
         return;
     }
-    auto* shape = std::get_if<Shape>(&item_);
+    const auto* shape = std::get_if<Shape>(&item_);
     const Paint& paint = shape != nullptr ? paintOf(*shape) : paintOf(std::get<Text>(item_));
-    tint_ = tintOf(paint);
-    isSolid_ = paint.kind == Paint::Kind::solid;
+    look_ = lookOf(paint, shape != nullptr ? shape->transform : std::get<Text>(item_).transform);
+    isKnown_ = paint.kind != Paint::Kind::pattern;
 }
 
-BlendArea::BlendArea(Polygons polygons, const Tint& tint) : tint_(tint), isRegionKnown_(true) {
+BlendArea::BlendArea(Polygons polygons, Look look) : look_(std::move(look)), isRegionKnown_(true) {
     Shape shape;
     shape.outline = std::make_shared<const scene::Outline>(outlineOf(polygons));
     shape.fill.kind = Paint::Kind::solid;
@@ -172,24 +188,67 @@ const ClipRegion* BlendArea::region() const {
     return region_.get();
 }
 
-BlendArea BlendArea::with(const Tint& tint) const {
+BlendArea BlendArea::with(const Look& look) const {
     BlendArea other = *this;
-    other.tint_ = isSolid_ ? tint : Tint{tint_.color, tint.alpha};
+    other.look_ = look;
     return other;
 }
 
-Item BlendArea::item() const {
+std::vector<Item> BlendArea::items(BlendBudget& budget) const {
+    if (!isKnown_)
+        return {unknownItem()};
+    if (const Tint* tint = look_.tint())
+        return {solidItem(tint->color)};
+    return patches(budget);
+}
+
+Item BlendArea::unknownItem() const {
+    const double alpha = look_.at(middle())[3];
     Item item = item_;
     if (auto* picture = std::get_if<Picture>(&item)) {
-        picture->opacity *= tint_.alpha;
+        picture->opacity *= alpha;
         return item;
     }
     auto* shape = std::get_if<Shape>(&item);
-    Paint& paint = shape != nullptr ? paintOf(*shape) : paintOf(std::get<Text>(item));
-    paint.opacity = tint_.alpha;
-    if (isSolid_)
-        paint.color = tint_.color;
+    (shape != nullptr ? paintOf(*shape) : paintOf(std::get<Text>(item))).opacity = alpha;
     return item;
+}
+
+Item BlendArea::solidItem(const Color& color) const {
+    Item item = item_;
+    auto* shape = std::get_if<Shape>(&item);
+    Paint& paint = shape != nullptr ? paintOf(*shape) : paintOf(std::get<Text>(item));
+    paint = {Paint::Kind::solid, color};
+    return item;
+}
+
+/// Only outlines take gradients, text does not.
+Item BlendArea::wholeItem(const Paint& paint) const {
+    auto shape = shapeOf(item_);
+    if (!shape)
+        return solidItem(colorAt(look_, middle()));
+    paintOf(*shape) = moved(paint, shape->transform.inverse());
+    return std::move(*shape);
+}
+
+std::vector<Item> BlendArea::patches(BlendBudget& budget) const {
+    if (!BlendBudget::spend(budget.gradients, 1) || !budget.hasGradients())
+        return {solidItem(colorAt(look_, middle()))};
+    if (const PageGradient* gradient = look_.gradient())
+        return {wholeItem(paintOf(*gradient))};
+    if (region() == nullptr)
+        return {wholeItem(fitTo(look_, box_, nullptr).paint)};
+    const std::vector<Patch> patches = patchesOf(look_, region()->polygons(), budget);
+    if (patches.size() == 1)
+        return {wholeItem(patches[0].paint)};
+    std::vector<Item> items;
+    for (const Patch& patch : patches) {
+        Shape shape;
+        shape.outline = std::make_shared<const scene::Outline>(outlineOf(patch.area));
+        shape.fill = inBands(patch.paint, *boxOf(patch.area));
+        items.emplace_back(std::move(shape));
+    }
+    return items;
 }
 
 }  // namespace psrender::plan

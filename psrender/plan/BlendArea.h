@@ -1,6 +1,8 @@
 #pragma once
 
+#include "psrender/plan/BlendBudget.h"
 #include "psrender/plan/ClipRegion.h"
+#include "psrender/plan/Look.h"
 #include "psrender/scene/DisplayList.h"
 
 #include <memory>
@@ -8,17 +10,6 @@
 #include <vector>
 
 namespace psrender::plan {
-
-/// A colour and how much it hides of what is beneath.
-struct Tint {
-    scene::Color color{255, 255, 255};
-    double alpha = 1;
-
-    friend bool operator==(const Tint&, const Tint&) = default;
-};
-
-/// What is seen where `above` lies on `below`.
-Tint over(const Tint& above, const Tint& below);
 
 /// One paint on one area of the page: the fill or the stroke of a shape, or a text or picture.
 class BlendArea {
@@ -28,31 +19,38 @@ public:
     static std::vector<BlendArea> areasOf(const scene::Item& item);
 
     /// An area of polygons in their simplest form, which must not be empty.
-    BlendArea(Polygons polygons, const Tint& tint);
+    BlendArea(Polygons polygons, Look look);
 
     [[nodiscard]] const scene::Rect& box() const { return box_; }
     [[nodiscard]] scene::Point middle() const;
-    [[nodiscard]] const Tint& tint() const { return tint_; }
-    /// Whether it is in one colour; `tint` is an average if not.
-    [[nodiscard]] bool isSolid() const { return isSolid_; }
+    [[nodiscard]] const Look& look() const { return look_; }
+    /// Whether the look is all there is to know; if not, it is an average.
+    [[nodiscard]] bool isKnown() const { return isKnown_; }
     [[nodiscard]] bool isText() const { return std::holds_alternative<scene::Text>(item_); }
 
     /// The area in polygons, made when first asked for; null if that is not known or it has too
     /// many corners.
     [[nodiscard]] const ClipRegion* region() const;
 
-    /// The same area in another tint. One that is not solid keeps its colours and takes the alpha.
-    [[nodiscard]] BlendArea with(const Tint& tint) const;
-    /// What is to be shown for it, with the tint's alpha as the opacity of its paint.
-    [[nodiscard]] scene::Item item() const;
+    /// The same area with another look. One whose look is an average keeps its own paint, with the
+    /// look's alpha.
+    [[nodiscard]] BlendArea with(const Look& look) const;
+    /// What is to be shown for it where nothing shows through any more, and for an average with the
+    /// look's alpha as the opacity of its paint.
+    [[nodiscard]] std::vector<scene::Item> items(BlendBudget& budget) const;
 
 private:
     BlendArea(scene::Item item, const scene::Rect& box);
 
+    [[nodiscard]] scene::Item unknownItem() const;
+    [[nodiscard]] scene::Item solidItem(const scene::Color& color) const;
+    [[nodiscard]] std::vector<scene::Item> patches(BlendBudget& budget) const;
+    [[nodiscard]] scene::Item wholeItem(const scene::Paint& paint) const;
+
     scene::Item item_;
     scene::Rect box_;
-    Tint tint_;
-    bool isSolid_ = true;
+    Look look_;
+    bool isKnown_ = true;
     mutable bool isRegionKnown_ = false;
     mutable std::shared_ptr<const ClipRegion> region_;
 };

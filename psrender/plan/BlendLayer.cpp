@@ -48,7 +48,7 @@ double areaOf(const Rect& box) {
 /// Looks from the top down for what shows through a translucent area.
 class Walk {
 public:
-    Walk(const BlendArea& area, const Tint& ground, BlendBudget& budget)
+    Walk(const BlendArea& area, const Look& ground, BlendBudget& budget)
         : area_(area), ground_(ground), budget_(budget) {}
 
     /// False if nothing shows from below `under`.
@@ -70,29 +70,29 @@ public:
     }
 
     std::vector<BlendArea> result() {
-        std::vector<BlendArea> areas{area_.with(over(area_.tint(), ground_))};
+        std::vector<BlendArea> areas{area_.with(over(area_.look(), ground_))};
         std::ranges::reverse(pieces_);
         for (BlendArea& piece : pieces_)
-            if (areas.size() > 1 || piece.tint() != areas[0].tint() || !piece.isSolid())
+            if (areas.size() > 1 || piece.look() != areas[0].look() || !piece.isKnown())
                 areas.push_back(std::move(piece));
         return areas;
     }
 
 private:
     bool reachGround(const BlendArea& ground) {
-        ground_ = tintOf(ground);
+        ground_ = lookOf(ground);
         return false;
     }
-    const Tint& tintOf(const BlendArea& under) {
-        if (!under.isSolid())
+    const Look& lookOf(const BlendArea& under) {
+        if (!under.isKnown())
             ++budget_.averages;
-        return under.tint();
+        return under.look();
     }
     /// What cannot be cut shows through as a whole or not at all.
     bool goThroughWhole(const BlendArea& under) {
         const ClipRegion* self = area_.region();
         if (self != nullptr && self->contains(under.middle()))
-            addPiece(under.with(over(area_.tint(), under.tint())));
+            addPiece(under.with(over(area_.look(), under.look())));
         return true;
     }
     void addPiece(BlendArea piece) {
@@ -105,14 +105,14 @@ private:
             removeSlivers(*common);
         if (!common || common->empty())
             return true;
-        const Tint tint = over(area_.tint(), tintOf(under));
+        const Look look = over(area_.look(), lookOf(under));
         if (rest_)
             common = hiding.cut({self.polygons()});
-        const bool staysWhole = under.isSolid() && !under.isText();
+        const bool staysWhole = under.isKnown() && !under.isText();
         if (staysWhole && self.find(under.box()) == Place::inside)
-            addPiece(under.with(tint));
+            addPiece(under.with(look));
         else if (common && !common->empty())
-            addPiece({std::move(*common), tint});
+            addPiece({std::move(*common), look});
         return !isWorthCutting(under.box()) || cutOut(hiding, self, under);
     }
     [[nodiscard]] bool isWorthCutting(const Rect& box) const {
@@ -130,12 +130,12 @@ private:
         if (!rest_->empty())
             return true;
         pieces_.pop_back();
-        ground_ = under.tint();
+        ground_ = under.look();
         return false;
     }
 
     const BlendArea& area_;
-    Tint ground_;
+    Look ground_;
     BlendBudget& budget_;
     std::optional<Polygons> rest_;   ///< where nothing has been found yet, once that is cut
     std::vector<BlendArea> pieces_;  ///< from the topmost down
@@ -174,19 +174,19 @@ std::vector<BlendArea> BlendLayer::mix(const BlendArea& area, std::size_t count,
     forEachIn(area.box(), count, budget,
               [&walk](const BlendArea& under) { return walk.goThrough(under); });
     if (budget.isSpent())
-        return {area.with(over(area.tint(), ground_))};
+        return {area.with(over(area.look(), ground_))};
     return walk.result();
 }
 
-Tint BlendLayer::tintAt(scene::Point p, std::size_t count, BlendBudget& budget) const {
-    Tint tint = ground_;
+Look BlendLayer::lookAt(scene::Point p, std::size_t count, BlendBudget& budget) const {
+    Look look = ground_;
     forEachIn({p.x, p.y, 0, 0}, count, budget, [&](const BlendArea& area) {
         const bool isThere = area.region() != nullptr && area.region()->contains(p);
         if (isThere)
-            tint = area.tint();
+            look = area.look();
         return !isThere;
     });
-    return tint;
+    return look;
 }
 
 }  // namespace psrender::plan

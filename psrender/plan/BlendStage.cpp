@@ -16,7 +16,10 @@ using scene::Placement;
 namespace {
 
 bool isTranslucent(const Paint& paint) {
-    return isPainted(paint) && paint.opacity < 1;
+    const auto isThin = [](const scene::ColorStop& stop) { return stop.opacity < 1; };
+    return isPainted(paint) &&
+           (paint.opacity < 1 || (paint.kind == Paint::Kind::gradient &&
+                                  std::ranges::any_of(*paint.gradient->stops, isThin)));
 }
 
 /// Looks into every symbol once.
@@ -62,7 +65,7 @@ void BlendStage::take(Item item) {
 /// Opaque items go on in one piece.
 void BlendStage::takePainted(Item item) {
     std::vector<BlendArea> areas = BlendArea::areasOf(item);
-    const auto isOpaque = [](const BlendArea& area) { return area.tint().alpha == 1; };
+    const auto isOpaque = [](const BlendArea& area) { return area.look().isOpaque(); };
     const bool isWhole = std::ranges::all_of(areas, isOpaque);
     if (isWhole && isPage())
         next_.take(std::move(item));
@@ -97,25 +100,23 @@ void BlendStage::end() {
     levels_.pop_back();
     for (std::size_t i = 0; i < group.layer.size(); ++i) {
         const BlendArea& area = group.layer[i];
-        const Tint& tint = area.tint();
-        place(area.with({tint.color, tint.alpha * group.opacity}), group.beneath);
+        place(area.with(area.look().faded(group.opacity)), group.beneath);
     }
 }
 
 /// Over the lowest `beneath` areas.
 void BlendStage::place(const BlendArea& area, std::size_t beneath) {
-    if (!(area.tint().alpha > 0))
+    if (area.look().isClear())
         return;
     const BlendLayer& layer = levels_.back().layer;
     std::vector<BlendArea> areas{area};
     if (area.isText() && area.region() == nullptr)
-        areas = {area.with(over(area.tint(), layer.tintAt(area.middle(), beneath, budget_)))};
-    else if (area.isSolid() && area.tint().alpha < 1)
+        areas = {area.with(over(area.look(), layer.lookAt(area.middle(), beneath, budget_)))};
+    else if (area.isKnown() && !area.look().isOpaque())
         areas = layer.mix(area, beneath, budget_);
     for (; budget_.averages > 0; --budget_.averages)
         warnings_.add(
-            "translucent shapes over gradients, patterns and images are blended with "
-            "an average colour");
+            "translucent shapes over patterns and images are blended with an average colour");
     if (budget_.isSpent())
         warnings_.add("translucent shapes are blended over white where there are too many");
     for (BlendArea& piece : areas) {
@@ -125,8 +126,12 @@ void BlendStage::place(const BlendArea& area, std::size_t beneath) {
 }
 
 void BlendStage::show(const BlendArea& area) {
-    if (isPage())
-        next_.take(area.item());
+    if (!isPage())
+        return;
+    for (Item& item : area.items(budget_))
+        next_.take(std::move(item));
+    if (!budget_.hasGradients())
+        warnings_.add("translucent gradients are shown in one colour where there are too many");
 }
 
 void BlendStage::add(BlendArea area) {

@@ -16,8 +16,8 @@ bool hasTranslucency(const scene::ItemList& list);
 /// beneath, and in pieces where that is of several colours. A translucent group is a page of its
 /// own first, on clear ground.
 ///
-/// Gradients, patterns and pictures are not cut: beneath something translucent they count as
-/// areas of their average colour, and when they are translucent themselves they go on as they are.
+/// Patterns and pictures are not cut: beneath something translucent they count as areas of their
+/// average colour, and when they are translucent themselves they go on as they are.
 class BlendStage : public Sink {
 public:
     /// `warnings` and `next` must outlive the stage.

@@ -13,27 +13,11 @@ using scene::ColorStop;
 
 namespace {
 
-constexpr int kBendSteps = 8;         // stays within one of 256 levels
 constexpr double kMostBands = 1000;   // within a stretch, but for what the stops ask for
 constexpr double kMostStops = 20000;  // of all periods within a stretch
 
 std::uint8_t level(double value) {
     return static_cast<std::uint8_t>(std::lround(std::clamp(value, 0.0, 255.0)));
-}
-
-ColorStop between(const ColorStop& a, const ColorStop& b, double share) {
-    const auto mix = [share](double from, double to) { return std::lerp(from, to, share); };
-    return {mix(a.position, b.position),
-            {level(mix(a.color.red, b.color.red)), level(mix(a.color.green, b.color.green)),
-             level(mix(a.color.blue, b.color.blue))},
-            mix(a.opacity, b.opacity)};
-}
-
-ColorStop opaque(const ColorStop& stop) {
-    const auto mix = [&](double component) {
-        return level(std::lerp(255, component, stop.opacity));
-    };
-    return {stop.position, {mix(stop.color.red), mix(stop.color.green), mix(stop.color.blue)}, 1};
 }
 
 int difference(const Color& a, const Color& b) {
@@ -69,7 +53,7 @@ private:
     void addRun(const ColorStop& a, const ColorStop& b, double offset) {
         const double length = b.position - a.position;
         const double finest = std::max(stretch_.finest, (stretch_.to - stretch_.from) / kMostBands);
-        const double colors = difference(a.color, b.color) + 1;
+        const double colors = difference(a.color, b.color) / stretch_.levels + 1;
         const auto count =
             static_cast<int>(std::max(1.0, std::ceil(std::min(colors, length / finest))));
         if (length > 0 && offset + b.position > stretch_.from)
@@ -105,19 +89,6 @@ Color mean(const ColorStops& stops) {
 }
 
 }  // namespace
-
-ColorStops overWhite(const ColorStops& stops) {
-    ColorStops result;
-    for (std::size_t i = 0; i < stops.size(); ++i) {
-        const bool isBent = i > 0 && stops[i - 1].opacity != stops[i].opacity &&
-                            stops[i - 1].color != stops[i].color;
-        for (int step = 1; isBent && step < kBendSteps; ++step)
-            result.push_back(
-                opaque(between(stops[i - 1], stops[i], double{1} * step / kBendSteps)));
-        result.push_back(opaque(stops[i]));
-    }
-    return result;
-}
 
 std::vector<Band> bandsOf(const ColorStops& stops, scene::Spread spread, const Stretch& stretch) {
     Bands result(stretch);

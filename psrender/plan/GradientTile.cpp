@@ -18,6 +18,7 @@ using scene::Rect;
 namespace {
 
 constexpr double kFinest = 0.5;    // points: bands narrower than this are not seen
+constexpr double kMargin = 1;      // points: interpreters are not exact at a tile's border
 constexpr double kLeastUnits = 1;  // of a tile along its gradient
 constexpr double kMostUnits = 8192;
 constexpr double kFarthest = 1e6;  // times the gradient's length
@@ -125,8 +126,9 @@ Affine toTile(const Gradient& gradient, const Rect& box, double units) {
     return Affine::scaling(units, yUnits) * Affine::translation(-box.x, -box.y);
 }
 
-std::vector<scene::Item> linearBands(const Gradient& gradient, const Rect& box, double units) {
-    const Stretch stretch{box.x, box.x + box.width, kFinest / units};
+std::vector<scene::Item> linearBands(const Gradient& gradient, const Rect& box, double units,
+                                     double levels) {
+    const Stretch stretch{box.x, box.x + box.width, kFinest / units, levels};
     const Rect tile = mappedBox(box, toTile(gradient, box, units));
     std::vector<scene::Item> items;
     for (const Band& band : bandsOf(*gradient.stops, gradient.spread, stretch)) {
@@ -137,11 +139,12 @@ std::vector<scene::Item> linearBands(const Gradient& gradient, const Rect& box, 
 }
 
 /// From the outermost to the innermost.
-std::vector<scene::Item> radialBands(const Gradient& gradient, const Rect& box, double units) {
+std::vector<scene::Item> radialBands(const Gradient& gradient, const Rect& box, double units,
+                                     double levels) {
     const Circles circles(gradient);
     const double most = gradient.spread == scene::Spread::pad ? 1.01 : circles.most(box);
     const auto bands =
-        bandsOf(*gradient.stops, gradient.spread, {circles.least(), most, kFinest / units});
+        bandsOf(*gradient.stops, gradient.spread, {circles.least(), most, kFinest / units, levels});
     const Affine map = toTile(gradient, box, units);
     std::vector<scene::Item> items{rectangle(mappedBox(box, map), bands.back().color)};
     for (std::size_t i = bands.size() - 1; i > 0; --i) {
@@ -155,20 +158,24 @@ std::vector<scene::Item> radialBands(const Gradient& gradient, const Rect& box, 
 }  // namespace
 
 std::shared_ptr<const scene::Pattern> GradientTiles::tileFor(const Gradient& gradient,
-                                                             const Rect& box,
-                                                             const Affine& toPage) {
+                                                             const Rect& box, const Affine& toPage,
+                                                             double levels) {
     const bool isLinear = gradient.kind == Gradient::Kind::linear;
     const Affine normal = gradient.transform * normalSpace(gradient);
     const double units = unitsFor(lengthOnPage(gradient, toPage * normal));
-    const Rect area = roundedOutwards(mappedBox(box, normal.inverse()));
+    const Rect area = roundedOutwards(grown(mappedBox(box, normal.inverse()), kMargin / units));
     if (!(std::max({std::abs(area.x), std::abs(area.y), area.width, area.height}) < kFarthest))
         return nullptr;
     const Affine map = toTile(gradient, area, units);
     auto pattern = std::make_shared<scene::Pattern>();
     pattern->tile = mappedBox(area, map);
     pattern->transform = normal * map.inverse();
-    Key key{units, area.x, area.width, static_cast<double>(gradient.kind),
-            static_cast<double>(gradient.spread)};
+    Key key{units,
+            area.x,
+            area.width,
+            static_cast<double>(gradient.kind),
+            static_cast<double>(gradient.spread),
+            levels};
     if (!isLinear) {
         const Point focus = normal.inverse().apply(gradient.transform.apply(gradient.start));
         key.insert(key.end(), {area.y, area.height, focus.x, focus.y,
@@ -177,8 +184,8 @@ std::shared_ptr<const scene::Pattern> GradientTiles::tileFor(const Gradient& gra
     Known& known = known_[{gradient.stops.get(), std::move(key)}];
     if (!known.content) {
         auto content = std::make_shared<scene::ItemList>();
-        content->items =
-            isLinear ? linearBands(gradient, area, units) : radialBands(gradient, area, units);
+        content->items = isLinear ? linearBands(gradient, area, units, levels)
+                                  : radialBands(gradient, area, units, levels);
         known = {gradient.stops, std::move(content)};
     }
     pattern->content = known.content;

@@ -17,10 +17,10 @@ class GradientTiles {
 public:
     /// A pattern that looks like `gradient` within `box`, which is in the space of the outline.
     /// `toPage` leads from there to the page and tells how fine the bands have to be. Nothing if
-    /// the numbers are beyond all bounds.
+    /// the numbers are beyond all bounds. Bands differ by `levels` of 255.
     std::shared_ptr<const scene::Pattern> tileFor(const scene::Gradient& gradient,
                                                   const scene::Rect& box,
-                                                  const scene::Affine& toPage);
+                                                  const scene::Affine& toPage, double levels = 1);
 
 private:
     using Key = std::vector<double>;

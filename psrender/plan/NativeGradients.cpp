@@ -20,8 +20,8 @@ using scene::Rect;
 
 namespace {
 
-/// Each use of a native gradient writes them anew; beyond, tiles take less room.
-constexpr std::size_t kMostColors = 48;
+/// Each use of a native gradient writes them anew; the list must end somewhere.
+constexpr std::size_t kMostColors = 96;
 /// Farther out, positions between 0 and 1 are too close to each other.
 constexpr double kFarthest = 1000;
 
@@ -76,14 +76,16 @@ Gradient withEnds(const Gradient& gradient, const Part& part) {
 
 }  // namespace
 
-std::optional<Gradient> NativeGradients::find(const Gradient& gradient, const Rect& box) {
+std::optional<Gradient> NativeGradients::find(const Gradient& gradient, const Rect& box,
+                                              std::size_t mostColors) {
     if (!isPlain(gradient))
         return std::nullopt;
     const Part part = gradient.kind == Gradient::Kind::linear ? linearPart(gradient, box)
                                                               : radialPart(gradient, box);
     if (!(part.to - part.from < kFarthest))
         return std::nullopt;
-    const auto place = placeOf(*gradient.stops, gradient.kind == Gradient::Kind::radial);
+    const auto place = placeOf(*gradient.stops, gradient.kind == Gradient::Kind::radial,
+                               std::min(mostColors, kMostColors));
     if (!place)
         return std::nullopt;
     Gradient result = withEnds(gradient, part);
@@ -93,13 +95,16 @@ std::optional<Gradient> NativeGradients::find(const Gradient& gradient, const Re
 
 /// Between two gradients stand the last colour of the one and the first of the other once more:
 /// what lies before and behind a gradient's own stops stays plain.
-std::optional<std::size_t> NativeGradients::placeOf(const Stops& stops, bool isRadial) {
+std::optional<std::size_t> NativeGradients::placeOf(const Stops& stops, bool isRadial,
+                                                    std::size_t mostColors) {
+    if (colors_.size() > mostColors)
+        return std::nullopt;
     for (const auto& [begin, count] : runs_)
         if ((begin == 0 || !isRadial) &&
             std::ranges::equal(stops, std::span(colors_).subspan(begin, count), {},
                                &ColorStop::color))
             return begin;
-    if ((isRadial && !colors_.empty()) || colors_.size() + stops.size() + 2 > kMostColors)
+    if ((isRadial && !colors_.empty()) || colors_.size() + stops.size() + 2 > mostColors)
         return std::nullopt;
     if (!colors_.empty())
         colors_.insert(colors_.end(), {Color(colors_.back()), stops.front().color});

@@ -18,15 +18,17 @@ class NativeGradients {
 public:
     /// `gradient`, whose stops must be opaque, as the back end knows it: it shows nothing beyond
     /// start and end, so both are moved out until they take in `box`, which is in the space of
-    /// the outline. Nothing if it is not for the back end.
-    std::optional<scene::Gradient> find(const scene::Gradient& gradient, const scene::Rect& box);
+    /// the outline. Nothing if it is not for the back end, or if more than `mostColors` would have
+    /// to be written for it.
+    std::optional<scene::Gradient> find(const scene::Gradient& gradient, const scene::Rect& box,
+                                        std::size_t mostColors);
 
 private:
     using Stops = std::vector<scene::ColorStop>;
 
     /// Where the colours of `stops` begin in the list; nothing if they find no room. The centre of
     /// a radial gradient shows what is pushed to the start: it goes to the list's begin only.
-    std::optional<std::size_t> placeOf(const Stops& stops, bool isRadial);
+    std::optional<std::size_t> placeOf(const Stops& stops, bool isRadial, std::size_t mostColors);
     [[nodiscard]] Stops withAllColors(const Stops& stops, std::size_t place) const;
 
     std::vector<scene::Color> colors_;

@@ -2,7 +2,8 @@
 
 #include "psrender/plan/BlendStage.h"
 #include "psrender/plan/ClipStage.h"
-#include "psrender/plan/PaintStage.h"
+#include "psrender/plan/GradientStage.h"
+#include "psrender/plan/PatternStage.h"
 #include "psrender/plan/PictureStage.h"
 #include "psrender/plan/PlacementStage.h"
 #include "psrender/plan/Reach.h"
@@ -33,25 +34,26 @@ public:
     /// `page` is the area that can be seen.
     Row(Items& planned, const scene::Rect& page, bool blends, const Shared& shared)
         : shapes_(planned, shared.warnings),
-          blending_(shared.warnings, shapes_),
+          gradients_(page, shared.natives, shared.warnings, shapes_),
+          blending_(shared.warnings, gradients_),
           pictures_(shared.options.mostDotsPerInch, shared.warnings,
-                    blends ? static_cast<Sink&>(blending_) : shapes_),
+                    blends ? static_cast<Sink&>(blending_) : gradients_),
           texts_(shared.warnings, pictures_),
           clips_(shared.warnings, texts_),
-          paints_(
-              page, shared.natives,
-              [shared](Items items) { return planAlone(std::move(items), shared); },
+          patterns_(
+              page, [shared](Items items) { return planAlone(std::move(items), shared); },
               shared.warnings, clips_) {}
 
-    void take(scene::Item item) override { paints_.take(std::move(item)); }
+    void take(scene::Item item) override { patterns_.take(std::move(item)); }
 
 private:
     ShapeStage shapes_;
+    GradientStage gradients_;
     BlendStage blending_;
     PictureStage pictures_;
     TextStage texts_;
     ClipStage clips_;
-    PaintStage paints_;
+    PatternStage patterns_;
 };
 
 void takeAll(Items items, Sink& sink) {

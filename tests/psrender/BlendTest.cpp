@@ -13,13 +13,13 @@ struct Tinted {
 };
 
 /// Renders `body` and looks at the colours of single spots.
-void expectColors(const std::string& body, std::initializer_list<Tinted> spots) {
+void expectColors(const std::string& body, std::initializer_list<Tinted> spots, int tolerance = 2) {
     const Interpretation seen = interpret(psrender::tests::script(body));
     EXPECT_EQ("", seen.messages) << body;
     ASSERT_EQ(1U, seen.pages.size()) << body;
     for (const Tinted& spot : spots)
         for (std::size_t i = 0; i < 3; ++i)
-            EXPECT_NEAR(spot.color[i], seen.pages[0].at(spot.x, spot.y)[i], 2)
+            EXPECT_NEAR(spot.color[i], seen.pages[0].at(spot.x, spot.y)[i], tolerance)
                 << body << " at " << spot.x << " " << spot.y;
 }
 
@@ -89,6 +89,52 @@ TEST(Blending, LetsTextShowThrough) {
                  {{17, 50, {128, 0, 0}}, {60, 50, {255, 128, 128}}});
     expectColors("<rect width='100' height='40' fill='#f00'/><g opacity='.5'>" + text + "</g>",
                  {{17, 20, {128, 0, 0}}, {17, 70, {128, 128, 128}}, {60, 20, {255, 0, 0}}});
+}
+
+/// From red on the left to blue on the right, white from the top down, and yellow around the middle
+/// of the page; the latter two fade out.
+const std::string kGradients =
+    "<linearGradient id='a'><stop stop-color='#f00'/><stop offset='1' stop-color='#00f'/>"
+    "</linearGradient><linearGradient id='w' x2='0' y2='1'><stop stop-color='#fff'/><stop "
+    "offset='1' stop-color='#fff' stop-opacity='0'/></linearGradient><radialGradient id='y'>"
+    "<stop stop-color='#ff0'/><stop offset='1' stop-color='#ff0' stop-opacity='0'/>"
+    "</radialGradient>";
+const std::string kPage = "<rect width='100' height='100' ";
+
+TEST(Blending, CarriesGradientsOver) {
+    expectColors(kGradients + kGround + kPage + "fill='url(#w)'/>",
+                 {{20, 50, {255, 255, 255}},
+                  {45, 20, {255, 204, 204}},
+                  {45, 80, {255, 51, 51}},
+                  {60, 50, {128, 128, 255}}},
+                 4);
+    expectColors(kGradients + kPage + "fill='url(#a)'/>" + kPage + "fill='#0f0' opacity='.5'/>",
+                 {{25, 50, {96, 128, 32}}, {75, 50, {32, 128, 96}}}, 4);
+    expectColors(kGradients + "<g opacity='.5'>" + kPage + "fill='url(#a)'/></g>",
+                 {{25, 50, {223, 128, 159}}, {75, 50, {159, 128, 223}}}, 4);
+    expectColors(kGradients + kGround +
+                     "<path d='M0 49h100v2' fill='none' stroke='url(#a)' stroke-width='20' "
+                     "stroke-opacity='.5'/>",
+                 {{20, 50, {230, 128, 153}}, {45, 50, {198, 0, 57}}, {60, 50, {51, 0, 204}}}, 5);
+}
+
+TEST(Blending, PatchesGradientsThatCross) {
+    const std::string ground = kGradients + kPage + "fill='url(#a)'/>";
+    expectColors(ground + kPage + "fill='url(#w)'/>",
+                 {{20, 50, {230, 128, 153}},
+                  {50, 20, {230, 204, 230}},
+                  {80, 90, {71, 25, 209}},
+                  {20, 90, {209, 25, 71}}},
+                 12);
+    expectColors(ground + "<circle cx='50' cy='50' r='50' fill='url(#y)' />",
+                 {{50, 50, {253, 251, 3}},
+                  {25, 50, {223, 128, 32}},
+                  {50, 80, {179, 102, 77}},
+                  {95, 95, {13, 0, 242}}},
+                 12);
+    expectColors(
+        ground + "<g opacity='.5'>" + kPage + "fill='#0f0'/>" + kPage + "fill='url(#w)'/></g>",
+        {{20, 50, {166, 128, 89}}, {80, 20, {128, 128, 204}}}, 12);
 }
 
 }  // namespace

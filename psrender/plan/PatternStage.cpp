@@ -1,8 +1,8 @@
-#include "psrender/plan/PaintStage.h"
+#include "psrender/plan/PatternStage.h"
 
 #include "psrender/plan/Box.h"
 #include "psrender/plan/Boxes.h"
-#include "psrender/plan/TextBox.h"
+#include "psrender/plan/Seen.h"
 
 #include <algorithm>
 #include <cmath>
@@ -22,8 +22,8 @@ namespace {
 
 constexpr std::size_t kMostLaidOut = 200'000;
 
-bool isServed(const Paint& paint) {
-    return paint.kind == Paint::Kind::gradient || paint.kind == Paint::Kind::pattern;
+bool isPattern(const Paint& paint) {
+    return paint.kind == Paint::Kind::pattern;
 }
 
 Paint solid() {
@@ -81,77 +81,47 @@ Range tilesIn(double begin, double length, double step, double extra) {
     return {std::floor(begin / step) - extra, std::ceil((begin + length) / step) - 1 + extra};
 }
 
-bool isUsable(const Affine& map) {
-    const double determinant = map.determinant();
-    return determinant != 0 && std::isfinite(determinant) && map.isFinite();
-}
-
-/// Whether the image of the square of side 1 has a size that an interpreter can divide by.
-bool isSeen(const Affine& map) {
-    constexpr double thinnest = 1e-4;  // points
-    constexpr double longest = 1e9;
-    const double length = std::max(std::hypot(map.a, map.b), std::hypot(map.c, map.d));
-    return isUsable(map) && length < longest && std::abs(map.determinant()) > thinnest * length;
-}
-
-double lengthOf(const scene::Gradient& gradient) {
-    return gradient.kind == scene::Gradient::Kind::radial
-               ? gradient.endRadius
-               : std::hypot(gradient.end.x - gradient.start.x, gradient.end.y - gradient.start.y);
-}
-
 }  // namespace
 
-void PaintStage::take(Item item) {
-    if (auto* shape = std::get_if<Shape>(&item)) {
+void PatternStage::take(Item item) {
+    if (auto* shape = std::get_if<Shape>(&item))
         takeShape(std::move(*shape));
-        return;
-    }
-    if (auto* text = std::get_if<scene::Text>(&item)) {
+    else if (auto* text = std::get_if<scene::Text>(&item))
         takeText(std::move(*text));
-        return;
-    }
-    if (const auto* group = std::get_if<scene::BeginGroup>(&item))
-        opacity_.push(group->opacity);
-    else if (std::holds_alternative<scene::EndGroup>(item))
-        opacity_.pop();
-    next_.take(std::move(item));
+    else
+        next_.take(std::move(item));
 }
 
-/// A paint that has to be laid out makes an item of its own of fill or stroke.
-void PaintStage::takeShape(Shape shape) {
+/// A pattern that has to be laid out makes an item of its own of fill or stroke.
+void PatternStage::takeShape(Shape shape) {
     if (shape.strokeStyle.width <= 0)
         shape.stroke = {};
-    if (!isServed(shape.fill) && !isServed(shape.stroke)) {
+    if (!isPattern(shape.fill) && !isPattern(shape.stroke)) {
         next_.take(std::move(shape));
         return;
     }
-    if (!isUsable(shape.transform))
+    if (!hasInverse(shape.transform))
         return;
     const Affine& toPage = shape.transform;
     const Rect page = mappedBox(page_, toPage.inverse());
     const auto filled = common(fillBox(shape), page);
     const auto stroked = common(strokeBox(shape), page);
-    const auto fill = filled ? known(shape.fill, *filled, toPage) : Paint();
-    const auto stroke = stroked ? known(shape.stroke, *stroked, toPage) : Paint();
+    const auto fill = filled ? known(shape.fill, toPage) : Paint();
+    const auto stroke = stroked ? known(shape.stroke, toPage) : Paint();
     if (!fill)
         layOut(fillOf(shape), shape.fill, *filled);
     Shape rest = shape;
     rest.fill = fill.value_or(Paint());
     rest.stroke = stroke.value_or(Paint());
-    if (rest.fill.kind != Paint::Kind::none || rest.stroke.kind != Paint::Kind::none)
+    if (isPainted(rest.fill) || isPainted(rest.stroke))
         next_.take(std::move(rest));
     if (!stroke)
         layOut(strokeOf(shape), shape.stroke, *stroked);
 }
 
-void PaintStage::takeText(scene::Text text) {
-    if (!isUsable(text.transform))
-        return;
-    const Rect box =
-        isServed(text.fill) || isServed(text.stroke) ? runBox(*text.run).value_or(Rect{}) : Rect{};
+void PatternStage::takeText(scene::Text text) {
     for (Paint* paint : {&text.fill, &text.stroke}) {
-        const auto found = known(*paint, box, text.transform);
+        const auto found = known(*paint, text.transform);
         if (!found)
             warnings_.add("text is not painted with patterns of text, pictures or gradients");
         *paint = found.value_or(Paint());
@@ -159,52 +129,20 @@ void PaintStage::takeText(scene::Text text) {
     next_.take(std::move(text));
 }
 
-std::optional<Paint> PaintStage::known(const Paint& paint, const Rect& box, const Affine& toPage) {
-    if (!isServed(paint))
+std::optional<Paint> PatternStage::known(const Paint& paint, const Affine& toPage) {
+    if (!isPattern(paint))
         return paint;
-    if (paint.kind == Paint::Kind::gradient)
-        return gradientPaint(paint, box, toPage);
     const Rect& tile = paint.pattern->tile;
-    if (!isSeen(toPage * paint.pattern->transform * Affine::scaling(tile.width, tile.height)))
-        return leftOut();
+    if (!isSeen(toPage * paint.pattern->transform * Affine::scaling(tile.width, tile.height))) {
+        warnings_.add("gradients and patterns too small to be seen are left out");
+        return Paint();
+    }
     Paint result = paint;
     result.pattern = patterns_.tileFor(*paint.pattern, toPage);
     return result.pattern ? std::optional(result) : std::nullopt;
 }
 
-/// Under an opacity the colours change once more, so that the back end's own gradients are not for
-/// it.
-Paint PaintStage::gradientPaint(Paint paint, const Rect& box, const Affine& toPage) {
-    scene::Gradient gradient = *paint.gradient;
-    const double length = lengthOf(gradient);
-    if (!isSeen(toPage * gradient.transform * Affine::scaling(length, length)))
-        return leftOut();
-    gradient.stops = opaque(gradient.stops);
-    if (paint.opacity * opacity_.current() >= 1)
-        if (const auto native = natives_.find(gradient, box)) {
-            paint.gradient = std::make_shared<const scene::Gradient>(*native);
-            return paint;
-        }
-    paint.kind = Paint::Kind::pattern;
-    paint.gradient = nullptr;
-    paint.pattern = gradients_.tileFor(gradient, box, toPage);
-    return paint.pattern ? paint : leftOut();
-}
-
-Paint PaintStage::leftOut() {
-    warnings_.add("gradients and patterns too small to be seen are left out");
-    return {};
-}
-
-std::shared_ptr<const ColorStops> PaintStage::opaque(
-    const std::shared_ptr<const ColorStops>& stops) {
-    auto& found = opaqueStops_[stops];
-    if (!found)
-        found = std::make_shared<const ColorStops>(overWhite(*stops));
-    return found;
-}
-
-void PaintStage::layOut(const Shape& part, const Paint& paint, const Rect& box) {
+void PatternStage::layOut(const Shape& part, const Paint& paint, const Rect& box) {
     const scene::Pattern& pattern = *paint.pattern;
     const Affine toPage = part.transform * pattern.transform;
     const Rect shown = mappedBox(box, pattern.transform.inverse());
@@ -234,7 +172,7 @@ void PaintStage::layOut(const Shape& part, const Paint& paint, const Rect& box) 
     take(scene::EndGroup{});
 }
 
-void PaintStage::layOutTile(const scene::Pattern& pattern, const Affine& toPage, bool isCut) {
+void PatternStage::layOutTile(const scene::Pattern& pattern, const Affine& toPage, bool isCut) {
     if (isCut)
         take(scene::BeginGroup{1, clipTo(pattern.tile, toPage)});
     takeAll(*pattern.content, toPage);
@@ -242,7 +180,7 @@ void PaintStage::layOutTile(const scene::Pattern& pattern, const Affine& toPage,
         take(scene::EndGroup{});
 }
 
-void PaintStage::takeAll(const ItemList& list, const Affine& map) {
+void PatternStage::takeAll(const ItemList& list, const Affine& map) {
     ItemList copy = list;
     transform(copy, map);
     for (Item& item : copy.items)
