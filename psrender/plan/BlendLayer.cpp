@@ -41,6 +41,21 @@ void removeSlivers(Polygons& polygons) {
     });
 }
 
+double areaOf(const Polygons& polygons) {
+    double area = 0;
+    for (const ClipperLib::Path& polygon : polygons)
+        area += ClipperLib::Area(polygon);
+    return std::abs(area);
+}
+
+/// Whether `part` of `whole` is all of it but for what rounding leaves.
+bool coversAll(const Polygons& part, const Polygons& whole) {
+    double length = 0;
+    for (const ClipperLib::Path& polygon : whole)
+        length += lengthOf(polygon);
+    return areaOf(whole) - areaOf(part) < kThinnest * length / 2;
+}
+
 double areaOf(const Rect& box) {
     return box.width * box.height;
 }
@@ -48,11 +63,12 @@ double areaOf(const Rect& box) {
 /// Looks from the top down for what shows through a translucent area.
 class Walk {
 public:
-    Walk(const BlendArea& area, const Look& ground, BlendBudget& budget)
-        : area_(area), ground_(ground), budget_(budget) {}
+    Walk(const BlendArea& area, Look ground, BlendBudget& budget)
+        : area_(area), ground_(std::move(ground)), budget_(budget) {}
 
-    /// False if nothing shows from below `under`.
-    bool goThrough(const BlendArea& under) {
+    /// False if nothing shows from below `under`, which is `index` in the layer.
+    bool goThrough(const BlendArea& under, std::size_t index) {
+        index_ = index;
         const ClipRegion* hiding = under.region();
         if (hiding == nullptr)
             return goThroughWhole(under);
@@ -62,20 +78,23 @@ public:
         if (place == Place::inside)
             return reachGround(under);
         const ClipRegion* self = area_.region();
-        const std::size_t corners =
-            self == nullptr ? 0 : countCorners(self->polygons()) + countCorners(hiding->polygons());
-        if (self == nullptr || !BlendBudget::spend(budget_.corners, corners))
+        if (self == nullptr || budget_.isSpent())
             return false;
-        return self->find(under.box()) == Place::outside || cut(under, *hiding, *self);
+        if (self->find(under.box()) == Place::outside)
+            return true;
+        std::size_t work = countCorners(self->polygons()) + countCorners(hiding->polygons());
+        const bool goesOn = cut(under, *hiding, *self, work);
+        BlendBudget::spend(budget_.work, work);
+        return goesOn;
     }
 
-    std::vector<BlendArea> result() {
+    BlendLayer::Mix result() {
         std::vector<BlendArea> areas{area_.with(over(area_.look(), ground_))};
         std::ranges::reverse(pieces_);
         for (BlendArea& piece : pieces_)
             if (areas.size() > 1 || piece.look() != areas[0].look() || !piece.isKnown())
                 areas.push_back(std::move(piece));
-        return areas;
+        return {std::move(areas), std::move(hidden_)};
     }
 
 private:
@@ -99,30 +118,35 @@ private:
         pieces_.push_back(std::move(piece));
         BlendBudget::spend(budget_.pieces, 1);
     }
-    bool cut(const BlendArea& under, const ClipRegion& hiding, const ClipRegion& self) {
-        auto common = hiding.cut({rest_ ? *rest_ : self.polygons()});
+    bool cut(const BlendArea& under, const ClipRegion& hiding, const ClipRegion& self,
+             std::size_t& work) {
+        auto common = hiding.cut({rest_ ? *rest_ : self.polygons()}, &work);
         if (common)
             removeSlivers(*common);
         if (!common || common->empty())
             return true;
         const Look look = over(area_.look(), lookOf(under));
         if (rest_)
-            common = hiding.cut({self.polygons()});
+            common = hiding.cut({self.polygons()}, &work);
         const bool staysWhole = under.isKnown() && !under.isText();
-        if (staysWhole && self.find(under.box()) == Place::inside)
+        const bool isInside = self.find(under.box()) == Place::inside;
+        if (isInside || (common && coversAll(*common, hiding.polygons())))
+            hidden_.push_back(index_);
+        if (staysWhole && isInside)
             addPiece(under.with(look));
         else if (common && !common->empty())
             addPiece({std::move(*common), look});
-        return !isWorthCutting(under.box()) || cutOut(hiding, self, under);
+        return !isWorthCutting(under.box()) || cutOut(hiding, self, under, work);
     }
     [[nodiscard]] bool isWorthCutting(const Rect& box) const {
         const auto common = commonBox(box, area_.box());
         return common && areaOf(*common) >= kWorthCutting * areaOf(area_.box());
     }
     /// If nothing is left, the lowest piece may be all of the area.
-    bool cutOut(const ClipRegion& hiding, const ClipRegion& self, const BlendArea& under) {
+    bool cutOut(const ClipRegion& hiding, const ClipRegion& self, const BlendArea& under,
+                std::size_t& work) {
         auto left = combine(ClipperLib::ctDifference, rest_ ? *rest_ : self.polygons(),
-                            ClipperLib::pftNonZero, hiding.polygons());
+                            ClipperLib::pftNonZero, hiding.polygons(), &work);
         if (!left)
             return true;
         removeSlivers(*left);
@@ -137,8 +161,10 @@ private:
     const BlendArea& area_;
     Look ground_;
     BlendBudget& budget_;
+    std::size_t index_ = 0;
     std::optional<Polygons> rest_;   ///< where nothing has been found yet, once that is cut
     std::vector<BlendArea> pieces_;  ///< from the topmost down
+    std::vector<std::size_t> hidden_;
 };
 
 }  // namespace
@@ -150,11 +176,12 @@ void BlendLayer::add(BlendArea area) {
     else
         blockBoxes_.back() = boxAround(blockBoxes_.back(), box);
     boxes_.push_back(box);
+    isHidden_.push_back(false);
     areas_.push_back(std::move(area));
 }
 
 void BlendLayer::forEachIn(const Rect& box, std::size_t count, BlendBudget& budget,
-                           const std::function<bool(const BlendArea&)>& visit) const {
+                           const std::function<bool(std::size_t)>& visit) const {
     for (std::size_t block = (count + kBlock - 1) / kBlock; block-- > 0;) {
         if (!BlendBudget::spend(budget.steps, 1))
             return;
@@ -163,24 +190,25 @@ void BlendLayer::forEachIn(const Rect& box, std::size_t count, BlendBudget& budg
         const std::size_t first = block * kBlock;
         BlendBudget::spend(budget.steps, kBlock);
         for (std::size_t i = std::min(count, first + kBlock); i-- > first;)
-            if (meets(box, boxes_[i]) && !visit(areas_[i]))
+            if (!isHidden_[i] && meets(box, boxes_[i]) && !visit(i))
                 return;
     }
 }
 
-std::vector<BlendArea> BlendLayer::mix(const BlendArea& area, std::size_t count,
-                                       BlendBudget& budget) const {
+BlendLayer::Mix BlendLayer::mix(const BlendArea& area, std::size_t count,
+                                BlendBudget& budget) const {
     Walk walk(area, ground_, budget);
     forEachIn(area.box(), count, budget,
-              [&walk](const BlendArea& under) { return walk.goThrough(under); });
+              [&](std::size_t index) { return walk.goThrough(areas_[index], index); });
     if (budget.isSpent())
-        return {area.with(over(area.look(), ground_))};
+        return {{area.with(over(area.look(), ground_))}, {}};
     return walk.result();
 }
 
 Look BlendLayer::lookAt(scene::Point p, std::size_t count, BlendBudget& budget) const {
     Look look = ground_;
-    forEachIn({p.x, p.y, 0, 0}, count, budget, [&](const BlendArea& area) {
+    forEachIn({p.x, p.y, 0, 0}, count, budget, [&](std::size_t index) {
+        const BlendArea& area = areas_[index];
         const bool isThere = area.region() != nullptr && area.region()->contains(p);
         if (isThere)
             look = area.look();

@@ -66,24 +66,26 @@ void BlendStage::take(Item item) {
 void BlendStage::takePainted(Item item) {
     std::vector<BlendArea> areas = BlendArea::areasOf(item);
     const auto isOpaque = [](const BlendArea& area) { return area.look().isOpaque(); };
-    const bool isWhole = std::ranges::all_of(areas, isOpaque);
-    if (isWhole && isPage())
-        next_.take(std::move(item));
+    if (!std::ranges::all_of(areas, isOpaque)) {
+        for (const BlendArea& area : areas)
+            hide(place(area, levels_.back().layer.size()));
+        return;
+    }
+    const std::size_t count = areas.size();
     for (BlendArea& area : areas)
-        if (isWhole)
-            add(std::move(area));
-        else
-            place(area, levels_.back().layer.size());
+        add(std::move(area));
+    remember(std::move(item), count);
 }
 
 /// Symbols that are still placed are opaque.
 void BlendStage::takePlacement(const Placement& placement) {
-    const ItemList items = itemsOf(placement);
-    if (isPage())
-        next_.take(placement);
-    for (const Item& item : items.items)
-        for (BlendArea& area : BlendArea::areasOf(item))
+    std::size_t count = 0;
+    for (const Item& item : itemsOf(placement).items)
+        for (BlendArea& area : BlendArea::areasOf(item)) {
             add(std::move(area));
+            ++count;
+        }
+    remember(placement, count);
 }
 
 void BlendStage::begin(double opacity) {
@@ -92,50 +94,82 @@ void BlendStage::begin(double opacity) {
     levels_.push_back({BlendLayer(clear), std::clamp(opacity, 0.0, 1.0), beneath});
 }
 
-/// The group's areas hide each other, and each of them lies over what was there before.
+/// The group's areas hide each other, and each of them lies over all that was there before.
 void BlendStage::end() {
     if (isPage())
         return;
     const Level group = std::move(levels_.back());
     levels_.pop_back();
+    std::vector<std::size_t> hidden;
     for (std::size_t i = 0; i < group.layer.size(); ++i) {
         const BlendArea& area = group.layer[i];
-        place(area.with(area.look().faded(group.opacity)), group.beneath);
+        if (group.layer.isHidden(i))
+            continue;
+        const auto more = place(area.with(area.look().faded(group.opacity)), group.beneath);
+        hidden.insert(hidden.end(), more.begin(), more.end());
     }
+    hide(hidden);
 }
 
-/// Over the lowest `beneath` areas.
-void BlendStage::place(const BlendArea& area, std::size_t beneath) {
+std::vector<std::size_t> BlendStage::place(const BlendArea& area, std::size_t beneath) {
     if (area.look().isClear())
-        return;
+        return {};
     const BlendLayer& layer = levels_.back().layer;
-    std::vector<BlendArea> areas{area};
+    BlendLayer::Mix mix{{area}, {}};
     if (area.isText() && area.region() == nullptr)
-        areas = {area.with(over(area.look(), layer.lookAt(area.middle(), beneath, budget_)))};
+        mix.areas = {area.with(over(area.look(), layer.lookAt(area.middle(), beneath, budget_)))};
     else if (area.isKnown() && !area.look().isOpaque())
-        areas = layer.mix(area, beneath, budget_);
+        mix = layer.mix(area, beneath, budget_);
     for (; budget_.averages > 0; --budget_.averages)
         warnings_.add(
             "translucent shapes over patterns and images are blended with an average colour");
     if (budget_.isSpent())
         warnings_.add("translucent shapes are blended over white where there are too many");
-    for (BlendArea& piece : areas) {
-        show(piece);
+    for (BlendArea& piece : mix.areas) {
         add(std::move(piece));
+        remember(std::nullopt, 1);
     }
+    return std::move(mix.hidden);
 }
 
-void BlendStage::show(const BlendArea& area) {
-    if (!isPage())
-        return;
-    for (Item& item : area.items(budget_))
-        next_.take(std::move(item));
-    if (!budget_.hasGradients())
-        warnings_.add("translucent gradients are shown in one colour where there are too many");
+void BlendStage::hide(const std::vector<std::size_t>& areas) {
+    for (const std::size_t index : areas)
+        levels_.back().layer.hide(index);
 }
 
 void BlendStage::add(BlendArea area) {
     levels_.back().layer.add(std::move(area));
+}
+
+/// The areas are the last ones of the layer.
+void BlendStage::remember(std::optional<Item> item, std::size_t countAreas) {
+    if (isPage())
+        entries_.push_back({std::move(item), levels_.back().layer.size() - countAreas, countAreas});
+}
+
+bool BlendStage::isHidden(const Entry& entry) const {
+    for (std::size_t i = 0; i < entry.countAreas; ++i)
+        if (!levels_.front().layer.isHidden(entry.firstArea + i))
+            return false;
+    return entry.countAreas > 0;
+}
+
+void BlendStage::finish() {
+    for (Entry& entry : entries_) {
+        if (isHidden(entry))
+            continue;
+        if (entry.item)
+            next_.take(std::move(*entry.item));
+        else
+            show(levels_.front().layer[entry.firstArea]);
+    }
+}
+
+void BlendStage::show(const BlendArea& area) {
+    for (Item& item : area.items(budget_))
+        next_.take(std::move(item));
+    if (!budget_.hasGradients())
+        warnings_.add("translucent gradients are shown in one colour where there are too many");
 }
 
 }  // namespace psrender::plan

@@ -5,6 +5,7 @@
 #include "psrender/plan/Sink.h"
 
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 namespace psrender::plan {
@@ -26,6 +27,8 @@ public:
     }
 
     void take(scene::Item item) override;
+    /// Passes the page on, after its last item: what is hidden by then is left out.
+    void finish();
 
 private:
     /// The page, or a group that is not complete yet.
@@ -35,18 +38,31 @@ private:
         std::size_t beneath;  ///< areas of the level around it when the group began
     };
 
+    /// An opaque item or, without one, an area, and what stands for it on the page.
+    struct Entry {
+        std::optional<scene::Item> item;
+        std::size_t firstArea;
+        std::size_t countAreas;
+    };
+
     [[nodiscard]] bool isPage() const { return levels_.size() == 1; }
     void begin(double opacity);
     void end();
     void takePainted(scene::Item item);
     void takePlacement(const scene::Placement& placement);
-    void place(const BlendArea& area, std::size_t beneath);
-    void show(const BlendArea& area);
+    /// Puts an area on top, as it looks over the lowest `beneath` areas; tells which of these it
+    /// hides.
+    std::vector<std::size_t> place(const BlendArea& area, std::size_t beneath);
+    void hide(const std::vector<std::size_t>& areas);
     void add(BlendArea area);
+    void remember(std::optional<scene::Item> item, std::size_t countAreas);
+    [[nodiscard]] bool isHidden(const Entry& entry) const;
+    void show(const BlendArea& area);
 
     Warnings& warnings_;
     Sink& next_;
-    std::vector<Level> levels_;  ///< never empty
+    std::vector<Level> levels_;   ///< never empty
+    std::vector<Entry> entries_;  ///< of the page
     BlendBudget budget_;
 };
 

@@ -69,9 +69,9 @@ bool ClipRegion::contains(Point p) const {
            1;
 }
 
-std::optional<Polygons> ClipRegion::cut(Silhouette silhouette) const {
+std::optional<Polygons> ClipRegion::cut(Silhouette silhouette, std::size_t* work) const {
     return combine(ClipperLib::ctIntersection, std::move(silhouette.polygons), silhouette.rule,
-                   polygons_);
+                   polygons_, work);
 }
 
 ClipRegion ClipRegion::within(const ClipRegion& other) const {

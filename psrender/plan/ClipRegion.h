@@ -28,8 +28,10 @@ public:
     [[nodiscard]] Place find(const scene::Rect& box) const;
     [[nodiscard]] bool contains(scene::Point p) const;
 
-    /// What `silhouette` has in common with the region; nothing if it would take too long.
-    [[nodiscard]] std::optional<Polygons> cut(Silhouette silhouette) const;
+    /// What `silhouette` has in common with the region; nothing if it would take too long. Adds to
+    /// `work` as `combine` does.
+    [[nodiscard]] std::optional<Polygons> cut(Silhouette silhouette,
+                                              std::size_t* work = nullptr) const;
     /// What both regions have in common; if that would take too long, this one.
     [[nodiscard]] ClipRegion within(const ClipRegion& other) const;
 

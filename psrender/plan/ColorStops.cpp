@@ -26,8 +26,7 @@ std::vector<double> positionsOf(const ColorStops& above, const ColorStops& below
     if (positions.empty())
         positions.push_back(above.front().position);
     std::ranges::sort(positions);
-    const auto rest = std::ranges::unique(positions);
-    positions.erase(rest.begin(), rest.end());
+    positions.erase(std::unique(positions.begin(), positions.end()), positions.end());
     return positions;
 }
 

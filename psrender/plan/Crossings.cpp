@@ -68,6 +68,12 @@ std::int64_t comparisons(const std::vector<Edge>& edges) {
     return count;
 }
 
+/// Whether no pair of edges need be looked at to know that there are not too many.
+bool isEasy(const std::vector<Edge>& edges, std::int64_t comparisons) {
+    return comparisons <= kMostPairs &&
+           comparisons * static_cast<std::int64_t>(edges.size()) <= kMostJoining;
+}
+
 bool hasTooManyCrossings(const std::vector<Edge>& edges) {
     std::int64_t close = 0;
     std::int64_t onOneLine = 0;
@@ -87,16 +93,18 @@ bool hasTooManyCrossings(const std::vector<Edge>& edges) {
 
 }  // namespace
 
-Sweep chooseSweep(const ClipperLib::Paths& polygons) {
+SweepChoice chooseSweep(const ClipperLib::Paths& polygons) {
     const std::vector<Edge> down = edgesOf(polygons, Sweep::downwards);
-    const std::vector<Edge> side = edgesOf(polygons, Sweep::sideways);
     const auto downComparisons = comparisons(down);
+    if (isEasy(down, downComparisons))
+        return {Sweep::downwards, downComparisons};
+    const std::vector<Edge> side = edgesOf(polygons, Sweep::sideways);
     const auto sideComparisons = comparisons(side);
     const bool isDown = downComparisons <= sideComparisons;
-    if (std::min(downComparisons, sideComparisons) > kMostComparisons ||
-        hasTooManyCrossings(isDown ? down : side))
-        return Sweep::tooLong;
-    return isDown ? Sweep::downwards : Sweep::sideways;
+    const auto fewer = std::min(downComparisons, sideComparisons);
+    if (fewer > kMostComparisons || hasTooManyCrossings(isDown ? down : side))
+        return {Sweep::tooLong, fewer};
+    return {isDown ? Sweep::downwards : Sweep::sideways, fewer};
 }
 
 }  // namespace psrender::plan

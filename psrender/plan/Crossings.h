@@ -3,6 +3,7 @@
 #include <polyclipping/clipper.hpp>
 
 #include <cstddef>
+#include <cstdint>
 
 namespace psrender::plan {
 
@@ -17,8 +18,13 @@ enum class Sweep {
 /// Polygons with more edges than this are not cut.
 inline constexpr std::size_t kMostEdges = 1'000'000;
 
+struct SweepChoice {
+    Sweep sweep;
+    std::int64_t comparisons;  ///< of edges on the sweep's line, which is what cutting takes
+};
+
 /// `tooLong` from 50 million pairs of edges on the sweep's line, from half a million pairs that
 /// come close to each other on the page, and where many edges run on top of each other.
-Sweep chooseSweep(const ClipperLib::Paths& polygons);
+SweepChoice chooseSweep(const ClipperLib::Paths& polygons);
 
 }  // namespace psrender::plan

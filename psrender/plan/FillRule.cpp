@@ -200,7 +200,7 @@ std::optional<Outline> nonZeroOutline(const Outline& outline, const Affine& toPa
     if (countChords(outline, toPage, kTolerance) > kMostEdges)
         return giveUp(warnings);
     Paths paths = toPaths(flatten(outline, toPage, kTolerance));
-    const Sweep sweep = chooseSweep(paths);
+    const Sweep sweep = chooseSweep(paths).sweep;
     if (sweep == Sweep::tooLong)
         return giveUp(warnings);
     if (sweep == Sweep::sideways)

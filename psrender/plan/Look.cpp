@@ -52,11 +52,12 @@ bool Look::isClear() const {
 }
 
 const Tint* Look::tint() const {
-    return layers_.size() == 1 ? std::get_if<Tint>(&layers_[0]) : nullptr;
+    return layers_.size() == 1 ? std::get_if<Tint>(layers_.data()) : nullptr;
 }
 
 const PageGradient* Look::gradient() const {
-    const auto* gradient = layers_.size() == 1 ? std::get_if<GradientLayer>(&layers_[0]) : nullptr;
+    const auto* gradient =
+        layers_.size() == 1 ? std::get_if<GradientLayer>(layers_.data()) : nullptr;
     return gradient != nullptr ? gradient->get() : nullptr;
 }
 

@@ -32,8 +32,7 @@ public:
         const bool isWide = fit.isWorstAcross;
         const bool mayHalve = halvings < kMostHalvings &&
                               (isWide ? box->width : box->height) > kSmallest &&
-                              BlendBudget::spend(budget_.gradients, 1) &&
-                              BlendBudget::spend(budget_.corners, countCorners(area));
+                              !budget_.isSpent() && BlendBudget::spend(budget_.gradients, 1);
         const bool isDone = fit.error <= kTolerance || !mayHalve;
         const auto first = isDone ? std::nullopt : cut(area, half(*box, isWide, false));
         const auto second = first ? cut(area, half(*box, isWide, true)) : std::nullopt;
@@ -60,8 +59,12 @@ private:
             length += kOverlap;
         return part;
     }
-    static std::optional<Polygons> cut(const Polygons& area, const Rect& box) {
-        return combine(ClipperLib::ctIntersection, area, ClipperLib::pftNonZero, toPolygons(box));
+    std::optional<Polygons> cut(const Polygons& area, const Rect& box) {
+        std::size_t work = 0;
+        auto part = combine(ClipperLib::ctIntersection, area, ClipperLib::pftNonZero,
+                            toPolygons(box), &work);
+        BlendBudget::spend(budget_.work, work);
+        return part;
     }
 
     const Look& look_;

@@ -45,6 +45,8 @@ public:
               shared.warnings, clips_) {}
 
     void take(scene::Item item) override { patterns_.take(std::move(item)); }
+    /// After the last item.
+    void finish() { blending_.finish(); }
 
 private:
     ShapeStage shapes_;
@@ -84,6 +86,7 @@ scene::Page Planner::plan(scene::Page page, Warnings& warnings) {
     PlacementStage placements(
         page, [&](Items items) { return planAlone(std::move(items), shared); }, row);
     takeAll(std::move(page.items), placements);
+    row.finish();
     return planned;
 }
 

@@ -16,6 +16,7 @@ using scene::Rect;
 
 /// Polygons with fewer corners are cut quickly whatever they look like.
 constexpr std::size_t kFewCorners = 500;
+constexpr std::size_t kFewComparisons = 10;  // a corner, as a guess
 
 IntPoint toGrid(double x, double y) {
     return {std::llround(x * kGridUnits), std::llround(y * kGridUnits)};
@@ -31,12 +32,12 @@ void layOnSide(Polygons& polygons) {
             std::swap(p.X, p.Y);
 }
 
-Sweep sweepFor(const Polygons& subject, const Polygons& other) {
+SweepChoice sweepFor(const Polygons& subject, const Polygons& other) {
     const std::size_t corners = countCorners(subject) + countCorners(other);
     if (corners < kFewCorners)
-        return Sweep::downwards;
+        return {Sweep::downwards, static_cast<std::int64_t>(kFewComparisons * corners)};
     if (corners > kMostEdges)
-        return Sweep::tooLong;
+        return {Sweep::tooLong, 0};
     Polygons all = subject;
     all.insert(all.end(), other.begin(), other.end());
     return chooseSweep(all);
@@ -111,8 +112,10 @@ std::size_t countCorners(const Polygons& polygons) {
 }
 
 std::optional<Polygons> combine(ClipperLib::ClipType how, Polygons subject, PolyFillType rule,
-                                Polygons other) {
-    const Sweep sweep = sweepFor(subject, other);
+                                Polygons other, std::size_t* work) {
+    const auto [sweep, comparisons] = sweepFor(subject, other);
+    if (work != nullptr)
+        *work += static_cast<std::size_t>(comparisons);
     if (sweep == Sweep::tooLong)
         return std::nullopt;
     if (sweep == Sweep::downwards)

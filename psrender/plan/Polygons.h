@@ -34,9 +34,10 @@ std::optional<scene::Rect> boxOf(const Polygons& polygons);
 std::size_t countCorners(const Polygons& polygons);
 
 /// What `subject`, filled by `rule`, and `other`, filled by the non-zero rule, make together.
-/// Nothing if it would take too long.
+/// Nothing if it would take too long. What it takes is added to `work`, if that is not null, in
+/// comparisons of edges.
 std::optional<Polygons> combine(ClipperLib::ClipType how, Polygons subject, PolyFillType rule,
-                                Polygons other);
+                                Polygons other, std::size_t* work = nullptr);
 
 /// The simplest form of polygons that are filled by `rule`. Nothing if it would take too long.
 std::optional<Polygons> simplify(Polygons polygons, PolyFillType rule);
