@@ -1,5 +1,6 @@
 #pragma once
 
+#include "psrender/image/Backdrop.h"
 #include "psrender/image/RowImage.h"
 #include "psrender/scene/DisplayList.h"
 
@@ -20,5 +21,9 @@ Core::SmartPtr<Drawing::Image> reduced(const Core::SmartPtr<Drawing::Image>& ima
 /// opacity, 0 to 1. The image itself if nothing changes; RGB if it is grey and the ground is not.
 Core::SmartPtr<Drawing::Image> flattened(const Core::SmartPtr<Drawing::Image>& image,
                                          double opacity, const scene::Color& ground);
+/// The same over a ground of several colours, with as many pixels as the ground has spots if the
+/// image has fewer.
+Core::SmartPtr<Drawing::Image> flattened(const Core::SmartPtr<Drawing::Image>& image,
+                                         double opacity, Backdrop ground);
 
 }  // namespace psrender::image

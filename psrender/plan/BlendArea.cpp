@@ -1,6 +1,5 @@
 #include "psrender/plan/BlendArea.h"
 
-#include "psrender/image/DerivedImages.h"
 #include "psrender/plan/Boxes.h"
 #include "psrender/plan/GradientTile.h"
 #include "psrender/plan/LookFit.h"
@@ -62,19 +61,6 @@ Look lookOf(const Paint& paint, const scene::Affine& toPage) {
     if (!hasInverse(gradient.transform))
         return Look(Tint{{}, 0});
     return Look(PageGradient(std::move(gradient))).faded(paint.opacity);
-}
-
-/// The average over white.
-Tint tintOf(const Picture& picture) {
-    const auto image = image::rowsOf(
-        image::flattened(image::reduced(picture.image, {1, 1}), picture.opacity, {255, 255, 255}));
-    std::array<std::uint8_t, 8> pixel{};
-    std::array<std::uint8_t, 1> alpha{};
-    if (image->components() > 3)
-        return {{128, 128, 128}};
-    image->readRows(0, 1, pixel.data(), alpha.data());
-    const bool isGray = image->components() < 3;
-    return {{pixel[0], pixel[isGray ? 0 : 1], pixel[isGray ? 0 : 2]}};
 }
 
 template <class Painted>
@@ -149,7 +135,7 @@ std::vector<BlendArea> BlendArea::areasOf(const Item& item) {
 BlendArea::BlendArea(Item item, const Rect& box)
     : item_(std::move(item)), box_(box), look_(Tint()) {
     if (const auto* picture = std::get_if<Picture>(&item_)) {
-        look_ = Look(tintOf(*picture));
+        look_ = Look(PageRaster(*picture));
         isKnown_ = false;
         return;
     }

@@ -24,9 +24,14 @@ public:
     [[nodiscard]] const scene::Rect& box() const { return box_; }
     [[nodiscard]] scene::Point middle() const;
     [[nodiscard]] const Look& look() const { return look_; }
-    /// Whether the look is all there is to know; if not, it is an average.
+    /// Whether the look is all there is to know; if not, it is what is seen from afar.
     [[nodiscard]] bool isKnown() const { return isKnown_; }
     [[nodiscard]] bool isText() const { return std::holds_alternative<scene::Text>(item_); }
+
+    /// The picture that it is, else null.
+    [[nodiscard]] const scene::Picture* picture() const {
+        return std::get_if<scene::Picture>(&item_);
+    }
 
     /// The area in polygons, made when first asked for; null if that is not known or it has too
     /// many corners.

@@ -1,6 +1,7 @@
 #include "psrender/plan/BlendLayer.h"
 
 #include "psrender/plan/Boxes.h"
+#include "psrender/plan/PictureBlend.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,6 +16,8 @@ using Place = ClipRegion::Place;
 namespace {
 
 constexpr std::size_t kBlock = 64;
+/// So many corners are looked at in the time of one comparison of edges.
+constexpr std::size_t kQuickCorners = 8;
 /// Thinner than this is what rounding leaves, in grid units.
 constexpr double kThinnest = 4;
 /// Areas that hide less than this share of a box are not worth to be cut out of what is beneath.
@@ -60,6 +63,10 @@ double areaOf(const Rect& box) {
     return box.width * box.height;
 }
 
+bool isRectangle(const ClipRegion& region) {
+    return coversAll(region.polygons(), toPolygons(region.box()));
+}
+
 /// Looks from the top down for what shows through a translucent area.
 class Walk {
 public:
@@ -99,13 +106,8 @@ public:
 
 private:
     bool reachGround(const BlendArea& ground) {
-        ground_ = lookOf(ground);
+        ground_ = seenOf(ground, area_.region());
         return false;
-    }
-    const Look& lookOf(const BlendArea& under) {
-        if (!under.isKnown())
-            ++budget_.averages;
-        return under.look();
     }
     /// What cannot be cut shows through as a whole or not at all.
     bool goThroughWhole(const BlendArea& under) {
@@ -125,7 +127,6 @@ private:
             removeSlivers(*common);
         if (!common || common->empty())
             return true;
-        const Look look = over(area_.look(), lookOf(under));
         if (rest_)
             common = hiding.cut({self.polygons()}, &work);
         const bool staysWhole = under.isKnown() && !under.isText();
@@ -133,10 +134,34 @@ private:
         if (isInside || (common && coversAll(*common, hiding.polygons())))
             hidden_.push_back(index_);
         if (staysWhole && isInside)
-            addPiece(under.with(look));
-        else if (common && !common->empty())
-            addPiece({std::move(*common), look});
+            addPiece(under.with(over(area_.look(), under.look())));
+        else if (common && !common->empty()) {
+            const ClipRegion region(std::move(*common));
+            const Look seen = seenOf(under, &region);
+            addPiece({region.polygons(), over(area_.look(), seen)});
+        }
         return !isWorthCutting(under.box()) || cutOut(hiding, self, under, work);
+    }
+    /// The look that shows through at a place.
+    Look seenOf(const BlendArea& under, const ClipRegion* where) {
+        if (under.isKnown())
+            return under.look();
+        if (under.picture() == nullptr)
+            ++budget_.averages;
+        return addTinted(under, where) ? Look(under.look().average()) : under.look();
+    }
+    /// A picture beneath a rectangle is itself in other colours. What its whole pixels leave open
+    /// at the border is not worth more than their average.
+    bool addTinted(const BlendArea& under, const ClipRegion* where) {
+        const Tint* tint = area_.look().tint();
+        if (under.picture() == nullptr || tint == nullptr || where == nullptr ||
+            !isRectangle(*where))
+            return false;
+        const auto part = tinted(*under.picture(), where->box(), *tint);
+        if (part)
+            for (BlendArea& piece : BlendArea::areasOf(*part))
+                addPiece(std::move(piece));
+        return part.has_value();
     }
     [[nodiscard]] bool isWorthCutting(const Rect& box) const {
         const auto common = commonBox(box, area_.box());
@@ -210,6 +235,9 @@ Look BlendLayer::lookAt(scene::Point p, std::size_t count, BlendBudget& budget) 
     forEachIn({p.x, p.y, 0, 0}, count, budget, [&](std::size_t index) {
         const BlendArea& area = areas_[index];
         const bool isThere = area.region() != nullptr && area.region()->contains(p);
+        if (area.region() != nullptr)
+            BlendBudget::spend(budget.work,
+                               countCorners(area.region()->polygons()) / kQuickCorners);
         if (isThere)
             look = area.look();
         return !isThere;

@@ -1,8 +1,11 @@
 #include "psrender/plan/BlendStage.h"
 
+#include "psrender/image/DerivedImages.h"
+#include "psrender/plan/PictureBlend.h"
 #include "psrender/plan/PlacementStage.h"
 
 #include <algorithm>
+#include <memory>
 #include <unordered_set>
 #include <utility>
 
@@ -11,6 +14,7 @@ namespace psrender::plan {
 using scene::Item;
 using scene::ItemList;
 using scene::Paint;
+using scene::Picture;
 using scene::Placement;
 
 namespace {
@@ -20,6 +24,10 @@ bool isTranslucent(const Paint& paint) {
     return isPainted(paint) &&
            (paint.opacity < 1 || (paint.kind == Paint::Kind::gradient &&
                                   std::ranges::any_of(*paint.gradient->stops, isThin)));
+}
+
+bool isTranslucent(const Picture& picture) {
+    return picture.opacity < 1 || picture.image->hasAlpha();
 }
 
 /// Looks into every symbol once.
@@ -32,16 +40,21 @@ public:
 
     template <class Painted>
     bool operator()(const Painted& item) {
-        return isTranslucent(item.fill) || isTranslucent(item.stroke);
+        return isThere(item.fill) || isThere(item.stroke);
     }
     bool operator()(const scene::BeginGroup& group) { return group.opacity < 1; }
     bool operator()(const scene::EndGroup& /*end*/) { return false; }
-    bool operator()(const scene::Picture& picture) { return picture.opacity < 1; }
-    bool operator()(const Placement& placement) {
-        return seen_.insert(placement.symbol.get()).second && find(*placement.symbol);
-    }
+    bool operator()(const scene::Picture& picture) { return isTranslucent(picture); }
+    bool operator()(const Placement& placement) { return isIn(placement.symbol); }
 
 private:
+    bool isThere(const Paint& paint) {
+        return isTranslucent(paint) || (paint.pattern && isIn(paint.pattern->content));
+    }
+    bool isIn(const std::shared_ptr<const ItemList>& list) {
+        return seen_.insert(list.get()).second && find(*list);
+    }
+
     std::unordered_set<const ItemList*> seen_;
 };
 
@@ -64,6 +77,8 @@ void BlendStage::take(Item item) {
 
 /// Opaque items go on in one piece.
 void BlendStage::takePainted(Item item) {
+    if (auto* picture = std::get_if<Picture>(&item); picture != nullptr && isPage())
+        flatten(*picture, levels_.back().layer.size());
     std::vector<BlendArea> areas = BlendArea::areasOf(item);
     const auto isOpaque = [](const BlendArea& area) { return area.look().isOpaque(); };
     if (!std::ranges::all_of(areas, isOpaque)) {
@@ -75,6 +90,15 @@ void BlendStage::takePainted(Item item) {
     for (BlendArea& area : areas)
         add(std::move(area));
     remember(std::move(item), count);
+}
+
+void BlendStage::flatten(Picture& picture, std::size_t beneath) {
+    if (!isTranslucent(picture))
+        return;
+    picture.image =
+        image::flattened(picture.image, picture.opacity,
+                         backdropOf(levels_.back().layer, picture.transform, beneath, budget_));
+    picture.opacity = 1;
 }
 
 /// Symbols that are still placed are opaque.
@@ -115,14 +139,19 @@ std::vector<std::size_t> BlendStage::place(const BlendArea& area, std::size_t be
     if (area.look().isClear())
         return {};
     const BlendLayer& layer = levels_.back().layer;
+    if (area.picture() != nullptr && isPage()) {
+        auto picture = std::get<Picture>(area.items(budget_).front());
+        flatten(picture, picture.image->hasAlpha() ? layer.size() : beneath);
+        takePainted(std::move(picture));
+        return {};
+    }
     BlendLayer::Mix mix{{area}, {}};
     if (area.isText() && area.region() == nullptr)
         mix.areas = {area.with(over(area.look(), layer.lookAt(area.middle(), beneath, budget_)))};
     else if (area.isKnown() && !area.look().isOpaque())
         mix = layer.mix(area, beneath, budget_);
     for (; budget_.averages > 0; --budget_.averages)
-        warnings_.add(
-            "translucent shapes over patterns and images are blended with an average colour");
+        warnings_.add("translucent shapes over patterns are blended with an average colour");
     if (budget_.isSpent())
         warnings_.add("translucent shapes are blended over white where there are too many");
     for (BlendArea& piece : mix.areas) {

@@ -17,8 +17,9 @@ bool hasTranslucency(const scene::ItemList& list);
 /// beneath, and in pieces where that is of several colours. A translucent group is a page of its
 /// own first, on clear ground.
 ///
-/// Patterns and pictures are not cut: beneath something translucent they count as areas of their
-/// average colour, and when they are translucent themselves they go on as they are.
+/// Pictures are blended with what lies beneath them pixel by pixel. Patterns and pictures are not
+/// cut: beneath something translucent they count as areas of their average colour, and translucent
+/// patterns go on as they are.
 class BlendStage : public Sink {
 public:
     /// `warnings` and `next` must outlive the stage.
@@ -49,6 +50,8 @@ private:
     void begin(double opacity);
     void end();
     void takePainted(scene::Item item);
+    /// Makes a picture opaque, over the lowest `beneath` areas of the page.
+    void flatten(scene::Picture& picture, std::size_t beneath);
     void takePlacement(const scene::Placement& placement);
     /// Puts an area on top, as it looks over the lowest `beneath` areas; tells which of these it
     /// hides.

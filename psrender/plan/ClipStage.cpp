@@ -1,7 +1,7 @@
 #include "psrender/plan/ClipStage.h"
 
-#include "psrender/image/DerivedImages.h"
 #include "psrender/plan/Boxes.h"
+#include "psrender/plan/PictureCrop.h"
 #include "psrender/plan/PlacementStage.h"
 #include "psrender/plan/TextBox.h"
 #include "psrender/plan/TextOutlines.h"
@@ -21,31 +21,8 @@ using Place = ClipRegion::Place;
 
 namespace {
 
-/// Corners in all cuts of a page: some ten seconds.
-constexpr std::size_t kMostWork = 20'000'000;
-
-bool isUpright(const Affine& map) {
-    return map.b == 0 && map.c == 0 && map.a > 0 && map.d > 0;
-}
-
-/// The pixels of a picture that reach into `box`; at least partly, and nothing if none does.
-std::optional<image::PixelRect> pixelsIn(const scene::Picture& picture, const Rect& box) {
-    const Drawing::PixelSize size = picture.image->getPixelSize();
-    const auto share = commonBox(mappedBox(box, picture.transform.inverse()), Rect{0, 0, 1, 1});
-    if (!share)
-        return std::nullopt;
-    const auto range = [](double from, double length, std::int32_t count) {
-        constexpr double kRounding = 1e-6;
-        const double first = std::floor(from * count + kRounding);
-        const double last = std::ceil((from + length) * count - kRounding);
-        return std::pair{static_cast<std::int32_t>(first), static_cast<std::int32_t>(last - first)};
-    };
-    const auto [x, width] = range(share->x, share->width, size.width);
-    const auto [y, height] = range(share->y, share->height, size.height);
-    if (width <= 0 || height <= 0)
-        return std::nullopt;
-    return image::PixelRect{x, y, width, height};
-}
+/// Comparisons of edges in all cuts of a page: some ten seconds.
+constexpr std::size_t kMostWork = 400'000'000;
 
 }  // namespace
 
@@ -114,7 +91,7 @@ void ClipStage::passPart(const Shape& shape, std::optional<Silhouette> area, boo
     (isStroke ? part.fill : part.stroke) = {};
     if (area)
         work_ += countCorners(area->polygons) + countCorners(region().polygons());
-    const auto rest = area ? region().cut(std::move(*area)) : std::nullopt;
+    const auto rest = area ? region().cut(std::move(*area), &work_) : std::nullopt;
     if (!rest) {
         passByMiddle(part, *paintedBox(part));
         return;
@@ -155,16 +132,8 @@ void ClipStage::takePicture(const scene::Picture& picture) {
         return;
     if (!region().isRectangle() || !isUpright(picture.transform))
         warnings_.add("images are cropped to the box of their clip");
-    const auto part = pixelsIn(picture, region().box());
-    if (!part)
-        return;
-    const Drawing::PixelSize size = picture.image->getPixelSize();
-    const double width = size.width;
-    const double height = size.height;
-    const Affine share{part->width / width, 0, 0, part->height / height, part->x / width,
-                       part->y / height};
-    next_.take(scene::Picture{image::cropped(picture.image, *part), picture.transform * share,
-                              picture.opacity});
+    if (auto part = croppedTo(picture, region().box(), Border::inside))
+        next_.take(std::move(*part));
 }
 
 void ClipStage::takePlacement(scene::Placement placement) {

@@ -43,7 +43,7 @@ private:
     Sink& next_;
     std::vector<Group> groups_;
     std::vector<ClipRegion> regions_;  ///< of the clipped groups, each within the one before
-    std::size_t work_ = 0;             ///< corners that were looked at
+    std::size_t work_ = 0;             ///< what cutting has taken
 };
 
 }  // namespace psrender::plan

@@ -31,7 +31,7 @@ bool Look::isOpaque(const Layer& layer) {
     if (const auto* gradient = std::get_if<GradientLayer>(&layer))
         return std::ranges::all_of((*gradient)->stops(),
                                    [](const ColorStop& stop) { return stop.opacity >= 1; });
-    return false;
+    return std::holds_alternative<PictureLayer>(layer);
 }
 
 bool Look::isClear(const Layer& layer) {
@@ -78,6 +78,8 @@ Sample Look::sampleOf(const Layer& layer, Point onPage) {
         return plan::sampleOf(tint->color, tint->alpha);
     if (const auto* gradient = std::get_if<GradientLayer>(&layer))
         return (*gradient)->at(onPage);
+    if (const auto* picture = std::get_if<PictureLayer>(&layer))
+        return (*picture)->at(onPage);
     const auto& faded = std::get<FadedLayer>(layer);
     Sample sample = faded.look->at(onPage);
     for (double& part : sample)
@@ -97,6 +99,8 @@ Tint Look::averageOf(const Layer& layer) {
         const ColorStop middle = stopAt((*gradient)->stops(), 0.5);
         return {middle.color, middle.opacity};
     }
+    if (const auto* picture = std::get_if<PictureLayer>(&layer))
+        return (*picture)->average();
     const auto& faded = std::get<FadedLayer>(layer);
     const Tint whole = faded.look->average();
     return {whole.color, whole.alpha * faded.share};

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "psrender/plan/PageGradient.h"
+#include "psrender/plan/PageRaster.h"
 #include "psrender/plan/Tint.h"
 #include "psrender/scene/DisplayList.h"
 
@@ -13,11 +14,13 @@
 namespace psrender::plan {
 
 /// What is seen of an area: one tint, or one that changes from place to place. It is a pile of
-/// tints and gradients, of which those that can be said in one are. The lower ones of a pile that
-/// grows too high count with their average tint.
+/// tints, gradients and pictures, of which those that can be said in one are. The lower ones of a
+/// pile that grows too high count with their average tint.
 class Look {
 public:
     explicit Look(const Tint& tint) : layers_{tint} {}
+    explicit Look(PageRaster picture)
+        : layers_{std::make_shared<const PageRaster>(std::move(picture))} {}
     explicit Look(PageGradient gradient)
         : layers_{std::make_shared<const PageGradient>(std::move(gradient))} {}
 
@@ -29,7 +32,7 @@ public:
     [[nodiscard]] const Tint* tint() const;
     /// The gradient if it is a single one, else null.
     [[nodiscard]] const PageGradient* gradient() const;
-    /// How many tints and gradients it consists of.
+    /// How many tints, gradients and pictures it consists of.
     [[nodiscard]] std::size_t weight() const { return weight_; }
     /// All gradients in it, the topmost first.
     [[nodiscard]] std::vector<const PageGradient*> gradients() const;
@@ -45,13 +48,14 @@ public:
 
 private:
     using GradientLayer = std::shared_ptr<const PageGradient>;
+    using PictureLayer = std::shared_ptr<const PageRaster>;
     struct FadedLayer {
         std::shared_ptr<const Look> look;
         double share = 1;
 
         friend bool operator==(const FadedLayer&, const FadedLayer&) = default;
     };
-    using Layer = std::variant<Tint, GradientLayer, FadedLayer>;
+    using Layer = std::variant<Tint, GradientLayer, PictureLayer, FadedLayer>;
 
     Look() = default;
     void addBelow(const Layer& layer);

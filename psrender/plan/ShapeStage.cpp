@@ -56,17 +56,9 @@ void ShapeStage::takePicture(scene::Picture picture) {
     const double opacity = picture.opacity * opacity_.current();
     if (opacity <= 0)
         return;
-    if (opacity < 1 || picture.image->hasAlpha())
-        flatten(picture, opacity);
+    picture.image = image::flattened(picture.image, opacity, kPaper);
     picture.opacity = 1;
     items_.emplace_back(std::move(picture));
-}
-
-void ShapeStage::flatten(scene::Picture& picture, double opacity) {
-    const auto ground = ground_.beneath(picture.transform);
-    if (!ground)
-        warnings_.add("translucent images over several colours are blended over white");
-    picture.image = image::flattened(picture.image, opacity, ground.value_or(kPaper));
 }
 
 /// The fill first, where it needs an outline of its own, then the stroke and its joins.

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "psrender/Warnings.h"
-#include "psrender/plan/Ground.h"
 #include "psrender/plan/Opacity.h"
 #include "psrender/plan/Sink.h"
 
@@ -14,7 +13,7 @@ class ShapeStage : public Sink {
 public:
     /// Collects what it makes in `items`; both must outlive the stage.
     ShapeStage(std::vector<scene::Item>& items, Warnings& warnings)
-        : items_(items), warnings_(warnings), ground_(items) {}
+        : items_(items), warnings_(warnings) {}
 
     void take(scene::Item item) override;
 
@@ -22,14 +21,12 @@ private:
     void takeShape(scene::Shape shape);
     void takeText(scene::Text text);
     void takePicture(scene::Picture picture);
-    void flatten(scene::Picture& picture, double opacity);
     void place(scene::Shape shape);
     void placeEvenOddFill(scene::Shape& shape);
 
     std::vector<scene::Item>& items_;
     Warnings& warnings_;
     OpacityStack opacity_;
-    Ground ground_;
 };
 
 }  // namespace psrender::plan

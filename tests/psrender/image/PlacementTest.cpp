@@ -98,9 +98,21 @@ TEST(SvgImages, ShowTheColourBeneathThem) {
                                "width='62' height='32' stroke='white' stroke-width='2'/>"
                                "<rect width='9' height='40' fill='white'/>"
                                "<rect x='71' width='9' height='40' fill='white'/>"));
-    EXPECT_EQ("bbwwwwww", over("<rect width='30' height='40' fill='blue'/>")) << "two colours";
-    EXPECT_EQ("bbwwwwww", over("<path d='M15 0V40' stroke='blue' stroke-width='30'/>"))
-        << "a line reaches beneath it";
+    EXPECT_EQ("bbbwwwww", over("<rect width='30' height='40' fill='blue'/>")) << "two colours";
+    EXPECT_EQ("wbbbbbbw", over("<g opacity='.99'><path d='M40 0V40' stroke='blue' "
+                               "stroke-width='60'/></g>"));
+    EXPECT_EQ("rrrrbbbb", over("<linearGradient id='a'><stop offset='.5' stop-color='red'/><stop "
+                               "offset='.5' stop-color='blue'/></linearGradient>"
+                               "<rect width='80' height='40' fill='url(#a)'/>"));
+}
+
+TEST(SvgImages, ShowThroughTranslucentShapes) {
+    const std::string image = "<image " + colours() + " width='80' height='40'/>";
+    EXPECT_THAT(seen(image + "<rect x='20' width='40' height='40' fill-opacity='.3'/>"),
+                ElementsAre("rrggbbkk", "rrggbbkk", "wwyyccmm", "wwyyccmm"))
+        << "not yet half dark";
+    EXPECT_THAT(seen(image + "<circle cx='40' cy='20' r='18' fill='#fff' fill-opacity='.7'/>"),
+                ElementsAre("rrgwwbkk", "rrwwwwkk", "wwwwwwmm", "wwywwcmm"));
 }
 
 TEST(DataUris, AreDecodedInBothForms) {
