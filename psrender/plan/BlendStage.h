@@ -42,8 +42,8 @@ private:
     /// An opaque item or, without one, an area, and what stands for it on the page.
     struct Entry {
         std::optional<scene::Item> item;
-        std::size_t firstArea;
-        std::size_t countAreas;
+        std::size_t firstArea = 0;
+        std::size_t countAreas = 0;
     };
 
     [[nodiscard]] bool isPage() const { return levels_.size() == 1; }

@@ -14,7 +14,6 @@
 
 namespace psrender::plan {
 
-using scene::Affine;
 using scene::Rect;
 using scene::Shape;
 using Place = ClipRegion::Place;

@@ -7,7 +7,6 @@
 
 namespace psrender::plan {
 
-using scene::Color;
 using scene::ColorStop;
 
 namespace {

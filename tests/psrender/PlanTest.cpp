@@ -82,6 +82,15 @@ int winding(const Outline& outline, Point p) {
     return count;
 }
 
+TEST(Planner, PaintsWhatIsSeenInTheEndOnly) {
+    const Item thin = shape(polygon({square(0, 50)}), solid(255, 0.5));
+    EXPECT_EQ(1U, planned(std::vector<Item>(20, thin)).size());
+    const Item small = shape(polygon({square(10, 20)}), solid(0));
+    EXPECT_EQ(2U, planned({small, thin, thin, thin}).size()) << "and its piece over the small one";
+    const std::vector<Item> group{small, BeginGroup{0.5, {}}, thin, thin, EndGroup{}};
+    EXPECT_EQ(2U, planned(group).size());
+}
+
 TEST(Opacity, IsBlendedOverWhiteThroughAllGroups) {
     const auto outline = polygon({square(0, 1)});
     const auto shapes = planned(
