@@ -133,14 +133,15 @@ private:
         const bool isInside = self.find(under.box()) == Place::inside;
         if (isInside || (common && coversAll(*common, hiding.polygons())))
             hidden_.push_back(index_);
+        Look seen = under.look();
         if (staysWhole && isInside)
-            addPiece(under.with(over(area_.look(), under.look())));
+            addPiece(under.with(over(area_.look(), seen)));
         else if (common && !common->empty()) {
             const ClipRegion region(std::move(*common));
-            const Look seen = seenOf(under, &region);
+            seen = seenOf(under, &region);
             addPiece({region.polygons(), over(area_.look(), seen)});
         }
-        return !isWorthCutting(under.box()) || cutOut(hiding, self, under, work);
+        return !isWorthCutting(under.box()) || cutOut(hiding, self, seen, work);
     }
     /// The look that shows through at a place.
     Look seenOf(const BlendArea& under, const ClipRegion* where) {
@@ -168,7 +169,7 @@ private:
         return common && areaOf(*common) >= kWorthCutting * areaOf(area_.box());
     }
     /// If nothing is left, the lowest piece may be all of the area.
-    bool cutOut(const ClipRegion& hiding, const ClipRegion& self, const BlendArea& under,
+    bool cutOut(const ClipRegion& hiding, const ClipRegion& self, const Look& seen,
                 std::size_t& work) {
         auto left = combine(ClipperLib::ctDifference, rest_ ? *rest_ : self.polygons(),
                             ClipperLib::pftNonZero, hiding.polygons(), &work);
@@ -179,7 +180,7 @@ private:
         if (!rest_->empty())
             return true;
         pieces_.pop_back();
-        ground_ = under.look();
+        ground_ = seen;
         return false;
     }
 
