@@ -26,6 +26,10 @@ FontManager::Program FontManager::findFont(const Core::SmartPtr<Drawing::Font>& 
     return registry().find(*font);
 }
 
+FontManager::Program FontManager::findFamily(const Core::SmartPtr<Drawing::Font>& font) {
+    return registry().findFamily(*font);
+}
+
 FontManager::Program FontManager::findFontFor(char32_t character,
                                               const Core::SmartPtr<Drawing::Font>& font) {
     return registry().findFor(character, *font);

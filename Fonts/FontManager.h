@@ -30,6 +30,8 @@ public:
     static Program getFont(const Core::SmartPtr<Drawing::Font>& font);
     /// Null if nothing fits.
     static Program findFont(const Core::SmartPtr<Drawing::Font>& font);
+    /// The same without the last step: null if nobody knows the family.
+    static Program findFamily(const Core::SmartPtr<Drawing::Font>& font);
     /// A font with a glyph for `character`: the one of the description if it has it, else a
     /// registered one, else the installed one nearest to the description, else Symbol or
     /// ZapfDingbats. Null if there is none.

@@ -62,6 +62,11 @@ FontRegistry::Program FontRegistry::find(const Drawing::Font& font) {
     return findLocked(font);
 }
 
+FontRegistry::Program FontRegistry::findFamily(const Drawing::Font& font) {
+    const std::scoped_lock lock(lock_);
+    return searchFamily(font);
+}
+
 FontRegistry::Program FontRegistry::findFor(char32_t character, const Drawing::Font& font) {
     const std::scoped_lock lock(lock_);
     const auto key = std::pair(character, font.getHashKey());
@@ -96,15 +101,18 @@ FontRegistry::Program FontRegistry::findLocked(const Drawing::Font& font) {
 }
 
 FontRegistry::Program FontRegistry::search(const Drawing::Font& font) {
+    auto program = searchFamily(font);
+    return program ? program : standIn(font);
+}
+
+FontRegistry::Program FontRegistry::searchFamily(const Drawing::Font& font) {
     if (auto program = registered(font, false))
         return program;
     if (auto program = standardFont(font))
         return program;
     if (auto program = installed(font))
         return program;
-    if (auto program = registered(font, true))
-        return program;
-    return standIn(font);
+    return registered(font, true);
 }
 
 /// The registration nearest in style; the latest of several alike.

@@ -33,6 +33,7 @@ public:
     Program open(const std::string& fileName, std::uint32_t faceIndex);
     /// Null if no font fits.
     Program find(const Drawing::Font& font);
+    Program findFamily(const Drawing::Font& font);
     Program findFor(char32_t character, const Drawing::Font& font);
     /// Whatever its family; null if none is installed.
     Program findInstalled(const Drawing::Font& font);
@@ -41,6 +42,7 @@ private:
     Program openLocked(const std::string& fileName, std::uint32_t faceIndex);
     Program findLocked(const Drawing::Font& font);
     [[nodiscard]] Program search(const Drawing::Font& font);
+    [[nodiscard]] Program searchFamily(const Drawing::Font& font);
     [[nodiscard]] Program registered(const Drawing::Font& font, bool anyStyle) const;
     [[nodiscard]] Program installed(const Drawing::Font& font);
     [[nodiscard]] Program openCandidate(const SystemFonts::Candidate& candidate);

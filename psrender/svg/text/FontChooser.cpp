@@ -32,6 +32,13 @@ bool isGeneric(std::string_view family) {
                                [&](const char* name) { return equalsIgnoringCase(name, family); });
 }
 
+/// Families whose glyphs are as wide as those of Helvetica, Times and Courier.
+bool isOfStandardMeasure(std::string_view family) {
+    constexpr std::array names{"Arial", "Times New Roman", "Courier New"};
+    return std::ranges::any_of(names,
+                               [&](const char* name) { return equalsIgnoringCase(name, family); });
+}
+
 /// A font that was not found by its family is given its own name, by which the back end finds it
 /// again.
 void giveName(ChosenFont& font) {
@@ -56,17 +63,31 @@ FontChooser::FontList& FontChooser::listFor(const TextStyle& style) {
     FontList& list = entry->second;
     if (!isNew)
         return list;
-    for (std::string_view families = style.families; !trimmed(families).empty();)
-        add(takeFamily(families), style, list);
-    if (list.fonts.empty())
-        add("sans-serif", style, list);
+    std::string_view families = style.families;
+    const std::string_view first = takeFamily(families);
+    for (families = style.families; !trimmed(families).empty();)
+        addKnown(takeFamily(families), style, list);
+    for (const std::string_view family : {first, std::string_view("sans-serif")})
+        if (list.fonts.empty())
+            addPreferred(family, style, list);
     return list;
 }
 
-void FontChooser::add(std::string_view family, const TextStyle& style, FontList& list) {
+void FontChooser::addKnown(std::string_view family, const TextStyle& style, FontList& list) {
+    if (isGeneric(family)) {
+        addPreferred(family, style, list);
+        return;
+    }
     ChosenFont font{Core::String(family), style.weight, style.slant, nullptr};
-    if (isGeneric(family))
-        font.program = FontManager::findInstalledFont(font.ofSize(1));
+    font.program = isOfStandardMeasure(family) ? FontManager::findFont(font.ofSize(1))
+                                               : FontManager::findFamily(font.ofSize(1));
+    if (font.program)
+        list.fonts.push_back(std::make_unique<const ChosenFont>(std::move(font)));
+}
+
+void FontChooser::addPreferred(std::string_view family, const TextStyle& style, FontList& list) {
+    ChosenFont font{Core::String(family), style.weight, style.slant, nullptr};
+    font.program = FontManager::findInstalledFont(font.ofSize(1));
     if (font.program)
         giveName(font);
     else

@@ -31,8 +31,9 @@ struct ChosenFont {
 };
 
 /// Finds the font for each character of a text: the first of the families asked for that has it,
-/// else any font that has. For a generic family it is the one that the system prefers, so that a
-/// page looks as on a screen, and a standard font where none is installed.
+/// else any font that has. For a generic family, and where nobody knows any of the families, it is
+/// the one that the system prefers, so that a page looks as on a screen, and a standard font where
+/// none is installed. Families that the standard fonts were made to the measure of are those.
 class FontChooser {
 public:
     /// Never null and valid as long as the chooser. A character that no font has gets the first
@@ -47,7 +48,8 @@ private:
     using StyleKey = std::tuple<std::string, int, Drawing::FontSlant>;
 
     FontList& listFor(const TextStyle& style);
-    static void add(std::string_view family, const TextStyle& style, FontList& list);
+    static void addKnown(std::string_view family, const TextStyle& style, FontList& list);
+    static void addPreferred(std::string_view family, const TextStyle& style, FontList& list);
     static const ChosenFont* search(FontList& list, char32_t character);
     static std::unique_ptr<const ChosenFont> substitute(const ChosenFont& wanted,
                                                         char32_t character);
