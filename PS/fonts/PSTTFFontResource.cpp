@@ -15,6 +15,7 @@ using Fonts::FontProgram;
 namespace {
 
 constexpr int kBlock = 256;
+constexpr std::size_t kUsualGlyph = 16;  // bytes of a glyph and its move
 
 /// The block's byte: "00" and the block in decimal, a valid octal escape up to block 7.
 void appendBlock(int block, std::string& out) {
@@ -46,7 +47,8 @@ void appendByte(int byte, std::string& out) {
 
 PSTTFFontResource::PSTTFFontResource(const Font& font, Core::SmartPtr<FontProgram> program,
                                      Core::String family, bool kernText)
-    : PSFontResource(font, std::move(program), std::move(family), kernText) {}
+    : PSFontResource(font, std::move(program), std::move(family), kernText),
+      moves(std::make_unique<NumberTexts>()) {}
 
 PSTTFFontResource::~PSTTFFontResource() = default;
 
@@ -79,8 +81,10 @@ void PSTTFFontResource::writeText(const Core::SmartPtr<Core::IO::Stream>& stream
                                   const Core::String& text, float fontSize, float spacing) {
     for (const FontProgram::GlyphId glyph : fontProgram->mapGlyphs({text, 0}))
         use(glyph);
-    const KernedPieces pieces{*fontProgram, fontSize, spacing};
-    std::string operand = kerning ? "[" : "(";
+    const KernedPieces pieces{*fontProgram, fontSize, spacing, *moves};
+    std::string operand;
+    operand.reserve(kUsualGlyph * text.length());
+    operand += kerning ? '[' : '(';
     Fonts::FontScriptIterator runs(text, 0);
     for (Fonts::FontScript run; runs.next(run);) {
         const std::vector<FontProgram::GlyphId> glyphs = fontProgram->mapGlyphs(run);

@@ -5,9 +5,12 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <set>
 
 namespace Drawing::PS {
+
+class NumberTexts;
 
 /// A TrueType font as a Type 0 font over Type 42 fonts of 256 glyphs each (PLRM 5.10, 5.8): text
 /// is written in two-byte codes, block and glyph within the block, so one resource shows every
@@ -37,6 +40,7 @@ private:
 
     std::set<std::int32_t> usedGlyphs;             ///< a missing glyph counts as -1
     std::array<bool, kQuickGlyphs> quickGlyphs{};  ///< whether a low glyph is in the set
+    std::unique_ptr<NumberTexts> moves;
 };
 
 }  // namespace Drawing::PS

@@ -10,13 +10,14 @@ namespace Drawing::PS {
 PSType1FontResource::PSType1FontResource(const Font& font,
                                          Core::SmartPtr<Fonts::FontProgram> program,
                                          Core::String family, bool kernText)
-    : PSOneByteFontResource(font, std::move(program), std::move(family), kernText) {}
+    : PSOneByteFontResource(font, std::move(program), std::move(family), kernText),
+      moves(std::make_unique<NumberTexts>()) {}
 
 PSType1FontResource::~PSType1FontResource() = default;
 
 void PSType1FontResource::writeText(const Core::SmartPtr<Core::IO::Stream>& stream,
                                     const Core::String& text, float fontSize, float spacing) {
-    const KernedPieces pieces{*fontProgram, fontSize, spacing};
+    const KernedPieces pieces{*fontProgram, fontSize, spacing, *moves};
     std::string operand = kerning ? "[" : "(";
     for (const auto& [run, glyphs] : mapText(text)) {
         for (std::size_t i = 0; i < glyphs.size(); ++i) {

@@ -2,7 +2,11 @@
 
 #include "PS/fonts/PSOneByteFontResource.h"
 
+#include <memory>
+
 namespace Drawing::PS {
+
+class NumberTexts;
 
 /// A Type 1 program carried by the document: its header rewritten so that the font is defined
 /// under the resource's name with the document's codes, its encrypted part in hexadecimal.
@@ -17,6 +21,9 @@ public:
     void writeText(const Core::SmartPtr<Core::IO::Stream>& stream, const Core::String& text,
                    float fontSize, float spacing) override;
     [[nodiscard]] int getKind() const override { return type1; }
+
+private:
+    std::unique_ptr<NumberTexts> moves;
 };
 
 }  // namespace Drawing::PS

@@ -12,7 +12,7 @@ void KernedPieces::appendMove(const Fonts::FontScript& run,
         return;
     const bool mark = index < run.text.length() && Fonts::UnicodeRanges::isMark(run.text[index]);
     if (const auto kern = program.getKerning(glyphs[index - 1], glyphs[index], mark))
-        appendNumber(double{spacing} - *kern * double{fontSize} / 1000, out);
+        moves.append(double{spacing} - *kern * double{fontSize} / 1000, out);
     else if (spacing != 0)
         appendNumber(spacing, out);
 }

@@ -2,6 +2,7 @@
 
 #include "Fonts/FontProgram.h"
 #include "Fonts/FontScript.h"
+#include "PS/internal/NumberTexts.h"
 
 #include <cstddef>
 #include <string>
@@ -14,6 +15,7 @@ struct KernedPieces {
     const Fonts::FontProgram& program;
     float fontSize;
     float spacing;  ///< user units
+    NumberTexts& moves;
 
     /// Appends the move before the glyph at `index`: spacing less the pair's kerning, spacing
     /// alone if it is not 0, or nothing. There is none before the first glyph of a run.
