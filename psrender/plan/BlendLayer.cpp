@@ -129,12 +129,12 @@ private:
             return true;
         if (rest_)
             common = hiding.cut({self.polygons()}, &work);
-        const bool staysWhole = under.isKnown() && !under.isText();
-        const bool isInside = self.find(under.box()) == Place::inside;
-        if (isInside || (common && coversAll(*common, hiding.polygons())))
+        const bool isWhole = self.find(under.box()) == Place::inside ||
+                             (common && coversAll(*common, hiding.polygons()));
+        if (isWhole)
             hidden_.push_back(index_);
         Look seen = under.look();
-        if (staysWhole && isInside)
+        if (under.isKnown() && isWhole)
             addPiece(under.with(over(area_.look(), seen)));
         else if (common && !common->empty()) {
             const ClipRegion region(std::move(*common));

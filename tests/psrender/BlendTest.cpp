@@ -87,6 +87,10 @@ TEST(Blending, LetsTextShowThrough) {
     const std::string text = "<text x='0' y='90' font-size='120' font-family='Helvetica'>I</text>";
     expectColors(text + "<rect width='100' height='100' fill='#f00' opacity='.5'/>",
                  {{17, 50, {128, 0, 0}}, {60, 50, {255, 128, 128}}});
+    EXPECT_NE(std::string::npos,
+              psrender::tests::script(text + "<rect width='100' height='100' opacity='.5'/>")
+                  .find("/Helvetica"))
+        << "and stays text";
     expectColors("<rect width='100' height='40' fill='#f00'/><g opacity='.5'>" + text + "</g>",
                  {{17, 20, {128, 0, 0}}, {17, 70, {128, 128, 128}}, {60, 20, {255, 0, 0}}});
 }
