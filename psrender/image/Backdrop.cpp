@@ -17,9 +17,11 @@ struct Between {
     double share;
 };
 
+/// What is no number counts as the start.
 Between spotsAt(double place, std::size_t count) {
     const auto last = static_cast<double>(count - 1);
-    const double spot = std::clamp(place * static_cast<double>(count) - 0.5, 0.0, last);
+    const double wanted = place * static_cast<double>(count) - 0.5;
+    const double spot = wanted > 0 ? std::min(wanted, last) : 0;
     const auto first = static_cast<std::size_t>(spot);
     return {first, std::min(first + 1, count - 1), spot - std::floor(spot)};
 }

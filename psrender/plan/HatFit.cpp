@@ -16,8 +16,9 @@ struct Spot {
     double share;  ///< of the way to the next one
 };
 
+/// What is no number counts as the start.
 Spot spotOf(double position) {
-    const double steps = std::clamp(position, 0.0, 1.0) * kSegments;
+    const double steps = position > 0 ? std::min(position, 1.0) * kSegments : 0;
     const double knot = std::min(std::floor(steps), kSegments - 1);
     return {static_cast<std::size_t>(knot), steps - knot};
 }
