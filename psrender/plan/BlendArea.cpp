@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <utility>
 
 namespace psrender::plan {
@@ -90,14 +89,6 @@ Paint inBands(const Paint& paint, const Rect& box) {
     result.kind = result.pattern ? Paint::Kind::pattern : Paint::Kind::solid;
     result.gradient = nullptr;
     return result;
-}
-
-Color colorAt(const Look& look, scene::Point onPage) {
-    const Sample sample = look.at(onPage);
-    const auto level = [&](std::size_t part) {
-        return static_cast<std::uint8_t>(std::lround(std::clamp(sample[part], 0.0, 255.0)));
-    };
-    return {level(0), level(1), level(2)};
 }
 
 std::optional<Shape> shapeOf(const Item& item) {
@@ -212,14 +203,14 @@ Item BlendArea::solidItem(const Color& color) const {
 Item BlendArea::wholeItem(const Paint& paint) const {
     auto shape = shapeOf(item_);
     if (!shape)
-        return solidItem(colorAt(look_, middle()));
+        return solidItem(colorOf(look_.at(middle())));
     paintOf(*shape) = moved(paint, shape->transform.inverse());
     return std::move(*shape);
 }
 
 std::vector<Item> BlendArea::patches(BlendBudget& budget) const {
     if (!BlendBudget::spend(budget.gradients, 1) || !budget.hasGradients())
-        return {solidItem(colorAt(look_, middle()))};
+        return {solidItem(colorOf(look_.at(middle())))};
     if (const PageGradient* gradient = look_.gradient())
         return {wholeItem(paintOf(*gradient))};
     if (region() == nullptr)

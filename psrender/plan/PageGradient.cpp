@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <tuple>
 #include <utility>
 
@@ -38,6 +39,13 @@ double withinPeriod(double t, scene::Spread spread) {
 
 Sample sampleOf(const scene::Color& color, double alpha) {
     return {color.red * alpha, color.green * alpha, color.blue * alpha, alpha};
+}
+
+scene::Color colorOf(const Sample& sample) {
+    const auto level = [](double value) {
+        return static_cast<std::uint8_t>(std::lround(std::clamp(value, 0.0, 255.0)));
+    };
+    return {level(sample[0]), level(sample[1]), level(sample[2])};
 }
 
 PageGradient::PageGradient(Gradient gradient)

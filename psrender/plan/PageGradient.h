@@ -12,6 +12,8 @@ namespace psrender::plan {
 using Sample = std::array<double, 4>;
 
 Sample sampleOf(const scene::Color& color, double alpha);
+/// The colour of an opaque sample.
+scene::Color colorOf(const Sample& sample);
 
 /// A gradient on the page, ready to be asked for its colours.
 class PageGradient {

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 
 namespace psrender::plan {
 
@@ -21,13 +20,6 @@ constexpr double kMostSpots = 128;  // to a side
 
 std::size_t spotsFor(double points) {
     return static_cast<std::size_t>(std::clamp(std::ceil(points), 1.0, kMostSpots));
-}
-
-Color colorOf(const Sample& sample) {
-    const auto level = [](double value) {
-        return static_cast<std::uint8_t>(std::lround(std::clamp(value, 0.0, 255.0)));
-    };
-    return {level(sample[0]), level(sample[1]), level(sample[2])};
 }
 
 }  // namespace
