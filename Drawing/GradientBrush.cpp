@@ -19,8 +19,15 @@ LinearGradientBrush::~LinearGradientBrush() = default;
 RadialGradientBrush::RadialGradientBrush(XPointF centre, float firstRadius, float secondRadius,
                                          Core::Vector<StopPoint> stops, const Matrix& matrix,
                                          float opacity)
+    : RadialGradientBrush(centre, firstRadius, centre, secondRadius, std::move(stops), matrix,
+                          opacity) {}
+
+RadialGradientBrush::RadialGradientBrush(XPointF firstCentre, float firstRadius, XPointF centre,
+                                         float secondRadius, Core::Vector<StopPoint> stops,
+                                         const Matrix& matrix, float opacity)
     : GradientBrush({centre.x, centre.y, firstRadius, secondRadius}, std::move(stops), matrix,
-                    opacity) {}
+                    opacity),
+      firstCentre_(firstCentre) {}
 
 RadialGradientBrush::~RadialGradientBrush() = default;
 

@@ -4,4 +4,8 @@ namespace Drawing {
 
 Image::~Image() = default;
 
+bool Image::isInterpolated() const {
+    return false;
+}
+
 }  // namespace Drawing

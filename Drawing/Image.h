@@ -40,6 +40,10 @@ public:
     /// One byte a pixel, 0 (transparent) to 255 (opaque); empty for an image without alpha.
     [[nodiscard]] virtual Core::ByteArray getAlphaBytes(int selector) const = 0;
 
+    /// Whether pixels that are enlarged run into each other instead of showing as squares. Back
+    /// ends without a choice take no notice.
+    [[nodiscard]] virtual bool isInterpolated() const;
+
 protected:
     explicit Image(Core::String hashKey) : hashKey_(std::move(hashKey)) {}
 

@@ -10,6 +10,9 @@
 
 namespace Drawing {
 
+/// What lies inside a path (PLRM 4.5.2).
+enum class FillRule : std::int32_t { evenOdd = 0, nonZero = 1 };
+
 /// Lines and curves in user space, in the order in which they are drawn.
 class DRAWING_API Path : public Core::Object {
 public:
@@ -26,6 +29,11 @@ public:
     /// Makes room for `count` steps in all.
     void reserve(std::size_t count);
 
+    /// What is inside when the path is filled or clips: the non-zero rule at first. Back ends that
+    /// have one rule only take no notice.
+    void setFillRule(FillRule rule) { fillRule_ = rule; }
+    [[nodiscard]] FillRule getFillRule() const { return fillRule_; }
+
     [[nodiscard]] std::uint64_t getCommandCount() const { return commands_.size(); }
     /// The step at `index`, which must be below the count.
     [[nodiscard]] const PathCommand& getCommandAt(std::uint64_t index) const {
@@ -34,6 +42,7 @@ public:
 
 private:
     std::vector<PathCommand> commands_;
+    FillRule fillRule_ = FillRule::nonZero;
 };
 
 }  // namespace Drawing

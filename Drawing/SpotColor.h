@@ -32,11 +32,12 @@ private:
     Core::SmartPtr<CMYKColor> cmyk_;
 };
 
-/// A named ink at full strength (PLRM 4.8.4, Separation spaces).
+/// A named ink at some strength (PLRM 4.8.4, Separation spaces).
 class DRAWING_API SpotColor : public Color {
 public:
-    SpotColor(Core::String name, Core::SmartPtr<ColorSubstitute> substitute)
-        : name_(std::move(name)), substitute_(std::move(substitute)) {}
+    /// `tint` from 0 (no ink) to 1; back ends that know full strength only take no notice of it.
+    SpotColor(Core::String name, Core::SmartPtr<ColorSubstitute> substitute, double tint = 1)
+        : name_(std::move(name)), substitute_(std::move(substitute)), tint_(tint) {}
     ~SpotColor() override;
 
     [[nodiscard]] ColorType getColorType() const override { return ColorType::spot; }
@@ -44,10 +45,12 @@ public:
     [[nodiscard]] const Core::SmartPtr<ColorSubstitute>& getColorSubstitute() const {
         return substitute_;
     }
+    [[nodiscard]] double getTint() const { return tint_; }
 
 private:
     Core::String name_;
     Core::SmartPtr<ColorSubstitute> substitute_;
+    double tint_;
 };
 
 }  // namespace Drawing

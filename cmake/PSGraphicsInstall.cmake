@@ -2,7 +2,7 @@
 # include/psgraphics, the command-line host, a CMake package and a pkg-config file.
 include(CMakePackageConfigHelpers)
 
-set(libraries Core Drawing ZipLib Fonts PS)
+set(libraries Core Drawing ZipLib Fonts PS Print)
 set(header_folder ${CMAKE_INSTALL_INCLUDEDIR}/psgraphics)
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/PSGraphics)
 
@@ -45,7 +45,7 @@ install(FILES ${PROJECT_BINARY_DIR}/PSGraphicsConfig.cmake
 
 # The archives in the order in which a linker wants them: users before what they use.
 set(link_flags "")
-foreach(library PS Fonts Drawing ZipLib Core)
+foreach(library Print PS Fonts Drawing ZipLib Core)
   string(APPEND link_flags " -lpsgraphics-${library}")
 endforeach()
 file(RELATIVE_PATH prefix_from_pc_file /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
