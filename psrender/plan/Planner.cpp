@@ -1,14 +1,14 @@
 #include "psrender/plan/Planner.h"
 
-#include "psrender/plan/BlendStage.h"
-#include "psrender/plan/ClipStage.h"
-#include "psrender/plan/GradientStage.h"
-#include "psrender/plan/PatternStage.h"
-#include "psrender/plan/PictureStage.h"
 #include "psrender/plan/PlacementStage.h"
-#include "psrender/plan/Reach.h"
-#include "psrender/plan/ShapeStage.h"
 #include "psrender/plan/TextStage.h"
+#include "psrender/plan/blend/BlendStage.h"
+#include "psrender/plan/blend/ShapeStage.h"
+#include "psrender/plan/clip/ClipStage.h"
+#include "psrender/plan/geometry/Reach.h"
+#include "psrender/plan/gradient/GradientStage.h"
+#include "psrender/plan/pattern/PatternStage.h"
+#include "psrender/plan/picture/PictureStage.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "psrender/Warnings.h"
-#include "psrender/plan/NativeGradients.h"
+#include "psrender/plan/gradient/NativeGradients.h"
 #include "psrender/scene/DisplayList.h"
 
 #include <cstdint>

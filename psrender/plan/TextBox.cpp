@@ -1,6 +1,6 @@
 #include "psrender/plan/TextBox.h"
 
-#include "psrender/plan/Boxes.h"
+#include "psrender/plan/geometry/Boxes.h"
 
 namespace psrender::plan {
 

@@ -1,6 +1,6 @@
 #include "psrender/image/Backdrop.h"
-#include "psrender/plan/LookFit.h"
-#include "psrender/plan/Patchwork.h"
+#include "psrender/plan/blend/LookFit.h"
+#include "psrender/plan/blend/Patchwork.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
 #include "psrender/plan/Planner.h"
-#include "psrender/plan/Polyline.h"
+#include "psrender/plan/geometry/Polyline.h"
 
 #include <gmock/gmock.h>
 
