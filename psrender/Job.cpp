@@ -1,6 +1,6 @@
 #include "psrender/Job.h"
 
-#include "PS/PSDocument.h"
+#include "Print/PrintDocument.h"
 #include "psrender/InputError.h"
 #include "psrender/InputFile.h"
 #include "psrender/OutputFile.h"
@@ -42,7 +42,7 @@ public:
     explicit Job(const JobRequest& request)
         : request_(request),
           output_(outputOf(request)),
-          document_(Core::makeObject<Drawing::PS::PSDocument>(output_.stream().get(), true)),
+          document_(Core::makeObject<Drawing::Print::PrintDocument>(output_.stream().get())),
           reader_(request.mostPixels),
           planner_({request.mostDotsPerInch, request.opacity}),
           painter_(*document_),
@@ -127,7 +127,7 @@ private:
 
     const JobRequest& request_;
     OutputFile output_;
-    Core::SmartPtr<Drawing::PS::PSDocument> document_;
+    Core::SmartPtr<Drawing::Print::PrintDocument> document_;
     PageReader reader_;
     plan::Planner planner_;
     paint::Painter painter_;

@@ -96,12 +96,9 @@ std::optional<scene::Paint> SceneBuilder::paintOfPattern(pugi::xml_node pattern,
     targets_.push_back(holder);
     result->content = placed(symbolOfPattern(holder, measures, place.depth), *contentMap);
     targets_.pop_back();
-    scene::Paint paint;
-    if (!result->content->items.empty()) {
-        paint.kind = scene::Paint::Kind::pattern;
-        paint.pattern = std::move(result);
-    }
-    return paint;
+    if (result->content->items.empty())
+        return scene::Paint();
+    return scene::Paint{std::shared_ptr<const scene::Pattern>(std::move(result))};
 }
 
 /// A pattern's content inherits from where the pattern stands.

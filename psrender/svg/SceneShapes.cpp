@@ -14,7 +14,6 @@
 namespace psrender::svg {
 
 using scene::Affine;
-using scene::Paint;
 using scene::Shape;
 using scene::StrokeStyle;
 
@@ -118,7 +117,7 @@ Shape SceneBuilder::painted(const PaintPlace& place, const Surroundings& inside)
     shape.fillRule = style.fillRule;
     if (style.strokeWidth.value > 0)
         shape.stroke = paints_.resolve(style.stroke, style.strokeOpacity, style.color, place);
-    if (shape.stroke.kind != Paint::Kind::none)
+    if (isPainted(shape.stroke))
         shape.strokeStyle = resolveStroke(style, inside.measures);
     return shape;
 }
@@ -126,7 +125,7 @@ Shape SceneBuilder::painted(const PaintPlace& place, const Surroundings& inside)
 void SceneBuilder::addShape(Shape shape, pugi::xml_node element) {
     if (!hasInside(*shape.outline))
         shape.fill = {};
-    if (shape.fill.kind == Paint::Kind::none && shape.stroke.kind == Paint::Kind::none)
+    if (!isPainted(shape.fill) && !isPainted(shape.stroke))
         return;
     if (!items_.add(std::move(shape)))
         failOfSize(element);

@@ -15,7 +15,6 @@
 namespace psrender::svg {
 
 using scene::Affine;
-using scene::Paint;
 using scene::Rect;
 using scene::Shape;
 
@@ -165,7 +164,7 @@ void SceneBuilder::drawRun(const LaidRun& run, const TextSpan& span, const Paint
         text.fill.opacity *= span.style.opacity;
         text.stroke.opacity *= span.style.opacity;
     }
-    if (text.fill.kind == Paint::Kind::none && text.stroke.kind == Paint::Kind::none)
+    if (!isPainted(text.fill) && !isPainted(text.stroke))
         return;
     if (!items_.add(std::move(text)))
         failOfSize(span.element);

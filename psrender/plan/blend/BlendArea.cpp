@@ -1,20 +1,15 @@
 #include "psrender/plan/blend/BlendArea.h"
 
-#include "psrender/plan/TextBox.h"
 #include "psrender/plan/TextOutlines.h"
-#include "psrender/plan/blend/LookFit.h"
-#include "psrender/plan/blend/Patchwork.h"
-#include "psrender/plan/geometry/Boxes.h"
-#include "psrender/plan/geometry/Seen.h"
-#include "psrender/plan/gradient/GradientTile.h"
+#include "psrender/plan/blend/FieldSampling.h"
+#include "psrender/plan/geometry/ItemBox.h"
+#include "psrender/plan/geometry/Silhouette.h"
+#include "psrender/plan/picture/TintedPicture.h"
 
-#include <algorithm>
-#include <array>
 #include <utility>
 
 namespace psrender::plan {
 
-using scene::Color;
 using scene::Item;
 using scene::Paint;
 using scene::Picture;
@@ -24,43 +19,31 @@ using scene::Text;
 
 namespace {
 
-/// Shapes and texts are painted alike.
-template <class Painted>
-auto& paintOf(Painted& item) {
-    return isPainted(item.fill) ? item.fill : item.stroke;
+constexpr Tint kClear{{}, 0};
+
+Appearance appearanceOf(const Paint& paint, const scene::Affine& toPage) {
+    if (const scene::Color* color = paint.color())
+        return Appearance(Tint{*color, paint.opacity});
+    const Paint onPage = moved(paint, toPage);
+    if (onPage.pattern() != nullptr)
+        return Appearance(patternLayer({onPage.source})).faded(paint.opacity);
+    if (onPage.gradient() == nullptr || !onPage.gradient()->transform.isInvertible())
+        return Appearance(kClear);
+    return Appearance(gradientLayer(PageGradient(*onPage.gradient()))).faded(paint.opacity);
 }
 
-/// The average colour of the first shapes of a pattern.
-Tint averageOf(const Paint& paint) {
-    constexpr std::size_t kMost = 1000;
-    const auto& items = paint.pattern->content->items;
-    std::array<std::size_t, 3> sum{};
-    std::size_t count = 0;
-    for (std::size_t i = 0; i < std::min(kMost, items.size()); ++i)
-        if (const auto* shape = std::get_if<Shape>(&items[i])) {
-            const Color& color = paintOf(*shape).color;
-            sum[0] += color.red;
-            sum[1] += color.green;
-            sum[2] += color.blue;
-            ++count;
-        }
-    const auto average = [&](std::size_t part) {
-        return count == 0 ? std::uint8_t{255} : static_cast<std::uint8_t>(sum[part] / count);
-    };
-    return {{average(0), average(1), average(2)}, paint.opacity};
-}
-
-Look lookOf(const Paint& paint, const scene::Affine& toPage) {
-    if (paint.kind == Paint::Kind::pattern)
-        return Look(averageOf(paint));
-    if (paint.kind != Paint::Kind::gradient)
-        return Look(Tint{paint.color, paint.opacity});
-    scene::Gradient gradient = *paint.gradient;
-    gradient.transform = toPage * gradient.transform;
-    if (!hasInverse(gradient.transform))
-        return Look(Tint{{}, 0});
-    return Look(PageGradient(std::move(gradient))).faded(paint.opacity);
-}
+struct AppearanceFinder {
+    template <class Painted>
+    Appearance operator()(const Painted& item) const {
+        return appearanceOf(paintOf(item), item.transform);
+    }
+    Appearance operator()(const Picture& picture) const {
+        return Appearance(pictureLayer(picture));
+    }
+    Appearance operator()(const scene::Placement& /*symbol*/) const { return Appearance(kClear); }
+    Appearance operator()(const scene::BeginGroup& /*group*/) const { return Appearance(kClear); }
+    Appearance operator()(const scene::EndGroup& /*end*/) const { return Appearance(kClear); }
+};
 
 template <class Painted>
 void addParts(const Painted& item, std::vector<Item>& parts) {
@@ -72,43 +55,24 @@ void addParts(const Painted& item, std::vector<Item>& parts) {
         }
 }
 
-Paint paintOf(const PageGradient& gradient) {
-    Paint paint;
-    paint.kind = Paint::Kind::gradient;
-    paint.gradient = std::make_shared<const scene::Gradient>(gradient.gradient());
-    return paint;
-}
-
-/// Patches are many, and their colours close to the look only: fewer bands are as good.
-Paint inBands(const Paint& paint, const Rect& box) {
-    constexpr double levels = 4;
-    if (paint.kind != Paint::Kind::gradient)
-        return paint;
-    Paint result = paint;
-    result.pattern = GradientTiles().tileFor(*paint.gradient, box, {}, levels);
-    result.kind = result.pattern ? Paint::Kind::pattern : Paint::Kind::solid;
-    result.gradient = nullptr;
-    return result;
-}
-
+/// The outline that an item covers: that of its glyphs, or the border of a picture.
 std::optional<Shape> shapeOf(const Item& item) {
     if (const auto* text = std::get_if<Text>(&item))
         return outlinesOf(*text);
-    const auto* shape = std::get_if<Shape>(&item);
-    return shape != nullptr ? std::optional(*shape) : std::nullopt;
-}
-
-std::optional<Rect> boxOf(const Item& item) {
     if (const auto* shape = std::get_if<Shape>(&item))
-        return shape->transform.determinant() == 0 ? std::nullopt : paintedBox(*shape);
-    if (const auto* text = std::get_if<Text>(&item))
-        return textBox(*text);
-    return mappedBox({0, 0, 1, 1}, std::get<Picture>(item).transform);
+        return *shape;
+    Shape border;
+    border.outline =
+        std::make_shared<const scene::Outline>(scene::Outline::rectangle({0, 0, 1, 1}));
+    border.fill = {scene::Color()};
+    border.transform = std::get<Picture>(item).transform;
+    return border;
 }
 
 }  // namespace
 
-std::vector<BlendArea> BlendArea::areasOf(const Item& item) {
+std::vector<BlendArea> BlendArea::areasOf(const Item& item, const ChainPtr& clips,
+                                          Budget& budget) {
     std::vector<Item> parts;
     if (const auto* shape = std::get_if<Shape>(&item))
         addParts(*shape, parts);
@@ -116,116 +80,120 @@ std::vector<BlendArea> BlendArea::areasOf(const Item& item) {
         addParts(*text, parts);
     else if (std::holds_alternative<Picture>(item))
         parts.push_back(item);
+    const ClipRegion* clip = clips->region(budget);
     std::vector<BlendArea> areas;
-    for (Item& part : parts)
-        if (const auto box = boxOf(part); box && contains(*box, *box))
-            areas.push_back(BlendArea(std::move(part), *box));
+    for (Item& part : parts) {
+        auto box = boxOf(part);
+        if (box && box->contains(*box) && clip != nullptr)
+            box = box->common(clip->box());
+        const bool isThere = box && box->contains(*box);
+        const bool isFlat = std::visit(
+            [](const auto& it) {
+                if constexpr (requires { it.transform; })
+                    return it.transform.determinant() == 0;
+                return false;
+            },
+            part);
+        if (isThere && !isFlat)
+            areas.push_back(BlendArea(std::move(part), *box, clips));
+    }
     return areas;
 }
 
-BlendArea::BlendArea(Item item, const Rect& box)
-    : item_(std::move(item)), box_(box), look_(Tint()) {
-    if (const auto* picture = std::get_if<Picture>(&item_)) {
-        look_ = Look(PageRaster(*picture));
-        isKnown_ = false;
-        return;
-    }
+BlendArea::BlendArea(Item item, const Rect& box, ChainPtr clips)
+    : item_(std::move(item)),
+      chain_(std::move(clips)),
+      box_(box),
+      appearance_(std::visit(AppearanceFinder(), item_)) {
     const auto* shape = std::get_if<Shape>(&item_);
-    const Paint& paint = shape != nullptr ? paintOf(*shape) : paintOf(std::get<Text>(item_));
-    look_ = lookOf(paint, shape != nullptr ? shape->transform : std::get<Text>(item_).transform);
-    isKnown_ = paint.kind != Paint::Kind::pattern;
+    const auto* text = std::get_if<Text>(&item_);
+    hasGaps_ = (shape != nullptr && paintOf(*shape).pattern() != nullptr) ||
+               (text != nullptr && paintOf(*text).pattern() != nullptr);
 }
 
-BlendArea::BlendArea(Polygons polygons, Look look) : look_(std::move(look)), isRegionKnown_(true) {
+BlendArea::BlendArea(Polygons polygons, Appearance appearance)
+    : chain_(std::make_shared<const ClipChain>(Clips())),
+      appearance_(std::move(appearance)),
+      isRegionKnown_(true) {
     Shape shape;
-    shape.outline = std::make_shared<const scene::Outline>(outlineOf(polygons));
-    shape.fill.kind = Paint::Kind::solid;
+    shape.outline = std::make_shared<const scene::Outline>(polygons.outline());
+    shape.fill = {scene::Color()};
     item_ = std::move(shape);
     region_ = std::make_shared<const ClipRegion>(std::move(polygons));
     box_ = region_->box();
 }
 
-scene::Point BlendArea::middle() const {
-    return {box_.x + box_.width / 2, box_.y + box_.height / 2};
+const Picture* BlendArea::picture() const {
+    const auto tinted = appearance_.tinted();
+    return tinted && tinted->tint.alpha == 0 ? std::get_if<Picture>(&item_) : nullptr;
 }
 
-const ClipRegion* BlendArea::region() const {
-    if (isRegionKnown_)
-        return region_.get();
-    isRegionKnown_ = true;
-    if (std::holds_alternative<Picture>(item_))
-        region_ = std::make_shared<const ClipRegion>(box_);
-    const auto shape = shapeOf(item_);
-    if (!shape)
-        return region_.get();
-    auto area = isPainted(shape->fill) ? fillOf(*shape) : strokeOf(*shape, box_);
-    auto simple = area ? simplify(std::move(area->polygons), area->rule) : std::nullopt;
-    if (simple)
-        region_ = std::make_shared<const ClipRegion>(std::move(*simple));
+const ClipRegion* BlendArea::region(Budget& budget) const {
+    if (!std::exchange(isRegionKnown_, true))
+        if (auto region = findRegion(budget))
+            region_ = std::make_shared<const ClipRegion>(std::move(*region));
     return region_.get();
 }
 
-BlendArea BlendArea::with(const Look& look) const {
+std::optional<ClipRegion> BlendArea::findRegion(Budget& budget) const {
+    const auto shape = shapeOf(item_);
+    if (!shape)
+        return std::nullopt;
+    auto area = isPainted(shape->fill) ? fillArea(*shape, budget)
+                                       : strokeArea(*shape, box_, budget);
+    const ClipRegion* clip = chain_->region(budget);
+    if (area && clip != nullptr && clip->find(area->box().value_or(box_)) != ClipRegion::Place::inside)
+        area = area->common(clip->polygons(), budget);
+    return area ? std::optional(ClipRegion(std::move(*area))) : std::nullopt;
+}
+
+BlendArea BlendArea::with(Appearance appearance) const {
     BlendArea other = *this;
-    other.look_ = look;
+    other.appearance_ = std::move(appearance);
     return other;
 }
 
-std::vector<Item> BlendArea::items(BlendBudget& budget) const {
-    if (!isKnown_)
-        return {unknownItem()};
-    if (const Tint* tint = look_.tint())
-        return {solidItem(tint->color)};
-    return patches(budget);
+ClippedItem BlendArea::shown(Budget& budget, Recoloring& recoloring) const {
+    const auto tinted = appearance_.tinted();
+    if (tinted && tinted->original->picture() != nullptr)
+        return shownPicture(*tinted, budget);
+    ClippedItem result{chain_->clips(), item_};
+    const Paint onPage = paint(budget, recoloring);
+    std::visit(
+        [&](auto& it) {
+            if constexpr (requires { paintOf(it); })
+                paintOf(it) = moved(onPage, it.transform.inverse());
+        },
+        result.item);
+    return result;
 }
 
-Item BlendArea::unknownItem() const {
-    const double alpha = look_.at(middle())[3];
-    Item item = item_;
-    if (auto* picture = std::get_if<Picture>(&item)) {
-        picture->opacity *= alpha;
-        return item;
+/// A picture seen through another area is clipped to that.
+ClippedItem BlendArea::shownPicture(const Appearance::Tinted& seen, Budget& budget) const {
+    Picture picture = *seen.original->picture();
+    picture.image = tinted(picture.image, seen.tint);
+    Clips clips = chain_->clips();
+    if (std::holds_alternative<Picture>(item_))
+        return {std::move(clips), std::move(picture)};
+    const auto* shape = std::get_if<Shape>(&item_);
+    if (shape != nullptr && isPainted(shape->fill)) {
+        clips.push_back(clipTo(*shape));
+    } else if (const ClipRegion* area = region(budget)) {
+        Shape border;
+        border.outline = std::make_shared<const scene::Outline>(area->polygons().outline());
+        clips = {clipTo(std::move(border))};
     }
-    auto* shape = std::get_if<Shape>(&item);
-    (shape != nullptr ? paintOf(*shape) : paintOf(std::get<Text>(item))).opacity = alpha;
-    return item;
+    return {std::move(clips), std::move(picture)};
 }
 
-Item BlendArea::solidItem(const Color& color) const {
-    Item item = item_;
-    auto* shape = std::get_if<Shape>(&item);
-    Paint& paint = shape != nullptr ? paintOf(*shape) : paintOf(std::get<Text>(item));
-    paint = {Paint::Kind::solid, color};
-    return item;
-}
-
-/// Only outlines take gradients, text does not.
-Item BlendArea::wholeItem(const Paint& paint) const {
-    auto shape = shapeOf(item_);
-    if (!shape)
-        return solidItem(colorOf(look_.at(middle())));
-    paintOf(*shape) = moved(paint, shape->transform.inverse());
-    return std::move(*shape);
-}
-
-std::vector<Item> BlendArea::patches(BlendBudget& budget) const {
-    if (!BlendBudget::spend(budget.gradients, 1) || !budget.hasGradients())
-        return {solidItem(colorOf(look_.at(middle())))};
-    if (const PageGradient* gradient = look_.gradient())
-        return {wholeItem(paintOf(*gradient))};
-    if (region() == nullptr)
-        return {wholeItem(fitTo(look_, box_, nullptr).paint)};
-    const std::vector<Patch> patches = patchesOf(look_, region()->polygons(), budget);
-    if (patches.size() == 1)
-        return {wholeItem(patches[0].paint)};
-    std::vector<Item> items;
-    for (const Patch& patch : patches) {
-        Shape shape;
-        shape.outline = std::make_shared<const scene::Outline>(outlineOf(patch.area));
-        shape.fill = inBands(patch.paint, *boxOf(patch.area));
-        items.emplace_back(std::move(shape));
-    }
-    return items;
+Paint BlendArea::paint(Budget& budget, Recoloring& recoloring) const {
+    if (const Tint* tint = appearance_.tint())
+        return {tint->color};
+    if (const PageGradient* gradient = appearance_.gradient())
+        return {std::make_shared<const scene::Gradient>(gradient->gradient())};
+    if (const auto tinted = appearance_.tinted())
+        return recoloring.beneath(tinted->tint, *tinted->original->pattern());
+    return fieldOf(appearance_, box_, budget);
 }
 
 }  // namespace psrender::plan

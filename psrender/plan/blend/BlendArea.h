@@ -1,8 +1,8 @@
 #pragma once
 
-#include "psrender/plan/blend/BlendBudget.h"
-#include "psrender/plan/blend/Look.h"
-#include "psrender/plan/clip/ClipRegion.h"
+#include "psrender/plan/blend/Appearance.h"
+#include "psrender/plan/clip/ClipChain.h"
+#include "psrender/plan/colour/Recoloring.h"
 #include "psrender/scene/DisplayList.h"
 
 #include <memory>
@@ -11,51 +11,54 @@
 
 namespace psrender::plan {
 
-/// One paint on one area of the page: the fill or the stroke of a shape, or a text or picture.
+/// An item and the clips that it is shown under.
+struct ClippedItem {
+    Clips clips;
+    scene::Item item;
+};
+
+/// One paint on one area of the page: the fill or the stroke of a shape or text, or a picture.
 class BlendArea {
 public:
-    /// The areas of an item, the lowest first: none if it cannot be seen. A shape's fill and stroke
-    /// become areas of their own.
-    static std::vector<BlendArea> areasOf(const scene::Item& item);
+    using ChainPtr = std::shared_ptr<const ClipChain>;
+
+    /// The areas of an item under clips, the lowest first: none if it cannot be seen. Fill and
+    /// stroke become areas of their own.
+    static std::vector<BlendArea> areasOf(const scene::Item& item, const ChainPtr& clips,
+                                          Budget& budget);
 
     /// An area of polygons in their simplest form, which must not be empty.
-    BlendArea(Polygons polygons, Look look);
+    BlendArea(Polygons polygons, Appearance appearance);
 
     [[nodiscard]] const scene::Rect& box() const { return box_; }
-    [[nodiscard]] scene::Point middle() const;
-    [[nodiscard]] const Look& look() const { return look_; }
-    /// Whether the look is all there is to know; if not, it is what is seen from afar.
-    [[nodiscard]] bool isKnown() const { return isKnown_; }
+    [[nodiscard]] const Appearance& appearance() const { return appearance_; }
+    /// Whether what lies beneath shows between what it paints, as with patterns.
+    [[nodiscard]] bool hasGaps() const { return hasGaps_; }
     [[nodiscard]] bool isText() const { return std::holds_alternative<scene::Text>(item_); }
+    /// The picture if it is nothing else, else null.
+    [[nodiscard]] const scene::Picture* picture() const;
+    [[nodiscard]] const ChainPtr& chain() const { return chain_; }
 
-    /// The picture that it is, else null.
-    [[nodiscard]] const scene::Picture* picture() const {
-        return std::get_if<scene::Picture>(&item_);
-    }
+    /// The area in polygons, made when first asked for; null if that would take too long.
+    [[nodiscard]] const ClipRegion* region(Budget& budget) const;
 
-    /// The area in polygons, made when first asked for; null if that is not known or it has too
-    /// many corners.
-    [[nodiscard]] const ClipRegion* region() const;
-
-    /// The same area with another look. One whose look is an average keeps its own paint, with the
-    /// look's alpha.
-    [[nodiscard]] BlendArea with(const Look& look) const;
-    /// What is to be shown for it where nothing shows through any more, and for an average with the
-    /// look's alpha as the opacity of its paint.
-    [[nodiscard]] std::vector<scene::Item> items(BlendBudget& budget) const;
+    /// The same area with another appearance.
+    [[nodiscard]] BlendArea with(Appearance appearance) const;
+    /// What is to be shown for it where nothing shows through any more.
+    [[nodiscard]] ClippedItem shown(Budget& budget, Recoloring& recoloring) const;
 
 private:
-    BlendArea(scene::Item item, const scene::Rect& box);
+    BlendArea(scene::Item item, const scene::Rect& box, ChainPtr clips);
 
-    [[nodiscard]] scene::Item unknownItem() const;
-    [[nodiscard]] scene::Item solidItem(const scene::Color& color) const;
-    [[nodiscard]] std::vector<scene::Item> patches(BlendBudget& budget) const;
-    [[nodiscard]] scene::Item wholeItem(const scene::Paint& paint) const;
+    [[nodiscard]] std::optional<ClipRegion> findRegion(Budget& budget) const;
+    [[nodiscard]] ClippedItem shownPicture(const Appearance::Tinted& tinted, Budget& budget) const;
+    [[nodiscard]] scene::Paint paint(Budget& budget, Recoloring& recoloring) const;
 
     scene::Item item_;
+    ChainPtr chain_;
     scene::Rect box_;
-    Look look_;
-    bool isKnown_ = true;
+    Appearance appearance_;
+    bool hasGaps_ = false;
     mutable bool isRegionKnown_ = false;
     mutable std::shared_ptr<const ClipRegion> region_;
 };

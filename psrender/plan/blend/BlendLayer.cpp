@@ -1,10 +1,6 @@
 #include "psrender/plan/blend/BlendLayer.h"
 
-#include "psrender/plan/geometry/Boxes.h"
-#include "psrender/plan/picture/PictureBlend.h"
-
 #include <algorithm>
-#include <cmath>
 #include <optional>
 #include <utility>
 
@@ -16,166 +12,115 @@ using Place = ClipRegion::Place;
 namespace {
 
 constexpr std::size_t kBlock = 64;
-/// So many corners are looked at in the time of one comparison of edges.
+/// So many corners, or boxes, are looked at in the time of one comparison of edges.
 constexpr std::size_t kQuickCorners = 8;
-/// Thinner than this is what rounding leaves, in grid units.
-constexpr double kThinnest = 4;
+/// What a piece costs in memory and bytes, in comparisons of edges.
+constexpr std::size_t kPieceCost = 1'000;
 /// Areas that hide less than this share of a box are not worth to be cut out of what is beneath.
 constexpr double kWorthCutting = 1.0 / 16;
 
-bool meets(const Rect& a, const Rect& b) {
-    return a.x <= b.x + b.width && b.x <= a.x + a.width && a.y <= b.y + b.height &&
-           b.y <= a.y + a.height;
-}
-
-double lengthOf(const ClipperLib::Path& polygon) {
-    double length = 0;
-    for (std::size_t i = 0; i < polygon.size(); ++i) {
-        const auto& a = polygon[i];
-        const auto& b = polygon[(i + 1) % polygon.size()];
-        length += std::hypot(static_cast<double>(b.X - a.X), static_cast<double>(b.Y - a.Y));
-    }
-    return length;
-}
-
-void removeSlivers(Polygons& polygons) {
-    std::erase_if(polygons, [](const ClipperLib::Path& polygon) {
-        return std::abs(ClipperLib::Area(polygon)) < kThinnest * lengthOf(polygon) / 2;
-    });
-}
-
-double areaOf(const Polygons& polygons) {
-    double area = 0;
-    for (const ClipperLib::Path& polygon : polygons)
-        area += ClipperLib::Area(polygon);
-    return std::abs(area);
-}
-
-/// Whether `part` of `whole` is all of it but for what rounding leaves.
-bool coversAll(const Polygons& part, const Polygons& whole) {
-    double length = 0;
-    for (const ClipperLib::Path& polygon : whole)
-        length += lengthOf(polygon);
-    return areaOf(whole) - areaOf(part) < kThinnest * length / 2;
-}
-
-double areaOf(const Rect& box) {
-    return box.width * box.height;
-}
-
-bool isRectangle(const ClipRegion& region) {
-    return coversAll(region.polygons(), toPolygons(region.box()));
-}
-
 /// Looks from the top down for what shows through a translucent area.
-class Walk {
+class Descent {
 public:
-    Walk(const BlendArea& area, Look ground, BlendBudget& budget)
+    Descent(const BlendArea& area, Appearance ground, Budget& budget)
         : area_(area), ground_(std::move(ground)), budget_(budget) {}
 
     /// False if nothing shows from below `under`, which is `index` in the layer.
     bool goThrough(const BlendArea& under, std::size_t index) {
-        index_ = index;
-        const ClipRegion* hiding = under.region();
+        const ClipRegion* hiding = under.region(budget_);
         if (hiding == nullptr)
             return goThroughWhole(under);
         const Place place = hiding->find(area_.box());
         if (place == Place::outside)
             return true;
         if (place == Place::inside)
-            return reachGround(under);
-        const ClipRegion* self = area_.region();
+            return goThroughAll(under);
+        const ClipRegion* self = area_.region(budget_);
         if (self == nullptr || budget_.isSpent())
             return false;
         if (self->find(under.box()) == Place::outside)
             return true;
-        std::size_t work = countCorners(self->polygons()) + countCorners(hiding->polygons());
-        const bool goesOn = cut(under, *hiding, *self, work);
-        BlendBudget::spend(budget_.work, work);
-        return goesOn;
+        return cut(under, index, *hiding, *self);
     }
 
     BlendLayer::Mix result() {
-        std::vector<BlendArea> areas{area_.with(over(area_.look(), ground_))};
+        std::vector<BlendArea> areas{area_.with(mixed(area_.hasGaps(), ground_, false))};
         std::ranges::reverse(pieces_);
         for (BlendArea& piece : pieces_)
-            if (areas.size() > 1 || piece.look() != areas[0].look() || !piece.isKnown())
+            if (areas.size() > 1 || !(piece.appearance() == areas[0].appearance()))
                 areas.push_back(std::move(piece));
-        return {std::move(areas), std::move(hidden_)};
+        if (area_.hasGaps())
+            hidden_.clear();
+        return {std::move(areas), std::move(hidden_), averages_};
     }
 
 private:
-    bool reachGround(const BlendArea& ground) {
-        ground_ = seenOf(ground, area_.region());
-        return false;
+    /// The area over something. Between a pattern and what changes from place to place the latter
+    /// counts with its average.
+    Appearance mixed(bool hasGaps, const Appearance& under, bool underHasGaps) {
+        const Appearance& above = area_.appearance();
+        if (hasGaps && under.tint() == nullptr) {
+            ++averages_;
+            return over(above, Appearance(under.average()));
+        }
+        if (underHasGaps && above.tint() == nullptr) {
+            ++averages_;
+            return over(Appearance(above.average()), under);
+        }
+        return over(above, under);
+    }
+    Appearance overIt(const BlendArea& under) {
+        return mixed(area_.hasGaps(), under.appearance(), under.hasGaps());
+    }
+    /// All of the area lies over `under`.
+    bool goThroughAll(const BlendArea& under) {
+        if (under.hasGaps())
+            addPiece(area_.with(overIt(under)));
+        else
+            ground_ = under.appearance();
+        return under.hasGaps();
     }
     /// What cannot be cut shows through as a whole or not at all.
     bool goThroughWhole(const BlendArea& under) {
-        const ClipRegion* self = area_.region();
-        if (self != nullptr && self->contains(under.middle()))
-            addPiece(under.with(over(area_.look(), under.look())));
+        const ClipRegion* self = area_.region(budget_);
+        if (self != nullptr && self->contains(under.box().centre()))
+            addPiece(under.with(overIt(under)));
         return true;
     }
     void addPiece(BlendArea piece) {
         pieces_.push_back(std::move(piece));
-        BlendBudget::spend(budget_.pieces, 1);
+        budget_.spend(kPieceCost);
     }
-    bool cut(const BlendArea& under, const ClipRegion& hiding, const ClipRegion& self,
-             std::size_t& work) {
-        auto common = hiding.cut({rest_ ? *rest_ : self.polygons()}, &work);
+    bool cut(const BlendArea& under, std::size_t index, const ClipRegion& hiding,
+             const ClipRegion& self) {
+        auto common = hiding.polygons().common(rest_ ? *rest_ : self.polygons(), budget_);
         if (common)
-            removeSlivers(*common);
+            common->removeSlivers();
         if (!common || common->empty())
             return true;
         if (rest_)
-            common = hiding.cut({self.polygons()}, &work);
+            common = hiding.polygons().common(self.polygons(), budget_);
         const bool isWhole = self.find(under.box()) == Place::inside ||
-                             (common && coversAll(*common, hiding.polygons()));
-        if (isWhole)
-            hidden_.push_back(index_);
-        Look seen = under.look();
-        if (under.isKnown() && isWhole)
-            addPiece(under.with(over(area_.look(), seen)));
-        else if (common && !common->empty()) {
-            const ClipRegion region(std::move(*common));
-            seen = seenOf(under, &region);
-            addPiece({region.polygons(), over(area_.look(), seen)});
+                             (common && common->isAllOf(hiding.polygons()));
+        if (isWhole) {
+            hidden_.push_back(index);
+            addPiece(under.with(overIt(under)));
+        } else if (common && !common->empty()) {
+            addPiece({std::move(*common), overIt(under)});
         }
-        return !isWorthCutting(under.box()) || cutOut(hiding, self, seen, work);
-    }
-    /// The look that shows through at a place.
-    Look seenOf(const BlendArea& under, const ClipRegion* where) {
-        if (under.isKnown())
-            return under.look();
-        if (under.picture() == nullptr)
-            ++budget_.averages;
-        return addTinted(under, where) ? Look(under.look().average()) : under.look();
-    }
-    /// A picture beneath a rectangle is itself in other colours. What its whole pixels leave open
-    /// at the border is not worth more than their average.
-    bool addTinted(const BlendArea& under, const ClipRegion* where) {
-        const Tint* tint = area_.look().tint();
-        if (under.picture() == nullptr || tint == nullptr || where == nullptr ||
-            !isRectangle(*where))
-            return false;
-        const auto part = tinted(*under.picture(), where->box(), *tint);
-        if (part)
-            for (BlendArea& piece : BlendArea::areasOf(*part))
-                addPiece(std::move(piece));
-        return part.has_value();
+        return under.hasGaps() || !isWorthCutting(under.box()) ||
+               cutOut(hiding, self, under.appearance());
     }
     [[nodiscard]] bool isWorthCutting(const Rect& box) const {
-        const auto common = commonBox(box, area_.box());
-        return common && areaOf(*common) >= kWorthCutting * areaOf(area_.box());
+        const auto common = box.common(area_.box());
+        return common && common->area() >= kWorthCutting * area_.box().area();
     }
     /// If nothing is left, the lowest piece may be all of the area.
-    bool cutOut(const ClipRegion& hiding, const ClipRegion& self, const Look& seen,
-                std::size_t& work) {
-        auto left = combine(ClipperLib::ctDifference, rest_ ? *rest_ : self.polygons(),
-                            ClipperLib::pftNonZero, hiding.polygons(), &work);
+    bool cutOut(const ClipRegion& hiding, const ClipRegion& self, const Appearance& seen) {
+        auto left = (rest_ ? *rest_ : self.polygons()).without(hiding.polygons(), budget_);
         if (!left)
             return true;
-        removeSlivers(*left);
+        left->removeSlivers();
         rest_ = std::move(left);
         if (!rest_->empty())
             return true;
@@ -185,12 +130,12 @@ private:
     }
 
     const BlendArea& area_;
-    Look ground_;
-    BlendBudget& budget_;
-    std::size_t index_ = 0;
+    Appearance ground_;
+    Budget& budget_;
     std::optional<Polygons> rest_;   ///< where nothing has been found yet, once that is cut
     std::vector<BlendArea> pieces_;  ///< from the topmost down
     std::vector<std::size_t> hidden_;
+    std::size_t averages_ = 0;
 };
 
 }  // namespace
@@ -200,50 +145,49 @@ void BlendLayer::add(BlendArea area) {
     if (areas_.size() % kBlock == 0)
         blockBoxes_.push_back(box);
     else
-        blockBoxes_.back() = boxAround(blockBoxes_.back(), box);
+        blockBoxes_.back() = blockBoxes_.back().around(box);
     boxes_.push_back(box);
     isHidden_.push_back(false);
     areas_.push_back(std::move(area));
 }
 
-void BlendLayer::forEachIn(const Rect& box, std::size_t count, BlendBudget& budget,
+void BlendLayer::forEachIn(const Rect& box, std::size_t count, Budget& budget,
                            const std::function<bool(std::size_t)>& visit) const {
     for (std::size_t block = (count + kBlock - 1) / kBlock; block-- > 0;) {
-        if (!BlendBudget::spend(budget.steps, 1))
+        if (!budget.spend(1))
             return;
-        if (!meets(box, blockBoxes_[block]))
+        if (!box.meets(blockBoxes_[block]))
             continue;
         const std::size_t first = block * kBlock;
-        BlendBudget::spend(budget.steps, kBlock);
+        budget.spend(kBlock / kQuickCorners);
         for (std::size_t i = std::min(count, first + kBlock); i-- > first;)
-            if (!isHidden_[i] && meets(box, boxes_[i]) && !visit(i))
+            if (!isHidden_[i] && box.meets(boxes_[i]) && !visit(i))
                 return;
     }
 }
 
-BlendLayer::Mix BlendLayer::mix(const BlendArea& area, std::size_t count,
-                                BlendBudget& budget) const {
-    Walk walk(area, ground_, budget);
+BlendLayer::Mix BlendLayer::mix(const BlendArea& area, std::size_t count, Budget& budget) const {
+    Descent descent(area, ground_, budget);
     forEachIn(area.box(), count, budget,
-              [&](std::size_t index) { return walk.goThrough(areas_[index], index); });
+              [&](std::size_t index) { return descent.goThrough(areas_[index], index); });
     if (budget.isSpent())
-        return {{area.with(over(area.look(), ground_))}, {}};
-    return walk.result();
+        return {{area.with(over(area.appearance(), ground_))}, {}, 0};
+    return descent.result();
 }
 
-Look BlendLayer::lookAt(scene::Point p, std::size_t count, BlendBudget& budget) const {
-    Look look = ground_;
+Appearance BlendLayer::appearanceAt(scene::Point p, std::size_t count, Budget& budget) const {
+    Appearance seen = ground_;
     forEachIn({p.x, p.y, 0, 0}, count, budget, [&](std::size_t index) {
         const BlendArea& area = areas_[index];
-        const bool isThere = area.region() != nullptr && area.region()->contains(p);
-        if (area.region() != nullptr)
-            BlendBudget::spend(budget.work,
-                               countCorners(area.region()->polygons()) / kQuickCorners);
+        const ClipRegion* region = area.region(budget);
+        const bool isThere = region != nullptr && region->contains(p);
+        if (region != nullptr)
+            budget.spend(region->polygons().countCorners() / kQuickCorners);
         if (isThere)
-            look = area.look();
+            seen = area.appearance();
         return !isThere;
     });
-    return look;
+    return seen;
 }
 
 }  // namespace psrender::plan

@@ -1,49 +1,42 @@
 #pragma once
 
-#include "psrender/Warnings.h"
-#include "psrender/plan/Sink.h"
-#include "psrender/plan/clip/ClipAreas.h"
+#include "psrender/plan/clip/ClipGroups.h"
 
-#include <optional>
 #include <vector>
 
 namespace psrender::plan {
 
-/// Cuts what groups clip, so that nothing has to be clipped when it is drawn. What lies wholly
-/// within its clip goes on as it is; shapes across the border become polygons, their strokes
-/// polygons of their own; pictures are cropped.
-class ClipStage : public Sink {
+/// Brings clips into the form that the back end takes and leaves out what they hide. Behind it a
+/// group either clips, by one shape, or has an opacity below 1; and an item stands in no group
+/// whose clip does nothing to it, unless its neighbour needs it.
+class ClipStage : public Stage {
 public:
-    /// `warnings` and `next` must outlive the stage.
-    ClipStage(Warnings& warnings, Sink& next)
-        : warnings_(warnings), areas_(warnings), next_(next) {}
+    /// All must outlive the stage.
+    ClipStage(Budget& budget, Warnings& warnings, Sink& next)
+        : Stage(next), shapes_(budget, warnings), groups_(next) {}
 
-    void take(scene::Item item) override;
+    void finish() override;
+
+protected:
+    void on(scene::Shape shape) override { show(std::move(shape)); }
+    void on(scene::Text text) override { show(std::move(text)); }
+    void on(scene::Picture picture) override { show(std::move(picture)); }
+    void on(scene::Placement placement) override { show(std::move(placement)); }
+    void on(scene::BeginGroup group) override;
+    void on(scene::EndGroup end) override;
 
 private:
-    void begin(scene::BeginGroup group);
-    void end();
-    void takeShape(scene::Shape shape);
-    void takeText(scene::Text text);
-    void takePicture(const scene::Picture& picture);
-    void takePlacement(scene::Placement placement);
-    void passPart(const scene::Shape& shape, std::optional<Silhouette> area, bool isStroke);
-    /// What cannot be cut is shown whole if its middle is within the clip.
-    void passByMiddle(scene::Item item, const scene::Rect& box);
-    [[nodiscard]] const ClipRegion& region() const { return regions_.back(); }
-
-    /// One entry a group.
     struct Group {
         bool isClipped;
-        bool isPassed;
+        bool isFaint;  ///< whether it has an opacity, for which it goes on
     };
 
-    Warnings& warnings_;
-    ClipAreas areas_;
-    Sink& next_;
-    std::vector<Group> groups_;
-    std::vector<ClipRegion> regions_;  ///< of the clipped groups, each within the one before
-    std::size_t work_ = 0;             ///< what cutting has taken
+    void show(scene::Item item);
+
+    ClipShapes shapes_;
+    ClipGroups groups_;
+    Clips clips_;  ///< that hold here; null for one that hides everything
+    std::vector<Group> stack_;
 };
 
 }  // namespace psrender::plan

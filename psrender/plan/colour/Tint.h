@@ -6,7 +6,7 @@ namespace psrender::plan {
 
 /// A colour and how much it hides of what is beneath.
 struct Tint {
-    scene::Color color{255, 255, 255};
+    scene::Color color = scene::kWhite;
     double alpha = 1;
 
     friend bool operator==(const Tint&, const Tint&) = default;

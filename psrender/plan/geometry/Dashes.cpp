@@ -12,10 +12,6 @@ namespace {
 
 constexpr double kMostDashes = 200'000;
 
-double distance(Point a, Point b) {
-    return std::hypot(b.x - a.x, b.y - a.y);
-}
-
 double lengthOf(const Polyline& line) {
     double length = 0;
     for (std::size_t i = 1; i < line.points.size(); ++i)

@@ -11,10 +11,6 @@ namespace {
 
 constexpr double kMostChords = 500;
 
-double distance(Point a, Point b) {
-    return std::hypot(a.x - b.x, a.y - b.y);
-}
-
 /// The chords of a cubic deviate by at most sqrt(3)/18 of its bend in n^2 parts; the bend is how
 /// far its controls are from those of a straight line at even speed.
 int chordCount(Point p0, Point p1, Point p2, Point p3, double tolerance) {

@@ -17,8 +17,6 @@ using scene::Outline;
 using scene::Point;
 using scene::Shape;
 
-constexpr double kLargestNumber = 1e30;   // well within a float
-constexpr double kFloatPrecision = 6e-8;  // of a number's own size
 constexpr double kTolerance = 0.001;      // points
 constexpr double kCurveTolerance = 0.01;  // points
 
@@ -40,15 +38,15 @@ bool isWritable(const Shape& shape) {
 }
 
 double farthest(const scene::Rect& box) {
-    return std::max({std::abs(box.x), std::abs(box.y), std::abs(box.x + box.width),
-                     std::abs(box.y + box.height)});
+    return std::max(
+        {std::abs(box.x), std::abs(box.y), std::abs(box.right()), std::abs(box.bottom())});
 }
 
 Shape besideOrigin(Shape shape) {
     const auto box = shape.outline->controlBox();
     if (farthest(*box) * kFloatPrecision * shape.transform.meanScale() <= kTolerance)
         return shape;
-    const Point centre{box->x + box->width / 2, box->y + box->height / 2};
+    const Point centre = box->centre();
     const Affine toOrigin = Affine::translation(-centre.x, -centre.y);
     shape.outline = std::make_shared<Outline>(shape.outline->transformed(toOrigin));
     shape.fill = moved(shape.fill, toOrigin);
@@ -59,8 +57,7 @@ Shape besideOrigin(Shape shape) {
 
 /// Only the fill of `shape`, or only its stroke, with another outline.
 Shape part(const Shape& shape, bool isFill, const std::vector<Polyline>& onPage) {
-    Shape result = shape;
-    (isFill ? result.stroke : result.fill) = {};
+    Shape result = isFill ? shape.onlyFill() : shape.onlyStroke();
     result.outline =
         std::make_shared<Outline>(toOutline(onPage).transformed(shape.transform.inverse()));
     return result;
@@ -70,9 +67,8 @@ std::vector<Shape> cut(const Shape& shape) {
     const auto lines = flatten(*shape.outline, shape.transform, kCurveTolerance);
     std::vector<Shape> parts;
     for (const bool isFill : {true, false}) {
-        const auto& paint = isFill ? shape.fill : shape.stroke;
         const auto cutLines = isFill ? areasInReach(lines) : linesInReach(lines);
-        if (paint.kind != scene::Paint::Kind::none && !cutLines.empty())
+        if (isPainted(isFill ? shape.fill : shape.stroke) && !cutLines.empty())
             parts.push_back(besideOrigin(part(shape, isFill, cutLines)));
     }
     return parts;
@@ -90,7 +86,8 @@ std::vector<Shape> bringInRange(const Shape& shape, Warnings& warnings) {
         return {};
     if (!isWritable(shape))
         return leaveOut(warnings);
-    if (farthest(*shape.outline->transformed(shape.transform).controlBox()) <= kReach)
+    if (farthest(shape.outline->controlBox()->mapped(shape.transform)) <= kReach ||
+        farthest(*shape.outline->transformed(shape.transform).controlBox()) <= kReach)
         return {besideOrigin(shape)};
     if (countChords(*shape.outline, shape.transform, kCurveTolerance) > kMostEdges)
         return leaveOut(warnings);

@@ -24,10 +24,6 @@ struct Edge {
 constexpr std::array kEdges{Edge{&Point::x, 1}, Edge{&Point::x, -1}, Edge{&Point::y, 1},
                             Edge{&Point::y, -1}};
 
-Point pointBetween(Point a, Point b, double t) {
-    return {std::lerp(a.x, b.x, t), std::lerp(a.y, b.y, t)};
-}
-
 /// Sutherland and Hodgman's step for one edge.
 std::vector<Point> cutArea(const std::vector<Point>& points, const Edge& edge) {
     std::vector<Point> result;
@@ -39,7 +35,7 @@ std::vector<Point> cutArea(const std::vector<Point>& points, const Edge& edge) {
         if (from >= 0)
             result.push_back(a);
         if ((from >= 0) != (to >= 0))
-            result.push_back(pointBetween(a, b, from / (from - to)));
+            result.push_back(lerp(a, b, from / (from - to)));
     }
     return result;
 }
@@ -60,8 +56,8 @@ std::optional<std::pair<Point, Point>> cutLine(Point a, Point b) {
     }
     if (first > last)
         return std::nullopt;
-    return std::pair{first > 0 ? pointBetween(a, b, first) : a,
-                     last < 1 ? pointBetween(a, b, last) : b};
+    return std::pair{first > 0 ? lerp(a, b, first) : a,
+                     last < 1 ? lerp(a, b, last) : b};
 }
 
 bool isWithin(const Polyline& line) {

@@ -1,14 +1,11 @@
 #pragma once
 
+#include "psrender/plan/Carried.h"
 #include "psrender/plan/geometry/Polyline.h"
 
 #include <vector>
 
 namespace psrender::plan {
-
-/// Interpreters compute in device pixels of limited range: farther than this from the page's
-/// corner, in points, nothing may lie. Well beyond every page and line width.
-inline constexpr double kReach = 1e6;
 
 /// The parts of areas within reach. Where an area is cut its border runs along the edge of reach,
 /// so that every point within is inside as often as before.

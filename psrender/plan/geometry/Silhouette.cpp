@@ -1,13 +1,12 @@
 #include "psrender/plan/geometry/Silhouette.h"
 
-#include "psrender/plan/geometry/Boxes.h"
 #include "psrender/plan/geometry/Crossings.h"
 #include "psrender/plan/geometry/Dashes.h"
+#include "psrender/plan/geometry/ItemBox.h"
 #include "psrender/plan/geometry/Reach.h"
 #include "psrender/plan/geometry/StrokeArea.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace psrender::plan {
@@ -22,22 +21,14 @@ namespace {
 /// Thinner lines are drawn as thick as that, in points: an interpreter shows the thinnest line.
 constexpr double kThinnest = 0.02;
 
-double largestScale(const Affine& map) {
-    return std::max(std::hypot(map.a, map.b), std::hypot(map.c, map.d));
-}
-
-Rect boxOfStep(Point a, Point b) {
-    return boxAround({a.x, a.y, 0, 0}, {b.x, b.y, 0, 0});
-}
-
 /// One that stands alone has no length.
 std::vector<bool> findNearSteps(const Polyline& line, const Rect& wanted) {
     const std::size_t count = line.points.size();
     const std::size_t steps = std::max<std::size_t>(1, count - (line.closed ? 0 : 1));
     std::vector<bool> isNear;
     for (std::size_t i = 0; i < steps; ++i) {
-        const Rect box = boxOfStep(line.points[i], line.points[(i + 1) % count]);
-        isNear.push_back(commonBox(box, wanted).has_value());
+        const Rect box = Rect::between(line.points[i], line.points[(i + 1) % count]);
+        isNear.push_back(box.meets(wanted));
     }
     return isNear;
 }
@@ -75,35 +66,27 @@ void map(std::vector<Polyline>& lines, const Affine& map) {
 
 }  // namespace
 
-std::optional<Silhouette> fillOf(const Shape& shape) {
-    if (countChords(*shape.outline, shape.transform, kCurveTolerance) > kMostEdges)
+std::optional<Polygons> fillArea(const Shape& shape, Budget& budget) {
+    const std::size_t chords = countChords(*shape.outline, shape.transform, kCurveTolerance);
+    if (chords > kMostEdges || !budget.spend(chords))
         return std::nullopt;
     const auto lines = flatten(*shape.outline, shape.transform, kCurveTolerance);
-    return Silhouette{toPolygons(areasInReach(lines)), shape.fillRule == scene::FillRule::evenOdd
-                                                           ? ClipperLib::pftEvenOdd
-                                                           : ClipperLib::pftNonZero};
+    return Polygons(areasInReach(lines)).simplified(shape.fillRule, budget);
 }
 
-std::optional<Silhouette> strokeOf(const Shape& shape, const Rect& wanted) {
-    const double scale = largestScale(shape.transform);
+std::optional<Polygons> strokeArea(const Shape& shape, const Rect& wanted, Budget& budget) {
+    const double scale = shape.transform.largestScale();
     const double tolerance = kCurveTolerance / scale;
-    if (countChords(*shape.outline, {}, tolerance) > kMostEdges)
+    const std::size_t chords = countChords(*shape.outline, {}, tolerance);
+    if (chords > kMostEdges || !budget.spend(chords))
         return std::nullopt;
     scene::StrokeStyle style = shape.strokeStyle;
     style.width = std::max(style.width, kThinnest / scale);
-    const Rect near = grown(mappedBox(wanted, shape.transform.inverse()), strokeReach(style));
+    const Rect near = wanted.mapped(shape.transform.inverse()).grown(reachOf(style));
     const auto lines = partsNear(dashesOf(flatten(*shape.outline, {}, tolerance), style), near);
-    auto rings = strokeArea(lines, style, tolerance);
+    auto rings = ringsAround(lines, style, tolerance);
     map(rings, shape.transform);
-    return Silhouette{toPolygons(areasInReach(rings))};
-}
-
-std::optional<Rect> paintedBox(const Shape& shape) {
-    const auto box = shape.outline->controlBox();
-    if (!box)
-        return std::nullopt;
-    const double reach = isPainted(shape.stroke) ? strokeReach(shape.strokeStyle) : 0;
-    return mappedBox(grown(*box, reach), shape.transform);
+    return Polygons(areasInReach(rings)).simplified(scene::FillRule::nonZero, budget);
 }
 
 }  // namespace psrender::plan

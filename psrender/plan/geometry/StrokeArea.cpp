@@ -18,30 +18,17 @@ using scene::Point;
 
 namespace {
 
-Point operator+(Point a, Point b) {
-    return {a.x + b.x, a.y + b.y};
-}
-Point operator*(Point a, double factor) {
-    return {a.x * factor, a.y * factor};
-}
-double dot(Point a, Point b) {
-    return a.x * b.x + a.y * b.y;
-}
-double cross(Point a, Point b) {
-    return a.x * b.y - a.y * b.x;
-}
 /// Across a direction, to the side that the ring follows.
 Point across(Point direction) {
     return {direction.y, -direction.x};
 }
 
 Point directionOf(Point from, Point to) {
-    const Point step{to.x - from.x, to.y - from.y};
-    return step * (1 / std::hypot(step.x, step.y));
+    return (to - from) * (1 / distance(from, to));
 }
 
 bool isStep(Point from, Point to) {
-    return std::hypot(to.x - from.x, to.y - from.y) > 0;
+    return distance(from, to) > 0;
 }
 
 std::vector<Point> withoutRepeats(const Polyline& line) {
@@ -158,7 +145,7 @@ private:
 
 }  // namespace
 
-std::vector<Polyline> strokeArea(const std::vector<Polyline>& lines,
+std::vector<Polyline> ringsAround(const std::vector<Polyline>& lines,
                                  const scene::StrokeStyle& style, double tolerance) {
     if (!(style.width > 0))
         return {};
@@ -166,12 +153,6 @@ std::vector<Polyline> strokeArea(const std::vector<Polyline>& lines,
     for (const Polyline& line : lines)
         pen.draw(line);
     return std::move(pen.rings);
-}
-
-double strokeReach(const scene::StrokeStyle& style) {
-    const double ofJoin = style.join == Join::miter ? std::max(1.0, style.miterLimit) : 1;
-    const double ofCap = style.cap == Cap::square ? std::numbers::sqrt2 : 1;
-    return style.width / 2 * std::max(ofJoin, ofCap);
 }
 
 }  // namespace psrender::plan

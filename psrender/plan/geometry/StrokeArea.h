@@ -9,10 +9,7 @@ namespace psrender::plan {
 
 /// What a pen covers that draws `lines` solidly in the given style: rings that are to be filled by
 /// the non-zero rule. Round joins and caps stay within `tolerance`. All in the same units.
-std::vector<Polyline> strokeArea(const std::vector<Polyline>& lines,
+std::vector<Polyline> ringsAround(const std::vector<Polyline>& lines,
                                  const scene::StrokeStyle& style, double tolerance);
-
-/// How far from its line a stroke reaches at most, in its own units.
-double strokeReach(const scene::StrokeStyle& style);
 
 }  // namespace psrender::plan

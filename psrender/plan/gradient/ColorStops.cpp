@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdint>
 
 namespace psrender::plan {
 
@@ -78,12 +77,8 @@ private:
 }  // namespace
 
 ColorStop between(const ColorStop& a, const ColorStop& b, double share) {
-    const auto mix = [share](std::uint8_t from, std::uint8_t to) {
-        return static_cast<std::uint8_t>(std::lround(std::lerp(double{1} * from, to, share)));
-    };
     return {std::lerp(a.position, b.position, share),
-            {mix(a.color.red, b.color.red), mix(a.color.green, b.color.green),
-             mix(a.color.blue, b.color.blue)},
+            scene::Color::mixed(a.color, b.color, share),
             std::lerp(a.opacity, b.opacity, share)};
 }
 
@@ -104,10 +99,30 @@ ColorStops over(const ColorStops& above, const ColorStops& below) {
     return Pair(above, below).stacked();
 }
 
+bool isOpaque(const ColorStops& stops) {
+    return std::ranges::all_of(stops, [](const ColorStop& stop) { return stop.opacity >= 1; });
+}
+
+ColorStop averageOf(const ColorStops& stops) {
+    std::array<double, 4> sum{};
+    const auto add = [&sum](const ColorStop& stop, double weight) {
+        sum[0] += weight * stop.opacity * stop.color.red;
+        sum[1] += weight * stop.opacity * stop.color.green;
+        sum[2] += weight * stop.opacity * stop.color.blue;
+        sum[3] += weight * stop.opacity;
+    };
+    add(stops.front(), stops.front().position);
+    for (std::size_t i = 1; i < stops.size(); ++i)
+        for (const std::size_t end : {i - 1, i})
+            add(stops[end], (stops[i].position - stops[i - 1].position) / 2);
+    add(stops.back(), 1 - stops.back().position);
+    if (!(sum[3] > 0))
+        return {0, stops.front().color, 0};
+    return {0, scene::Color::rounded(sum[0] / sum[3], sum[1] / sum[3], sum[2] / sum[3]), sum[3]};
+}
+
 ColorStops overWhite(const ColorStops& stops) {
-    const bool isOpaque =
-        std::ranges::all_of(stops, [](const ColorStop& stop) { return stop.opacity >= 1; });
-    return isOpaque ? stops : over(stops, {{0, {255, 255, 255}, 1}});
+    return isOpaque(stops) ? stops : over(stops, {{0, scene::kWhite, 1}});
 }
 
 }  // namespace psrender::plan

@@ -24,6 +24,11 @@ scene::ColorStop stopAt(const ColorStops& stops, double position, Side side = Si
 /// side, the look is bent and takes more stops.
 ColorStops over(const ColorStops& above, const ColorStops& below);
 
+[[nodiscard]] bool isOpaque(const ColorStops& stops);
+
+/// What is seen of all of them from afar.
+scene::ColorStop averageOf(const ColorStops& stops);
+
 /// The stops as they look over white paper.
 ColorStops overWhite(const ColorStops& stops);
 

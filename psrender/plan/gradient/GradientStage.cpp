@@ -1,110 +1,78 @@
 #include "psrender/plan/gradient/GradientStage.h"
 
-#include "psrender/plan/geometry/Box.h"
-#include "psrender/plan/geometry/Boxes.h"
-#include "psrender/plan/geometry/Seen.h"
+#include "psrender/plan/Carried.h"
+#include "psrender/plan/geometry/ItemBox.h"
+#include "psrender/plan/gradient/ColorStops.h"
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
-#include <tuple>
 #include <utility>
 
 namespace psrender::plan {
 
 using scene::Affine;
-using scene::ColorStop;
+using scene::Gradient;
 using scene::Paint;
+using scene::Point;
 using scene::Rect;
-using scene::Shape;
 
 namespace {
 
-double lengthOf(const scene::Gradient& gradient) {
-    return gradient.kind == scene::Gradient::Kind::radial
-               ? gradient.endRadius
-               : std::hypot(gradient.end.x - gradient.start.x, gradient.end.y - gradient.start.y);
+double lengthOf(const Gradient& gradient) {
+    return gradient.kind == Gradient::Kind::radial ? gradient.endRadius
+                                                   : distance(gradient.start, gradient.end);
 }
 
-/// How many colours of a native gradient take as many bytes as the tile.
-std::size_t colorsWorth(const scene::Pattern* tile) {
-    constexpr double bandBytes = 120;
-    constexpr double colorBytes = 200;
-    if (tile == nullptr)
-        return std::numeric_limits<std::size_t>::max();
-    return static_cast<std::size_t>(static_cast<double>(tile->content->items.size()) * bandBytes /
-                                    colorBytes);
-}
-
-auto partsOf(const ColorStop& stop) {
-    return std::tuple(stop.position, stop.opacity, stop.color.red, stop.color.green,
-                      stop.color.blue);
+/// How often the colours run through within a box on the page.
+double periodsIn(const Rect& box, const Gradient& gradient, const Affine& toPage) {
+    const Affine toGradient = (toPage * gradient.transform).inverse();
+    if (gradient.kind == Gradient::Kind::linear) {
+        const Point axis = gradient.end - gradient.start;
+        const Affine along{axis.x, axis.y, -axis.y, axis.x, gradient.start.x, gradient.start.y};
+        return box.mapped(along.inverse() * toGradient).width;
+    }
+    const Rect own = box.mapped(toGradient);
+    const double x = std::max(gradient.end.x - own.x, own.right() - gradient.end.x);
+    const double y = std::max(gradient.end.y - own.y, own.bottom() - gradient.end.y);
+    return std::hypot(x, y) / (gradient.endRadius - gradient.startRadius);
 }
 
 }  // namespace
 
-bool GradientStage::Less::operator()(const ColorStops& a, const ColorStops& b) const {
-    return std::ranges::lexicographical_compare(a, b, {}, partsOf, partsOf);
+bool isSeen(const Affine& toPage) {
+    const double length = toPage.largestScale();
+    return toPage.isInvertible() && length < kLongestPaint &&
+           std::abs(toPage.determinant()) > kThinnestPaint * length;
 }
 
-void GradientStage::take(scene::Item item) {
-    if (auto* shape = std::get_if<Shape>(&item)) {
-        takeShape(std::move(*shape));
-        return;
-    }
-    if (const auto* group = std::get_if<scene::BeginGroup>(&item))
-        opacity_.push(group->opacity);
-    else if (std::holds_alternative<scene::EndGroup>(item))
-        opacity_.pop();
-    next_.take(std::move(item));
-}
-
-void GradientStage::takeShape(Shape shape) {
-    const auto isGradient = [](const Paint& paint) { return paint.kind == Paint::Kind::gradient; };
-    if (isGradient(shape.fill) || isGradient(shape.stroke)) {
-        if (!hasInverse(shape.transform))
+template <class Painted>
+void GradientStage::limitPaints(Painted item) {
+    if (item.fill.gradient() != nullptr || item.stroke.gradient() != nullptr) {
+        const auto box = boxOf(scene::Item(item));
+        if (!box || !item.transform.isInvertible())
             return;
-        const Rect page = mappedBox(page_, shape.transform.inverse());
-        for (Paint* paint : {&shape.fill, &shape.stroke}) {
-            if (!isGradient(*paint))
-                continue;
-            const auto box = common(paint == &shape.fill ? fillBox(shape) : strokeBox(shape), page);
-            *paint = box ? known(*paint, *box, shape.transform) : Paint();
-        }
+        item.fill = limited(item.fill, *box, item.transform);
+        item.stroke = limited(item.stroke, *box, item.transform);
+        if (!isPainted(item.fill) && !isPainted(item.stroke))
+            return;
     }
-    next_.take(std::move(shape));
+    pass(std::move(item));
 }
 
-/// Under an opacity the colours change once more, so that the back end's own gradients are not for
-/// it.
-Paint GradientStage::known(Paint paint, const Rect& box, const Affine& toPage) {
-    scene::Gradient gradient = *paint.gradient;
-    const double length = lengthOf(gradient);
-    if (!isSeen(toPage * gradient.transform * Affine::scaling(length, length)))
-        return leftOut();
-    gradient.stops = opaque(*gradient.stops);
-    auto tile = tiles_.tileFor(gradient, box, toPage);
-    if (paint.opacity * opacity_.current() >= 1)
-        if (const auto native = natives_.find(gradient, box, colorsWorth(tile.get()))) {
-            paint.gradient = std::make_shared<const scene::Gradient>(*native);
-            return paint;
-        }
-    paint.kind = Paint::Kind::pattern;
-    paint.gradient = nullptr;
-    paint.pattern = std::move(tile);
-    return paint.pattern ? paint : leftOut();
-}
-
-Paint GradientStage::leftOut() {
-    warnings_.add("gradients and patterns too small to be seen are left out");
-    return {};
-}
-
-std::shared_ptr<const ColorStops> GradientStage::opaque(const ColorStops& stops) {
-    auto& found = opaque_[stops];
-    if (!found)
-        found = std::make_shared<const ColorStops>(overWhite(stops));
-    return found;
+Paint GradientStage::limited(const Paint& paint, const Rect& box, const Affine& toPage) {
+    const Gradient* gradient = paint.gradient();
+    if (gradient == nullptr)
+        return paint;
+    const double length = lengthOf(*gradient);
+    if (!isSeen(toPage * gradient->transform * Affine::scaling(length, length))) {
+        warnings_.add("gradients and patterns too small to be seen are left out");
+        return {};
+    }
+    const auto stops = static_cast<double>(gradient->stops->size());
+    if (gradient->spread != scene::Spread::pad &&
+        !(periodsIn(box, *gradient, toPage) * stops < kMostStops))
+        return {averageOf(*gradient->stops).color};
+    return paint;
 }
 
 }  // namespace psrender::plan

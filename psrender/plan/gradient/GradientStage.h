@@ -1,44 +1,32 @@
 #pragma once
 
 #include "psrender/Warnings.h"
-#include "psrender/plan/Sink.h"
-#include "psrender/plan/colour/Opacity.h"
-#include "psrender/plan/gradient/ColorStops.h"
-#include "psrender/plan/gradient/GradientTile.h"
-#include "psrender/plan/gradient/NativeGradients.h"
-
-#include <map>
-#include <memory>
+#include "psrender/plan/Stage.h"
 
 namespace psrender::plan {
 
-/// Turns gradients into such as the back end knows: its own, or tiles of solid bands.
-class GradientStage : public Sink {
+/// Leaves out gradients that no interpreter can divide by, and shows such in one colour whose
+/// periods are too many to be told apart.
+class GradientStage : public Stage {
 public:
-    /// What lies outside of `page` need not be painted. All must outlive the stage.
-    GradientStage(const scene::Rect& page, NativeGradients& natives, Warnings& warnings, Sink& next)
-        : page_(page), natives_(natives), warnings_(warnings), next_(next) {}
+    /// Both must outlive the stage.
+    GradientStage(Warnings& warnings, Sink& next) : Stage(next), warnings_(warnings) {}
 
-    void take(scene::Item item) override;
+protected:
+    void on(scene::Shape shape) override { limitPaints(std::move(shape)); }
+    void on(scene::Text text) override { limitPaints(std::move(text)); }
 
 private:
-    struct Less {
-        bool operator()(const ColorStops& a, const ColorStops& b) const;
-    };
+    template <class Painted>
+    void limitPaints(Painted item);
+    [[nodiscard]] scene::Paint limited(const scene::Paint& paint, const scene::Rect& box,
+                                       const scene::Affine& toPage);
 
-    void takeShape(scene::Shape shape);
-    scene::Paint known(scene::Paint paint, const scene::Rect& box, const scene::Affine& toPage);
-    scene::Paint leftOut();
-    /// `stops` as they look over white; the same object for the same colours, which tiles share.
-    std::shared_ptr<const ColorStops> opaque(const ColorStops& stops);
-
-    scene::Rect page_;
-    NativeGradients& natives_;
-    GradientTiles tiles_;
     Warnings& warnings_;
-    Sink& next_;
-    OpacityStack opacity_;
-    std::map<ColorStops, std::shared_ptr<const ColorStops>, Less> opaque_;
 };
+
+/// Whether the image of the square of side 1 has a size on the page that an interpreter can divide
+/// by.
+bool isSeen(const scene::Affine& toPage);
 
 }  // namespace psrender::plan

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <tuple>
 #include <utility>
 
@@ -12,14 +11,6 @@ using scene::Gradient;
 using scene::Point;
 
 namespace {
-
-double dot(Point a, Point b) {
-    return a.x * b.x + a.y * b.y;
-}
-
-Point minus(Point a, Point b) {
-    return {a.x - b.x, a.y - b.y};
-}
 
 /// The place between 0 and 1 that shows the same colour.
 double withinPeriod(double t, scene::Spread spread) {
@@ -42,27 +33,24 @@ Sample sampleOf(const scene::Color& color, double alpha) {
 }
 
 scene::Color colorOf(const Sample& sample) {
-    const auto level = [](double value) {
-        return static_cast<std::uint8_t>(std::lround(std::clamp(value, 0.0, 255.0)));
-    };
-    return {level(sample[0]), level(sample[1]), level(sample[2])};
+    return scene::Color::rounded(sample[0], sample[1], sample[2]);
 }
 
 PageGradient::PageGradient(Gradient gradient)
     : gradient_(std::move(gradient)), fromPage_(gradient_.transform.inverse()) {}
 
 double PageGradient::along(Point onPage) const {
-    const Point p = minus(fromPage_.apply(onPage), gradient_.start);
+    const Point p = fromPage_.apply(onPage) - gradient_.start;
     if (gradient_.kind == Gradient::Kind::radial)
         return alongRadius(p);
-    const Point axis = minus(gradient_.end, gradient_.start);
+    const Point axis = gradient_.end - gradient_.start;
     return dot(p, axis) / dot(axis, axis);
 }
 
 /// The circle through a point, which is given from the start on: |p - t shift| = r0 + t growth.
 /// The start lies within the end, so there is one with a radius of at least 0.
 double PageGradient::alongRadius(Point p) const {
-    const Point shift = minus(gradient_.end, gradient_.start);
+    const Point shift = gradient_.end - gradient_.start;
     const double growth = gradient_.endRadius - gradient_.startRadius;
     const double a = growth * growth - dot(shift, shift);
     const double b = dot(p, shift) + gradient_.startRadius * growth;

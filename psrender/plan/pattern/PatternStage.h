@@ -1,40 +1,52 @@
 #pragma once
 
 #include "psrender/Warnings.h"
-#include "psrender/plan/Sink.h"
-#include "psrender/plan/pattern/PatternTile.h"
+#include "psrender/plan/Stage.h"
 
-#include <optional>
+#include <functional>
+#include <map>
+#include <memory>
+#include <tuple>
 #include <utility>
+#include <vector>
 
 namespace psrender::plan {
 
-/// Turns patterns into such as the back end knows: tiles of solid shapes. A pattern that no tile
-/// can hold is drawn again and again within the outline that it fills.
-class PatternStage : public Sink {
-public:
-    /// What lies outside of `page` need not be painted. All must outlive the stage.
-    PatternStage(const scene::Rect& page, PatternTiles::PlanAlone planAlone, Warnings& warnings,
-                 Sink& next)
-        : page_(page), patterns_(std::move(planAlone)), warnings_(warnings), next_(next) {}
+/// Plans items that stand for themselves, as in a tile or symbol, to the very end.
+using PlanAlone = std::function<std::vector<scene::Item>(std::vector<scene::Item>)>;
 
-    void take(scene::Item item) override;
+/// Plans the tiles of patterns, each by itself and at about the size that it has on the page, as
+/// tolerances go by that. Behind it a tile begins at its origin and shows nothing beyond its sides.
+class PatternStage : public Stage {
+public:
+    /// `warnings` and `next` must outlive the stage.
+    PatternStage(PlanAlone planAlone, Warnings& warnings, Sink& next)
+        : Stage(next), planAlone_(std::move(planAlone)), warnings_(warnings) {}
+
+protected:
+    void on(scene::Shape shape) override { planPaints(std::move(shape)); }
+    void on(scene::Text text) override { planPaints(std::move(text)); }
 
 private:
-    void takeShape(scene::Shape shape);
-    void takeText(scene::Text text);
-    /// The paint in a form that the back end knows; nothing if there is none.
-    std::optional<scene::Paint> known(const scene::Paint& paint, const scene::Affine& toPage);
-    /// Draws the pattern wherever `part` paints `box`.
-    void layOut(const scene::Shape& part, const scene::Paint& paint, const scene::Rect& box);
-    void layOutTile(const scene::Pattern& pattern, const scene::Affine& toPage, bool isCut);
-    void takeAll(const scene::ItemList& list, const scene::Affine& map);
+    /// Content, scale, sides and whether it is cut off at the sides.
+    using Key = std::tuple<const scene::ItemList*, double, double, double, bool>;
+    struct Known {
+        std::shared_ptr<const scene::ItemList> source;  ///< kept, as the key has its address
+        std::shared_ptr<const scene::ItemList> content;
+    };
 
-    scene::Rect page_;
-    PatternTiles patterns_;
+    template <class Painted>
+    void planPaints(Painted item);
+    scene::Paint planned(const scene::Paint& paint, const scene::Affine& toPage);
+    /// Null for a tile beyond all measure.
+    std::shared_ptr<const scene::Pattern> tileFor(const scene::Pattern& pattern,
+                                                  const scene::Affine& toPage);
+    [[nodiscard]] std::shared_ptr<const scene::ItemList> contentFor(const scene::Pattern& pattern,
+                                                                    double scale) const;
+
+    PlanAlone planAlone_;
     Warnings& warnings_;
-    Sink& next_;
-    std::size_t laidOut_ = 0;  ///< items that patterns have repeated on this page
+    std::map<Key, Known> known_;
 };
 
 }  // namespace psrender::plan

@@ -1,10 +1,9 @@
 #include "psrender/plan/picture/PictureStage.h"
 
 #include "psrender/image/DerivedImages.h"
-#include "psrender/plan/geometry/Reach.h"
+#include "psrender/plan/Carried.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdint>
 #include <utility>
@@ -17,18 +16,7 @@ using scene::Picture;
 
 namespace {
 
-/// The pixels of an image are read into one array of strings of 256 bytes, of which interpreters
-/// take 65535; one string may be empty.
-constexpr std::int32_t kMostBytes = 256 * 65534;
 constexpr double kPointsAnInch = 72;
-
-bool isWithinReach(const Affine& map) {
-    constexpr std::array<scene::Point, 4> kCorners{{{0, 0}, {1, 0}, {0, 1}, {1, 1}}};
-    return std::ranges::all_of(kCorners, [&](const scene::Point& corner) {
-        const scene::Point p = map.apply(corner);
-        return std::abs(p.x) <= kReach && std::abs(p.y) <= kReach;
-    });
-}
 
 /// The number of pixels that give `most` dots an inch over `length` points.
 std::int32_t pixelsFor(double length, double most, std::int32_t pixels) {
@@ -43,40 +31,32 @@ Affine shareOf(const PixelRect& part, const Drawing::PixelSize& size) {
     return {part.width / width, 0, 0, part.height / height, part.x / width, part.y / height};
 }
 
-Picture partOf(const Picture& picture, const PixelRect& part) {
-    return {image::cropped(picture.image, part),
-            picture.transform * shareOf(part, picture.image->getPixelSize()), picture.opacity};
-}
-
 /// Takes the margin away in which all pixels are clear. False if nothing is left.
 bool trim(Picture& picture) {
     const PixelRect seen = image::rowsOf(picture.image)->visiblePart();
     if (seen.width == 0 || seen.height == 0)
         return false;
-    picture = partOf(picture, seen);
+    const Drawing::PixelSize size = picture.image->getPixelSize();
+    if (seen.width < size.width || seen.height < size.height) {
+        picture.image = image::cropped(picture.image, seen);
+        picture.transform = picture.transform * shareOf(seen, size);
+    }
     return true;
 }
 
 }  // namespace
 
-void PictureStage::take(scene::Item item) {
-    if (auto* picture = std::get_if<Picture>(&item))
-        takePicture(std::move(*picture));
-    else
-        next_.take(std::move(item));
-}
-
-void PictureStage::takePicture(Picture picture) {
+void PictureStage::on(Picture picture) {
     if (picture.opacity <= 0 || picture.transform.determinant() == 0)
         return;
-    if (!isWithinReach(picture.transform)) {
+    if (!kWithinReach.contains(scene::Rect{0, 0, 1, 1}.mapped(picture.transform))) {
         warnings_.add("images that reach beyond a million points are left out");
         return;
     }
     if (!trim(picture))
         return;
     reduce(picture);
-    cutIntoStrips(picture);
+    pass(std::move(picture));
 }
 
 void PictureStage::reduce(Picture& picture) const {
@@ -87,22 +67,6 @@ void PictureStage::reduce(Picture& picture) const {
     picture.image = image::reduced(
         picture.image, {pixelsFor(std::hypot(map.a, map.b), mostDotsPerInch_, size.width),
                         pixelsFor(std::hypot(map.c, map.d), mostDotsPerInch_, size.height)});
-}
-
-/// Only an image whose single row is too large is cut into columns, too. A grey one may become
-/// coloured when it is blended with what lies beneath it.
-void PictureStage::cutIntoStrips(const Picture& picture) {
-    const Drawing::PixelSize size = picture.image->getPixelSize();
-    const std::int32_t components =
-        std::max(3, picture.image->getColorSpace()->getComponentCount());
-    const std::int32_t width = std::min(size.width, kMostBytes / components);
-    const std::int32_t height = std::min(size.height, kMostBytes / (components * width));
-    for (std::int32_t y = 0; y < size.height; y += height)
-        for (std::int32_t x = 0; x < size.width; x += width) {
-            const PixelRect part{x, y, std::min(width, size.width - x),
-                                 std::min(height, size.height - y)};
-            next_.take(partOf(picture, part));
-        }
 }
 
 }  // namespace psrender::plan

@@ -1,28 +1,25 @@
 #pragma once
 
 #include "psrender/Warnings.h"
-#include "psrender/plan/Sink.h"
+#include "psrender/plan/Stage.h"
 
 namespace psrender::plan {
 
-/// Brings pictures to a size that interpreters take: those of too high a resolution are reduced,
-/// if asked, and large ones become strips, each an image of its own.
-class PictureStage : public Sink {
+/// Takes off pictures what nobody sees: clear margins, and pixels beyond a resolution, if asked.
+class PictureStage : public Stage {
 public:
     /// `mostDotsPerInch` 0 keeps every pixel. `warnings` and `next` must outlive the stage.
     PictureStage(double mostDotsPerInch, Warnings& warnings, Sink& next)
-        : mostDotsPerInch_(mostDotsPerInch), warnings_(warnings), next_(next) {}
+        : Stage(next), mostDotsPerInch_(mostDotsPerInch), warnings_(warnings) {}
 
-    void take(scene::Item item) override;
+protected:
+    void on(scene::Picture picture) override;
 
 private:
-    void takePicture(scene::Picture picture);
     void reduce(scene::Picture& picture) const;
-    void cutIntoStrips(const scene::Picture& picture);
 
     double mostDotsPerInch_;
     Warnings& warnings_;
-    Sink& next_;
 };
 
 }  // namespace psrender::plan
