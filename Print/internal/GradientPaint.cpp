@@ -1,8 +1,8 @@
 #include "Print/internal/GradientPaint.h"
 
 #include "Print/PrintException.h"
+#include "Print/internal/ByteString.h"
 #include "Print/internal/GradientStops.h"
-#include "Print/internal/HexText.h"
 
 #include <array>
 #include <cmath>
@@ -149,8 +149,7 @@ void writeRepeated(Course course, GradientStops stops, bool reflects, const Box&
 }
 
 /// The samples in the space of the document, with the field's opacity.
-std::vector<std::uint8_t> samplesOf(const ColorFieldBrush& brush,
-                                    const ColorConverter* converter) {
+std::vector<std::uint8_t> samplesOf(const ColorFieldBrush& brush, const ColorConverter* converter) {
     const auto given = brush.getColors().span();
     std::vector<std::uint8_t> samples(given.begin(), given.end());
     if (brush.getOpacity() < 1)
@@ -222,7 +221,7 @@ void writeColorField(const ColorFieldBrush& brush, const ColorConverter* convert
     out.number(brush.getColumns());
     out.number(brush.getRows());
     out << ']';
-    writeHexString(samples, out);
+    writeByteString(samples, out);
     out << "cf";
     writeMatrix(brush.getMatrix(), out);
     out << "P\n";
