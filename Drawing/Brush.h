@@ -17,6 +17,7 @@ enum class BrushType : std::int32_t {
     pattern = 2,
     linearGradient = 3,
     radialGradient = 4,
+    colorField = 5,  ///< of `ColorFieldBrush`; documents of LanguageLevel 3 only
 };
 
 /// What an area or a line is painted with; immutable, so it may be shared freely.

@@ -55,7 +55,8 @@ public:
 
 ColorConverter::ColorConverter(ColorSpaceType target) : target_(target) {
     if (target == ColorSpaceType::oneBit)
-        throw Core::FormatException("a document's colours are grey, RGB or CMYK, not one bit");
+        throw Core::FormatException("ColorConverter", 1,
+                                    "a document's colours are grey, RGB or CMYK, not one bit");
 }
 
 ColorConverter::~ColorConverter() = default;
