@@ -75,4 +75,8 @@ std::uint32_t OpenTypeFont::getGlyphCount() const {
     return face_->glyphCount;
 }
 
+std::uint32_t OpenTypeFont::getUnitsPerEm() const {
+    return hb_face_get_upem(face_->face.get());
+}
+
 }  // namespace Fonts

@@ -29,6 +29,8 @@ public:
     [[nodiscard]] std::optional<FontFile> getFile() const override;
 
     [[nodiscard]] std::uint32_t getGlyphCount() const;
+    /// Of its coordinates: outlines are exact in these units.
+    [[nodiscard]] std::uint32_t getUnitsPerEm() const;
 
 protected:
     explicit OpenTypeFont(std::unique_ptr<const OpenTypeFace> face);

@@ -6,10 +6,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
-#include <map>
 #include <string>
 #include <string_view>
-#include <utility>
+#include <unordered_map>
 #include <vector>
 
 namespace Drawing::Print {
@@ -23,25 +22,29 @@ struct GlyphCode {
     friend bool operator==(const GlyphCode&, const GlyphCode&) = default;
 };
 
-/// A glyph in use: what it looks like, what it stands for and what its part calls it.
+/// A glyph in use, and the characters that it stands for.
 struct CodedGlyph {
     Fonts::FontProgram::GlyphId glyph = 0;
     std::u32string text;
-    std::string name;
 };
 
-/// Glyphs of one part by their codes; null for a code without one. Code 0 is never used.
+/// The glyphs of one part by their codes; null for a code without one, as 0 always is.
 using CodedPart = std::array<const CodedGlyph*, 256>;
 
 /// Gives each pair of glyph and text a code, the same ever after. A printable ASCII character has
-/// its own code wherever that is free, so that plain text can be read in the document.
+/// its own code where that is free, so that plain text can be read in the document.
 class GlyphTable {
 public:
     using GlyphId = Fonts::FontProgram::GlyphId;
 
+    GlyphTable() = default;
+    GlyphTable(const GlyphTable&) = delete;
+    GlyphTable& operator=(const GlyphTable&) = delete;
+    ~GlyphTable() = default;
+
     GlyphCode encode(GlyphId glyph, char32_t character) {
-        if (glyph < plain_.size() && plain_[glyph].character == character) [[likely]]
-            return plain_[glyph].code;
+        if (glyph < first_.size() && first_[glyph].character == character) [[likely]]
+            return first_[glyph].code;
         return encode(glyph, std::u32string_view(&character, 1));
     }
     GlyphCode encode(GlyphId glyph, std::u32string_view text);
@@ -54,15 +57,18 @@ private:
         char32_t character = kNone;
         GlyphCode code{};
     };
+    struct Use {
+        std::u32string text;
+        GlyphCode code;
+    };
 
     GlyphCode add(GlyphId glyph, std::u32string_view text);
     [[nodiscard]] std::uint8_t freeCode(std::u32string_view text) const;
-    [[nodiscard]] std::string nameFor(std::u32string_view text, std::uint8_t code) const;
-    void remember(GlyphId glyph, char32_t character, GlyphCode code);
+    void rememberFirst(GlyphId glyph, char32_t character, GlyphCode code);
 
-    std::vector<Plain> plain_;  ///< by glyph: the character that it stood for first
-    std::map<std::pair<GlyphId, std::u32string>, GlyphCode> codes_;
-    std::deque<CodedGlyph> glyphs_;
+    std::vector<Plain> first_;  ///< by glyph: the character that it stood for first
+    std::unordered_map<GlyphId, std::vector<Use>> uses_;
+    std::deque<CodedGlyph> glyphs_;  ///< which stay where they are
     std::vector<CodedPart> parts_;
     std::size_t inLastPart_ = 0;
 };

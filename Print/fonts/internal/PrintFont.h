@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -64,6 +65,10 @@ protected:
 
     [[nodiscard]] const Fonts::FontProgram& program() const { return *program_; }
     [[nodiscard]] const std::vector<CodedPart>& parts() const { return glyphs_.parts(); }
+    /// What the program calls itself, for /FontName.
+    [[nodiscard]] std::string fontName() const;
+    /// The name of what the parts share: "F{number}_{suffix}".
+    [[nodiscard]] std::string sharedName(const std::string& suffix) const;
     /// All parts; there is at least one.
     virtual void define(Core::IO::Stream& stream) const = 0;
 
@@ -72,7 +77,7 @@ private:
     std::uint32_t number_;
     std::uint32_t glyphCount_;
     GlyphTable glyphs_;
-    mutable std::vector<std::string> partNames_;
+    mutable std::deque<std::string> partNames_;  ///< made when asked for; they stay where they are
 };
 
 }  // namespace Drawing::Print

@@ -1,0 +1,57 @@
+#include "Print/fonts/internal/PrintFont.h"
+
+#include "Fonts/CffFont.h"
+#include "Fonts/TTFFont.h"
+#include "Print/fonts/internal/OutlineFont.h"
+#include "Print/fonts/internal/Type42Font.h"
+
+#include <utility>
+
+namespace Drawing::Print {
+
+std::unique_ptr<PrintFont> PrintFont::make(const Core::SmartPtr<Fonts::FontProgram>& program,
+                                           std::uint32_t number, const FontSettings& settings) {
+    if (!program->isEmbeddable())
+        return nullptr;
+    if (const auto trueType = program.dynamicCast<Fonts::TTFFont>())
+        return std::make_unique<Type42Font>(trueType, number, settings.keepHints);
+    if (const auto cff = program.dynamicCast<Fonts::CffFont>())
+        return std::make_unique<OutlineFont>(cff, number);
+    return nullptr;
+}
+
+PrintFont::PrintFont(Core::SmartPtr<Fonts::FontProgram> program, std::uint32_t number,
+                     std::uint32_t glyphCount)
+    : program_(std::move(program)), number_(number), glyphCount_(glyphCount) {}
+
+PrintFont::~PrintFont() = default;
+
+const std::string& PrintFont::partName(std::size_t part) const {
+    while (partNames_.size() <= part)
+        partNames_.push_back(sharedName(std::to_string(partNames_.size())));
+    return partNames_[part];
+}
+
+std::string PrintFont::neededFont() const {
+    return {};
+}
+
+float PrintFont::advance(GlyphId glyph) const {
+    return program_->getAdvance(glyph < glyphCount_ ? glyph : 0);
+}
+
+void PrintFont::writeDefinitions(Core::IO::Stream& stream) const {
+    if (!parts().empty())
+        define(stream);
+}
+
+std::string PrintFont::fontName() const {
+    const Core::String& name = program_->getMetrics().postScriptName;
+    return name.isEmpty() ? sharedName("0") : name.toUtf8();
+}
+
+std::string PrintFont::sharedName(const std::string& suffix) const {
+    return "F" + std::to_string(number_) + "_" + suffix;
+}
+
+}  // namespace Drawing::Print
