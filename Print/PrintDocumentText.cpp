@@ -69,7 +69,7 @@ Box boxAround(std::span<const GlyphId> glyphs, std::span<const XPointF> places,
     for (std::size_t i = 0; i < glyphs.size(); ++i) {
         const Box glyph = glyphBox(program, glyphs[i]);
         if (!glyph.isEmpty())
-            box.hold(glyph.mapped({scale, 0, 0, -scale, places[i].x, places[i].y}));
+            box.holdBox(glyph.mapped({scale, 0, 0, -scale, places[i].x, places[i].y}));
     }
     return box;
 }

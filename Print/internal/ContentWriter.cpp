@@ -411,7 +411,7 @@ void ContentWriter::noteInk(const Place& place, const Box& box, const Stroke* st
     if (kind_ != Kind::form)
         seen = seen.common(sheet_);
     if (!seen.isEmpty())
-        ink_.hold(seen);
+        ink_.holdBox(seen);
 }
 
 }  // namespace Drawing::Print

@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <numbers>
-#include <optional>
 
 namespace Drawing::Print {
 
@@ -43,16 +42,19 @@ void holdCurve(Box& box, Spot from, const PathCommand& to) {
     extremes(from.y, to.y1, to.y2, to.y, hold);
 }
 
+/// Of length 1, or 0 for none.
 struct Direction {
     double x = 0;
     double y = 0;
+
+    explicit operator bool() const { return x != 0 || y != 0; }
 };
 
-std::optional<Direction> directionOf(Spot from, Spot to) {
+Direction directionOf(Spot from, Spot to) {
     const double length = std::hypot(to.x - from.x, to.y - from.y);
     if (length == 0)
-        return std::nullopt;
-    return Direction{(to.x - from.x) / length, (to.y - from.y) / length};
+        return {};
+    return {(to.x - from.x) / length, (to.y - from.y) / length};
 }
 
 /// Follows a path from corner to corner and holds the tips of its mitres.
@@ -65,8 +67,7 @@ public:
 
     void move(Spot p) {
         start_ = at_ = p;
-        first_.reset();
-        latest_.reset();
+        first_ = latest_ = {};
     }
     void line(Spot p) { segment(p, p, p); }
     void segment(Spot control1, Spot control2, Spot p) {
@@ -77,7 +78,7 @@ public:
         if (!in)
             in = directionOf(at_, p);
         if (out && latest_)
-            corner(*latest_, *out);
+            corner(latest_, out);
         if (!first_)
             first_ = out;
         if (in)
@@ -87,7 +88,7 @@ public:
     void close() {
         line(start_);
         if (latest_ && first_)
-            corner(*latest_, *first_);
+            corner(latest_, first_);
     }
 
 private:
@@ -108,8 +109,8 @@ private:
     double limit_;
     Spot start_;
     Spot at_;
-    std::optional<Direction> first_;
-    std::optional<Direction> latest_;
+    Direction first_;
+    Direction latest_;
 };
 
 }  // namespace

@@ -52,6 +52,9 @@ public:
     /// in that page's set-up. Nothing if it is nested or on several pages.
     [[nodiscard]] std::optional<std::uint32_t> onlyPage(Id id) const;
 
+    /// Pictures have the ids from 0 to below it.
+    [[nodiscard]] Id count() const { return static_cast<Id>(pictures_.size()); }
+
     /// Lines that define a shared picture, once for each.
     void writeDefinition(Id id, Core::IO::Stream& output);
     /// Lines that show the picture in the unit square of the current space, y downwards, rows from
