@@ -118,7 +118,9 @@ CompactSubset compactTrueType(hb_face_t* face, std::span<const std::uint32_t> gl
         const hb_codepoint_t number = hb_map_get(numbers, glyph);
         subset.numbers.push_back(number != HB_MAP_VALUE_INVALID ? number : 0);
     }
-    SfntBuilder file(reduced.get());
+    const HarfBuzzPtr<hb_blob_t> blob(hb_face_reference_blob(reduced.get()));
+    const HarfBuzzPtr<hb_face_t> written(hb_face_create(blob.get(), 0));
+    SfntBuilder file(written.get());
     makeGlyphsEven(file);
     subset.file = file.build();
     subset.breaks = breaksOf(subset.file, fileName);

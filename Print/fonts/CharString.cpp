@@ -61,8 +61,7 @@ Bytes encrypted(const Bytes& clear) {
     return encrypted({reinterpret_cast<const char*>(clear.data()), clear.size()});
 }
 
-Bytes decrypted(std::string_view cipher, int lead) {
-    std::uint16_t key = kKey;
+Bytes decrypted(std::string_view cipher, int lead, std::uint16_t key) {
     Bytes clear;
     clear.reserve(cipher.size());
     for (const char character : cipher) {

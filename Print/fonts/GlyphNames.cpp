@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <set>
+#include <utility>
 
 namespace Drawing::Print {
 
@@ -71,6 +72,20 @@ std::string hexadecimal(char32_t value) {
     return text;
 }
 
+/// Readers turn text that runs from right to left around character by character, those of one
+/// glyph too; so lam with alef, which every Arabic font joins, is told as the one character that
+/// Unicode has for both. Readers that look for words take it apart (NFKC).
+std::u32string readable(const std::u32string& text) {
+    static const std::map<std::u32string, char32_t> joined{
+        {U"\u0644\u0622", U'\uFEF5'},
+        {U"\u0644\u0623", U'\uFEF7'},
+        {U"\u0644\u0625", U'\uFEF9'},
+        {U"\u0644\u0627", U'\uFEFB'},
+    };
+    const auto found = joined.find(text);
+    return found == joined.end() ? text : std::u32string(1, found->second);
+}
+
 /// Empty for a text that no name can tell.
 std::string nameOf(std::u32string_view text) {
     if (text.size() == 1 && ownsItsStandardName(text.front()))
@@ -96,18 +111,25 @@ std::string_view standardName(std::uint8_t code) {
                : std::string_view();
 }
 
-std::vector<NamedGlyph> nameGlyphs(const CodedPart& part) {
+std::vector<NamedGlyph> nameGlyphs(const CodedPart& part, const ReservedNames& reserved) {
     std::vector<NamedGlyph> glyphs;
     std::set<std::string> taken;
+    const auto isFree = [&](const std::string& name, Fonts::FontProgram::GlyphId glyph) {
+        const auto found = reserved.find(name);
+        return !name.empty() && (found == reserved.end() || found->second == glyph) &&
+               taken.insert(name).second;
+    };
     for (std::size_t code = 1; code < part.size(); ++code) {
         if (part[code] == nullptr)
             continue;
-        const std::u32string_view text = part[code]->text;
-        std::string name = nameOf(text);
-        const bool isPlain = text.size() == 1 && !name.empty() && !taken.contains(name);
-        if (name.empty() || !taken.insert(name).second)
-            name += "." + std::to_string(code);
-        glyphs.push_back({static_cast<std::uint8_t>(code), part[code]->glyph, name, text, isPlain});
+        NamedGlyph glyph{static_cast<std::uint8_t>(code), part[code]->glyph, {},
+                         readable(part[code]->text)};
+        glyph.name = nameOf(glyph.text);
+        const bool isOwn = isFree(glyph.name, glyph.glyph);
+        glyph.tellsText = isOwn && glyph.text.size() == 1;
+        if (!isOwn)
+            glyph.name += "." + std::to_string(code);
+        glyphs.push_back(std::move(glyph));
     }
     return glyphs;
 }

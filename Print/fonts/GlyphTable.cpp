@@ -14,24 +14,42 @@ constexpr bool isPrintable(char32_t character) {
     return character >= U' ' && character <= U'~';
 }
 
+/// Codes that no character set has a character for.
+constexpr bool isNobody(int code) {
+    return code < ' ' || code == 0x7F || code == 0x81 || code == 0x8D || code == 0x8F ||
+           code == 0x90 || code == 0x9D;
+}
+
+enum class Wish { letterOfFirstPart, letter, silence };
+
 /// How well a code fits a glyph that stands for no ASCII character, best first. The first part
 /// leaves the ASCII codes to the characters that own them as long as there are others; where a
-/// text needs more parts than one, codes that a string shows in one byte come first.
-constexpr int rankOf(int code, bool isFirstPart) {
+/// text needs more parts than one, codes that a string shows in one byte come first. Readers that
+/// find no text for a glyph take the character of its code, so glyphs without text get codes
+/// without one.
+constexpr int rankOf(int code, Wish wish) {
     const bool isQuoted = code == '(' || code == ')' || code == '\\';
+    if (isNobody(code))
+        return wish == Wish::silence ? 0 : 4;
     if (code > ' ' && code <= '~' && !isQuoted)
-        return isFirstPart ? 2 : 0;
+        return wish == Wish::letterOfFirstPart ? 2 : 0;
     return code > 0xA0 ? 1 : 3;
 }
 
 using Codes = std::array<std::uint8_t, kGlyphsAPart>;
 
-Codes ranked(bool isFirstPart) {
+Codes ranked(Wish wish) {
     Codes codes{};
     for (std::size_t i = 0; i < codes.size(); ++i)
         codes[i] = static_cast<std::uint8_t>(i + 1);
-    std::ranges::stable_sort(codes, {}, [=](int code) { return rankOf(code, isFirstPart); });
+    std::ranges::stable_sort(codes, {}, [=](int code) { return rankOf(code, wish); });
     return codes;
+}
+
+const Codes& codesFor(Wish wish) {
+    static const std::array<Codes, 3> orders{ranked(Wish::letterOfFirstPart), ranked(Wish::letter),
+                                             ranked(Wish::silence)};
+    return orders[static_cast<std::size_t>(wish)];
 }
 
 }  // namespace
@@ -62,12 +80,12 @@ GlyphCode GlyphTable::add(GlyphId glyph, std::u32string_view text) {
 }
 
 std::uint8_t GlyphTable::freeCode(std::u32string_view text) const {
-    static const std::array<Codes, 2> orders{ranked(false), ranked(true)};
     const CodedPart& part = parts_.back();
     if (text.size() == 1 && isPrintable(text.front()) && part[text.front()] == nullptr)
         return static_cast<std::uint8_t>(text.front());
-    const Codes& order = orders[parts_.size() == 1 ? 1 : 0];
-    return *std::ranges::find_if(order, [&](std::uint8_t code) { return part[code] == nullptr; });
+    const Wish letter = parts_.size() == 1 ? Wish::letterOfFirstPart : Wish::letter;
+    return *std::ranges::find_if(codesFor(text.empty() ? Wish::silence : letter),
+                                 [&](std::uint8_t code) { return part[code] == nullptr; });
 }
 
 void GlyphTable::rememberFirst(GlyphId glyph, char32_t character, GlyphCode code) {

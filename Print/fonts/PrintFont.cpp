@@ -1,22 +1,51 @@
 #include "Print/fonts/internal/PrintFont.h"
 
 #include "Fonts/CffFont.h"
+#include "Fonts/StandardFont.h"
 #include "Fonts/TTFFont.h"
+#include "Fonts/Type1Font.h"
 #include "Print/fonts/internal/OutlineFont.h"
+#include "Print/fonts/internal/StandardPrintFont.h"
+#include "Print/fonts/internal/Type1PrintFont.h"
 #include "Print/fonts/internal/Type42Font.h"
 
 #include <utility>
 
 namespace Drawing::Print {
 
+namespace {
+
+constexpr std::uint32_t kType1Units = 1000;
+
+std::unique_ptr<PrintFont> makeType1(const Core::SmartPtr<Fonts::Type1Font>& program,
+                                     std::uint32_t number) {
+    Type1Program source = Type1Program::read(program->getProgramData());
+    if (source.isPlain())
+        return std::make_unique<Type1PrintFont>(program, number, program->getGlyphCount(),
+                                                std::move(source));
+    return std::make_unique<OutlineFont>(program, number, program->getGlyphCount(), program,
+                                         kType1Units);
+}
+
+}  // namespace
+
 std::unique_ptr<PrintFont> PrintFont::make(const Core::SmartPtr<Fonts::FontProgram>& program,
                                            std::uint32_t number, const FontSettings& settings) {
+    if (const auto standard = program.dynamicCast<Fonts::StandardFont>()) {
+        if (settings.embedStandardFonts)
+            return embedStandardFont(standard, number);
+        return std::make_unique<StandardPrintFont>(standard, number);
+    }
     if (!program->isEmbeddable())
         return nullptr;
     if (const auto trueType = program.dynamicCast<Fonts::TTFFont>())
         return std::make_unique<Type42Font>(trueType, number, settings.keepHints);
-    if (const auto cff = program.dynamicCast<Fonts::CffFont>())
-        return std::make_unique<OutlineFont>(cff, number);
+    // The whole of a font that forbids subsets would be lost on the way to Type 1.
+    if (const auto cff = program.dynamicCast<Fonts::CffFont>(); cff && cff->isSubsettable())
+        return std::make_unique<OutlineFont>(cff, number, cff->getGlyphCount(), cff,
+                                             cff->getUnitsPerEm());
+    if (const auto type1 = program.dynamicCast<Fonts::Type1Font>(); type1 && type1->isSubsettable())
+        return makeType1(type1, number);
     return nullptr;
 }
 

@@ -20,8 +20,9 @@ void appendNumber(int value, Bytes& out);
 [[nodiscard]] Bytes encrypted(std::string_view clear);
 [[nodiscard]] Bytes encrypted(const Bytes& clear);
 /// The inverse, for strings that begin with `lead` bytes of no meaning (/lenIV), or, with a
-/// negative `lead`, are not encrypted.
-[[nodiscard]] Bytes decrypted(std::string_view cipher, int lead);
+/// negative `lead`, are not encrypted. The encrypted part of a font is read in the same way with
+/// a key of its own.
+[[nodiscard]] Bytes decrypted(std::string_view cipher, int lead, std::uint16_t key = 4330);
 
 }  // namespace CharString
 
