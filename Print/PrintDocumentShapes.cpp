@@ -120,7 +120,7 @@ void PrintDocument::showPicture(std::uint32_t id, const Image& image, float x, f
     documentParts->notePicture(id, isForm);
     contentWriter->drawBox(place(), boxOf(image, x, y, width, height), fill, [&](TextBuffer& out) {
         if (isForm)
-            out << documentParts->pictures.callText(id);
+            out << documentParts->pictures.callText(id) << '\n';
         else
             out << Marker::kByte << Marker::kPicture << std::to_string(id) << '\n';
     });

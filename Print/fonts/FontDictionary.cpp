@@ -71,8 +71,11 @@ namespace FontDictionary {
 
 void begin(ProgramText& out, int fontType, const std::string& fontName, const std::string& matrix,
            const std::string& box) {
-    out << "16 dict begin" << "/FontType " + std::to_string(fontType) + " def"
-        << "/FontName/" + fontName + " def" << "/PaintType 0 def" << "/FontMatrix" + matrix + "def"
+    out << "16 dict begin"
+        << "/FontType " + std::to_string(fontType) + " def"
+        << "/FontName/" + fontName + " def"
+        << "/PaintType 0 def"
+        << "/FontMatrix" + matrix + "def"
         << "/FontBBox" + box + "def";
 }
 
@@ -88,7 +91,8 @@ void unicode(ProgramText& out, const std::vector<NamedGlyph>& glyphs) {
     const auto count = std::ranges::count(glyphs, false, &NamedGlyph::tellsText);
     if (count == 0)
         return;
-    out << "/FontInfo 1 dict dup" << "/GlyphNames2Unicode " + std::to_string(count) + " dict dup begin";
+    out << "/FontInfo 1 dict dup"
+        << "/GlyphNames2Unicode " + std::to_string(count) + " dict dup begin";
     for (const NamedGlyph& glyph : glyphs)
         if (!glyph.tellsText)
             out << "/" + glyph.name + "<" + hexadecimal(toUtf16(glyph.text)) + ">def";

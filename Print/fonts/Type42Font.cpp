@@ -1,7 +1,8 @@
 // /F0_s[<~string of the file~> ...]def
 // for each part:
 // 16 dict begin/FontType 42 def ... /sfnts F0_s def
-// /CharStrings 3 dict dup begin/.notdef 0 def/A 1 def ... end def/F0_0 currentdict end definefont pop
+// /CharStrings 3 dict dup begin/.notdef 0 def/A 1 def ... end def/F0_0 currentdict end definefont
+// pop
 
 #include "Print/fonts/internal/Type42Font.h"
 

@@ -145,7 +145,8 @@ std::string FontPage::document() const {
 }
 
 std::string FontPage::text() const {
-    return outputOf("pdf=$(mktemp) && ps2pdf - $pdf && pdftotext -layout $pdf - && rm $pdf", document());
+    return outputOf("pdf=$(mktemp) && ps2pdf - $pdf && pdftotext -layout $pdf - && rm $pdf",
+                    document());
 }
 
 double FontPage::ink() const {
