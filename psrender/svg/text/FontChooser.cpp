@@ -1,7 +1,7 @@
 #include "psrender/svg/text/FontChooser.h"
 
 #include "Fonts/FontManager.h"
-#include "psrender/svg/Characters.h"
+#include "psrender/svg/values/Characters.h"
 
 #include <algorithm>
 #include <array>

@@ -1,11 +1,11 @@
 #include "psrender/svg/text/TextContent.h"
 
 #include "Core/String.h"
-#include "psrender/svg/Characters.h"
-#include "psrender/svg/Conditions.h"
-#include "psrender/svg/NumberScanner.h"
-#include "psrender/svg/StyleResolver.h"
-#include "psrender/svg/XmlWalk.h"
+#include "psrender/svg/css/StyleResolver.h"
+#include "psrender/svg/values/Characters.h"
+#include "psrender/svg/values/NumberScanner.h"
+#include "psrender/svg/xml/Conditions.h"
+#include "psrender/svg/xml/XmlWalk.h"
 
 #include <string_view>
 

@@ -1,0 +1,128 @@
+#include "psrender/svg/xml/SourceText.h"
+
+#include "psrender/svg/values/Characters.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+
+namespace psrender::svg {
+
+namespace {
+
+constexpr std::string_view littleEndianMark = "\xff\xfe";
+constexpr std::string_view bigEndianMark = "\xfe\xff";
+constexpr std::string_view utf8Mark = "\xef\xbb\xbf";
+constexpr std::string_view gzipMark = "\x1f\x8b";
+constexpr char32_t replacement = 0xfffd;
+
+void appendUtf8(std::string& out, char32_t c) {
+    const auto put = [&out](char32_t byte) { out.push_back(static_cast<char>(byte)); };
+    if (c < 0x80) {
+        put(c);
+    } else if (c < 0x800) {
+        put(0xc0 | c >> 6);
+        put(0x80 | (c & 0x3f));
+    } else if (c < 0x10000) {
+        put(0xe0 | c >> 12);
+        put(0x80 | (c >> 6 & 0x3f));
+        put(0x80 | (c & 0x3f));
+    } else {
+        put(0xf0 | c >> 18);
+        put(0x80 | (c >> 12 & 0x3f));
+        put(0x80 | (c >> 6 & 0x3f));
+        put(0x80 | (c & 0x3f));
+    }
+}
+
+/// Reads UTF-16 code units without their byte order mark.
+class Utf16Reader {
+public:
+    Utf16Reader(std::string_view bytes, bool isBigEndian)
+        : bytes_(bytes), highByte_(isBigEndian ? 0 : 1) {}
+
+    [[nodiscard]] bool atEnd() const { return at_ + 1 >= bytes_.size(); }
+
+    char32_t next() {
+        const char32_t unit = take();
+        if (unit < 0xd800 || unit > 0xdfff)
+            return unit;
+        if (unit > 0xdbff || atEnd() || peek() < 0xdc00 || peek() > 0xdfff)
+            return replacement;
+        return 0x10000 + ((unit - 0xd800) << 10) + (take() - 0xdc00);
+    }
+
+private:
+    [[nodiscard]] char32_t peek() const {
+        const auto byte = [this](std::size_t i) {
+            return static_cast<std::uint8_t>(bytes_[at_ + i]);
+        };
+        return static_cast<char32_t>(byte(highByte_) << 8 | byte(1 - highByte_));
+    }
+    char32_t take() {
+        const char32_t unit = peek();
+        at_ += 2;
+        return unit;
+    }
+
+    std::string_view bytes_;
+    std::size_t highByte_;
+    std::size_t at_ = 0;
+};
+
+std::string fromUtf16(std::string_view bytes) {
+    Utf16Reader reader(bytes.substr(2), bytes.substr(0, 2) == bigEndianMark);
+    std::string result;
+    result.reserve(bytes.size() / 2);
+    while (!reader.atEnd())
+        appendUtf8(result, reader.next());
+    return result;
+}
+
+}  // namespace
+
+SourceText::SourceText(std::string_view bytes, std::string name)
+    : name_(std::move(name)), text_(bytes) {
+    const std::string_view mark = bytes.substr(0, 2);
+    wasConverted_ = mark == littleEndianMark || mark == bigEndianMark;
+    if (wasConverted_)
+        replace(fromUtf16(bytes));
+    else if (bytes.substr(0, 3) == utf8Mark)
+        text_.remove_prefix(utf8Mark.size());
+    rejectForeignFormats();
+}
+
+void SourceText::replace(std::string text) {
+    storage_ = std::move(text);
+    text_ = storage_;
+}
+
+Place SourceText::placeAt(std::size_t offset) const {
+    const std::string_view before = text_.substr(0, offset);
+    const auto lines = std::count(before.begin(), before.end(), '\n');
+    const std::size_t lineStart = before.rfind('\n') + 1;  // 0 if there is none
+    return {name_, static_cast<std::size_t>(lines) + 1, before.size() - lineStart + 1};
+}
+
+void SourceText::fail(std::size_t offset, const std::string& sentence) const {
+    throw InputError(placeAt(offset), sentence);
+}
+
+void SourceText::fail(const std::string& sentence) const {
+    throw InputError({name_, 0, 0}, sentence);
+}
+
+void SourceText::rejectForeignFormats() const {
+    const auto* const first = std::find_if_not(text_.begin(), text_.end(), isSpace);
+    if (first == text_.end())
+        fail("the file is empty; give a file that holds an SVG drawing");
+    if (text_.substr(0, 2) == gzipMark)
+        fail("the file is compressed; decompress it with gunzip first");
+    if (*first != '<')
+        fail("this is not an SVG file, as it does not begin with '<'; give an SVG file");
+    const std::size_t zero = text_.find('\0');
+    if (zero != std::string_view::npos)
+        fail(zero, "there is a zero byte, which no SVG file holds; give an SVG file");
+}
+
+}  // namespace psrender::svg
