@@ -42,7 +42,7 @@ public:
     explicit Job(const JobRequest& request)
         : request_(request),
           output_(outputOf(request)),
-          document_(Core::makeObject<Drawing::PS::PSDocument>(output_.stream().get(), true)),
+          document_(Core::makeObject<Drawing::PS::PSDocument>(output_.stream(), true)),
           reader_(request.mostPixels),
           planner_({request.mostDotsPerInch, request.opacity}),
           painter_(*document_),
