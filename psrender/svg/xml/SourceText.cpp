@@ -1,5 +1,6 @@
 #include "psrender/svg/xml/SourceText.h"
 
+#include "Core/Unicode.h"
 #include "psrender/svg/values/Characters.h"
 
 #include <algorithm>
@@ -8,32 +9,14 @@
 
 namespace psrender::svg {
 
+namespace Unicode = Core::Unicode;
+
 namespace {
 
 constexpr std::string_view littleEndianMark = "\xff\xfe";
 constexpr std::string_view bigEndianMark = "\xfe\xff";
 constexpr std::string_view utf8Mark = "\xef\xbb\xbf";
 constexpr std::string_view gzipMark = "\x1f\x8b";
-constexpr char32_t replacement = 0xfffd;
-
-void appendUtf8(std::string& out, char32_t c) {
-    const auto put = [&out](char32_t byte) { out.push_back(static_cast<char>(byte)); };
-    if (c < 0x80) {
-        put(c);
-    } else if (c < 0x800) {
-        put(0xc0 | c >> 6);
-        put(0x80 | (c & 0x3f));
-    } else if (c < 0x10000) {
-        put(0xe0 | c >> 12);
-        put(0x80 | (c >> 6 & 0x3f));
-        put(0x80 | (c & 0x3f));
-    } else {
-        put(0xf0 | c >> 18);
-        put(0x80 | (c >> 12 & 0x3f));
-        put(0x80 | (c >> 6 & 0x3f));
-        put(0x80 | (c & 0x3f));
-    }
-}
 
 /// Reads UTF-16 code units without their byte order mark.
 class Utf16Reader {
@@ -45,11 +28,11 @@ public:
 
     char32_t next() {
         const char32_t unit = take();
-        if (unit < 0xd800 || unit > 0xdfff)
+        if (!Unicode::isSurrogate(unit))
             return unit;
-        if (unit > 0xdbff || atEnd() || peek() < 0xdc00 || peek() > 0xdfff)
-            return replacement;
-        return 0x10000 + ((unit - 0xd800) << 10) + (take() - 0xdc00);
+        const bool isPair =
+            Unicode::isHighSurrogate(unit) && !atEnd() && Unicode::isLowSurrogate(peek());
+        return isPair ? Unicode::combine(unit, take()) : Unicode::kReplacement;
     }
 
 private:
@@ -75,7 +58,7 @@ std::string fromUtf16(std::string_view bytes) {
     std::string result;
     result.reserve(bytes.size() / 2);
     while (!reader.atEnd())
-        appendUtf8(result, reader.next());
+        Unicode::appendUtf8(result, reader.next());
     return result;
 }
 
