@@ -3,7 +3,7 @@
 #include "psrender/base/InputError.h"
 #include "psrender/base/Warnings.h"
 #include "psrender/scene/DisplayList.h"
-#include "psrender/svg/elements/ImageAccess.h"
+#include "psrender/svg/image/ImageAccess.h"
 
 #include <string>
 #include <string_view>

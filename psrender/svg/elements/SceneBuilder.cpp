@@ -1,6 +1,8 @@
 #include "psrender/svg/elements/SceneBuilder.h"
 
 #include "psrender/base/Warnings.h"
+#include "psrender/svg/css/LeftOut.h"
+#include "psrender/svg/elements/Viewport.h"
 #include "psrender/svg/xml/Conditions.h"
 #include "psrender/svg/xml/XmlWalk.h"
 
@@ -11,9 +13,8 @@ using scene::Rect;
 
 namespace {
 
-constexpr double pointsPerPixel = 0.75;
-constexpr std::size_t deepestNesting = 1000;
-constexpr std::size_t mostReferredEffort = 10'000'000;
+constexpr double kPointsPerPixel = 0.75;
+constexpr std::size_t kDeepestNesting = 1000;
 
 void warnOfElement(ElementKind kind, Warnings& warnings) {
     if (kind == ElementKind::foreignObject)
@@ -33,26 +34,39 @@ void makeSilhouette(ComputedStyle& style) {
     style.leftOut = 0;
 }
 
-/// What reading an element's attributes costs, in elements of ordinary size.
-std::size_t effortFor(pugi::xml_node element) {
-    std::size_t size = 0;
-    for (const pugi::xml_attribute attribute : element.attributes())
-        size += std::string_view(attribute.value()).size();
-    return 1 + size / 32;
-}
-
 }  // namespace
+
+SceneBuilder::SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warnings& warnings)
+    : tree_(tree),
+      warnings_(warnings),
+      styles_(tree, warnings),
+      paints_(tree, styles_, warnings,
+              [this](pugi::xml_node pattern, const PaintPlace& place) {
+                  return patterns_.read(pattern, place);
+              }),
+      shapePaints_(paints_),
+      outlines_(warnings),
+      links_(images, warnings),
+      canvas_(tree, warnings),
+      references_(tree, canvas_.items()),
+      uses_(tree, canvas_, references_, *this, warnings),
+      clips_(tree, styles_, canvas_.items(), references_, *this),
+      markers_(tree, styles_, canvas_, references_, *this, warnings),
+      patterns_(tree, styles_, references_, *this, warnings),
+      images_(canvas_, links_, warnings),
+      texts_(tree, styles_, outlines_, shapePaints_, canvas_, warnings),
+      shapes_(outlines_, shapePaints_, markers_, canvas_) {}
 
 scene::Page SceneBuilder::build() {
     const pugi::xml_node root = tree_.root();
     const ComputedStyle initial;
     const Rect area = drawingArea(tree_, styles_.resolve(root, initial).fontSize);
-    const Affine toPage = Affine::scaling(pointsPerPixel, pointsPerPixel);
+    const Affine toPage = Affine::scaling(kPointsPerPixel, kPointsPerPixel);
     draw(root, {initial, toPage, {area.width, area.height}}, &area);
     scene::Page page;
-    page.items = items_.takeItems();
-    page.width = area.width * pointsPerPixel;
-    page.height = area.height * pointsPerPixel;
+    page.items = canvas_.items().takeItems();
+    page.width = area.width * kPointsPerPixel;
+    page.height = area.height * kPointsPerPixel;
     return page;
 }
 
@@ -66,7 +80,7 @@ void SceneBuilder::draw(pugi::xml_node element, const Surroundings& around, cons
         makeSilhouette(style);
     if (!style.isDisplayed || style.opacity <= 0)
         return;
-    warnOfLeftOut(style, kind);
+    warnOfLeftOut(style, kind, warnings_);
     Surroundings inside{style,
                         around.toPage * style.transform,
                         around.measures,
@@ -75,29 +89,30 @@ void SceneBuilder::draw(pugi::xml_node element, const Surroundings& around, cons
                         around.isClip};
     inside.measures.fontSize = style.fontSize;
     if (!style.clipPath.empty())
-        drawWithinClip(inside, [&] { drawContent(kind, element, inside, area); });
+        clips_.drawWithin(inside, [&] { drawContent(kind, element, inside, area); });
     else if (style.opacity == 1)
         drawContent(kind, element, inside, area);
     else
-        items_.group(style.opacity, {}, [&] { drawContent(kind, element, inside, area); });
+        canvas_.items().group(style.opacity, {}, [&] { drawContent(kind, element, inside, area); });
 }
 
 void SceneBuilder::drawContent(ElementKind kind, pugi::xml_node element, const Surroundings& inside,
                                const Rect* area) {
     if (isShape(kind))
-        drawShape(kind, element, inside);
+        shapes_.draw(kind, element, inside);
     else if (kind == ElementKind::image)
-        drawImage(element, inside);
+        images_.draw(element, inside);
     else if (kind == ElementKind::text)
-        drawText(element, inside);
+        texts_.draw(element, inside);
     else if (kind == ElementKind::group)
         drawChildren(element, inside);
     else if (kind == ElementKind::use)
-        drawUse(element, inside);
+        uses_.draw(element, inside);
     else if (kind == ElementKind::choice)
         drawChoice(element, inside);
     else if (kind == ElementKind::svg || kind == ElementKind::symbol)
-        drawViewport(element, area != nullptr ? *area : nestedArea(element, inside.measures),
+        drawViewport(element,
+                     area != nullptr ? *area : nestedArea(element, inside.measures, warnings_),
                      inside);
     else
         warnOfElement(kind, warnings_);
@@ -105,7 +120,7 @@ void SceneBuilder::drawContent(ElementKind kind, pugi::xml_node element, const S
 
 void SceneBuilder::drawChildren(pugi::xml_node element, const Surroundings& inside) {
     for (auto child = firstChildElement(element); child; child = nextElement(child))
-        draw(child, inside);
+        draw(child, inside, nullptr);
 }
 
 /// Draws the first child that is fit to be shown. Foreign content is never it, so that a plain
@@ -117,7 +132,7 @@ void SceneBuilder::drawChoice(pugi::xml_node element, const Surroundings& inside
         if (!isShown(kind) || !conditionsHold(child))
             continue;
         if (kind != ElementKind::foreignObject) {
-            draw(child, inside);
+            draw(child, inside, nullptr);
             return;
         }
         hasForeign = true;
@@ -139,26 +154,17 @@ void SceneBuilder::drawViewport(pugi::xml_node element, const Rect& area,
     if (isPage || inside.style.overflows)
         drawChildren(element, within);
     else
-        items_.group(1, scene::rectangleClip(area, inside.toPage),
-                     [&] { drawChildren(element, within); });
+        canvas_.items().group(1, scene::rectangleClip(area, inside.toPage),
+                              [&] { drawChildren(element, within); });
 }
 
-/// References can make a small file ask for endless work.
 void SceneBuilder::checkEffort(pugi::xml_node element, const Surroundings& around) {
-    if (around.depth > deepestNesting)
+    if (around.depth > kDeepestNesting)
         tree_.fail(element,
                    "elements and references are nested more than 1000 deep; "
                    "remove groups that hold one group only");
     if (around.isReferred)
-        addEffort(effortFor(element), element);
-}
-
-void SceneBuilder::addEffort(std::size_t effort, pugi::xml_node element) {
-    referredEffort_ += effort;
-    if (referredEffort_ > mostReferredEffort)
-        tree_.fail(element,
-                   "references repeat more than the equivalent of 10 million elements; "
-                   "draw less of the picture by <use>, markers and clip paths");
+        references_.spendOn(element);
 }
 
 }  // namespace psrender::svg

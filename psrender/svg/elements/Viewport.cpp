@@ -3,6 +3,7 @@
 #include "psrender/base/Warnings.h"
 #include "psrender/svg/values/Characters.h"
 #include "psrender/svg/values/ViewBox.h"
+#include "psrender/svg/xml/LengthReader.h"
 #include "psrender/svg/xml/XmlTree.h"
 
 namespace psrender::svg {
@@ -60,6 +61,13 @@ std::optional<Viewport> openViewport(pugi::xml_node element, const Rect& area, W
         return std::nullopt;
     return Viewport{fitViewBox(*box, area, element.attribute("preserveAspectRatio").value()),
                     box->width, box->height};
+}
+
+Rect nestedArea(pugi::xml_node svg, const Measures& measures, Warnings& warnings) {
+    const LengthReader lengths(svg, measures, warnings);
+    return {lengths.get("x", Axis::horizontal), lengths.get("y", Axis::vertical),
+            lengths.findSize("width", Axis::horizontal).value_or(measures.width),
+            lengths.findSize("height", Axis::vertical).value_or(measures.height)};
 }
 
 /// A side that is not given follows from the other by the viewBox's proportions.

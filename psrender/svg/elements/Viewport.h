@@ -26,6 +26,9 @@ struct Viewport {
 std::optional<Viewport> openViewport(pugi::xml_node element, const scene::Rect& area,
                                      Warnings& warnings);
 
+/// Where a drawing within the drawing asks to be shown.
+scene::Rect nestedArea(pugi::xml_node svg, const Measures& measures, Warnings& warnings);
+
 /// Width and height of the drawing in pixels, at (0, 0). Throws `InputError` if there is no
 /// making sense of the root element's size or viewBox.
 scene::Rect drawingArea(const XmlTree& tree, double fontSize);

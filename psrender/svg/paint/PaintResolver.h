@@ -23,12 +23,12 @@ class XmlTree;
 class PaintResolver {
 public:
     /// Makes the paint of a `pattern` element; nothing if it cannot be painted with.
-    using PatternReader =
+    using ReadPattern =
         std::function<std::optional<scene::Paint>(pugi::xml_node, const PaintPlace&)>;
 
     /// All three must outlive the resolver.
     PaintResolver(const XmlTree& tree, StyleResolver& styles, Warnings& warnings,
-                  PatternReader patterns)
+                  ReadPattern patterns)
         : tree_(tree),
           warnings_(warnings),
           gradients_(tree, styles, warnings),
@@ -45,7 +45,7 @@ private:
     const XmlTree& tree_;
     Warnings& warnings_;
     GradientReader gradients_;
-    PatternReader patterns_;
+    ReadPattern patterns_;
 };
 
 }  // namespace psrender::svg

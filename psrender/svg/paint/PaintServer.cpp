@@ -1,6 +1,6 @@
 #include "psrender/svg/paint/PaintServer.h"
 
-#include "psrender/svg/path/ShapeReader.h"
+#include "psrender/svg/xml/LengthReader.h"
 #include "psrender/svg/xml/XmlTree.h"
 #include "psrender/svg/xml/XmlWalk.h"
 

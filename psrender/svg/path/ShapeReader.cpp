@@ -3,6 +3,7 @@
 #include "psrender/base/Warnings.h"
 #include "psrender/svg/path/PathParser.h"
 #include "psrender/svg/path/ShapeOutlines.h"
+#include "psrender/svg/xml/LengthReader.h"
 
 #include <algorithm>
 
@@ -42,26 +43,6 @@ Outline readLine(const LengthReader& lengths) {
 }
 
 }  // namespace
-
-std::optional<double> LengthReader::find(const char* name, Axis axis) const {
-    const pugi::xml_attribute attribute = element_.attribute(name);
-    if (!attribute || std::string_view(attribute.value()) == "auto")
-        return std::nullopt;
-    const auto length = parseLength(attribute.value(), measures_.fontSize);
-    if (!length) {
-        warnings_.add("attributes that are no lengths are ignored");
-        return std::nullopt;
-    }
-    return length->resolve(measures_, axis);
-}
-
-std::optional<double> LengthReader::findSize(const char* name, Axis axis) const {
-    const auto size = find(name, axis);
-    if (!size || *size >= 0)
-        return size;
-    warnings_.add("negative sizes are ignored");
-    return std::nullopt;
-}
 
 SharedOutline ShapeReader::read(pugi::xml_node element, ElementKind kind, const Measures& measures,
                                 bool isReferred) {

@@ -2,7 +2,7 @@
 #include "psrender/paint/Painter.h"
 #include "psrender/plan/Planner.h"
 #include "psrender/svg/SvgReader.h"
-#include "psrender/svg/elements/DataUri.h"
+#include "psrender/svg/image/DataUri.h"
 #include "tests/psrender/image/ImageFiles.h"
 #include "tests/support/Documents.h"
 #include "tests/support/Interpreter.h"

@@ -1,13 +1,17 @@
-// Images: where they lie, and which part of them shows.
+#include "psrender/svg/elements/ImageReader.h"
 
 #include "psrender/base/Warnings.h"
 #include "psrender/image/DerivedImages.h"
-#include "psrender/svg/elements/SceneBuilder.h"
+#include "psrender/svg/elements/Canvas.h"
+#include "psrender/svg/image/ImageLinks.h"
 #include "psrender/svg/values/Characters.h"
 #include "psrender/svg/values/ViewBox.h"
+#include "psrender/svg/xml/LengthReader.h"
+#include "psrender/svg/xml/XmlTree.h"
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace psrender::svg {
 
@@ -79,11 +83,11 @@ scene::Picture placed(const UprightImage& image, const Affine& toArea, const Rec
 
 }  // namespace
 
-void SceneBuilder::drawImage(pugi::xml_node element, const Surroundings& inside) {
+void ImageReader::draw(pugi::xml_node element, const Surroundings& inside) {
     const std::string_view address = trimmed(hrefOf(element));
-    if (!inside.style.isVisible || address.empty() || !canBeDrawn(inside.toPage))
+    if (!inside.style.isVisible || address.empty() || !canvas_.canShow(inside.toPage))
         return;
-    const UprightImage* image = images_.find(address);
+    const UprightImage* image = links_.find(address);
     if (image == nullptr)
         return;
     const Rect area = imageArea(LengthReader(element, inside.measures, warnings_), *image);
@@ -93,12 +97,11 @@ void SceneBuilder::drawImage(pugi::xml_node element, const Surroundings& inside)
         warnings_.add("colour profiles of CMYK images and damaged ones are ignored (<image>)");
     const Affine toArea = fitViewBox({0, 0, image->width, image->height}, area,
                                      element.attribute("preserveAspectRatio").value());
-    if (!canBeDrawn(toArea) || !canBeDrawn(inside.toPage * toArea))
+    if (!canvas_.canShow(toArea) || !canvas_.canShow(inside.toPage * toArea))
         return;
     scene::Picture picture = placed(*image, toArea, area);
     picture.transform = inside.toPage * picture.transform;
-    if (!items_.add(std::move(picture)))
-        failOfSize(element);
+    canvas_.add(std::move(picture), element);
 }
 
 }  // namespace psrender::svg

@@ -1,13 +1,15 @@
-// Markers: symbols that stand on the vertices of a path.
+#include "psrender/svg/elements/MarkerReader.h"
 
-#include "psrender/svg/elements/SceneBuilder.h"
+#include "psrender/svg/css/StyleResolver.h"
+#include "psrender/svg/elements/Canvas.h"
+#include "psrender/svg/elements/References.h"
 #include "psrender/svg/path/PathParser.h"
 #include "psrender/svg/values/Characters.h"
 #include "psrender/svg/values/NumberScanner.h"
 #include "psrender/svg/values/ViewBox.h"
+#include "psrender/svg/xml/LengthReader.h"
+#include "psrender/svg/xml/XmlTree.h"
 
-#include <algorithm>
-#include <memory>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -21,12 +23,12 @@ using scene::Rect;
 
 namespace {
 
-constexpr double usualSize = 3;
+constexpr double kUsualSize = 3;
 
 Rect sizeOf(pugi::xml_node marker, const Measures& measures, Warnings& warnings) {
     const LengthReader lengths(marker, measures, warnings);
-    return {0, 0, lengths.findSize("markerWidth", Axis::horizontal).value_or(usualSize),
-            lengths.findSize("markerHeight", Axis::vertical).value_or(usualSize)};
+    return {0, 0, lengths.findSize("markerWidth", Axis::horizontal).value_or(kUsualSize),
+            lengths.findSize("markerHeight", Axis::vertical).value_or(kUsualSize)};
 }
 
 /// The marker's own viewBox, or one that changes nothing.
@@ -60,15 +62,15 @@ Affine placeOf(pugi::xml_node marker, const MarkerVertex& vertex, double angle, 
 
 }  // namespace
 
-bool SceneBuilder::hasMarkers(ElementKind kind, const ComputedStyle& style) {
+bool MarkerReader::hasMarkers(ElementKind kind, const ComputedStyle& style) {
     const bool takesMarkers = kind == ElementKind::path || kind == ElementKind::line ||
                               kind == ElementKind::polyline || kind == ElementKind::polygon;
     return takesMarkers &&
            !(style.markerStart.empty() && style.markerMid.empty() && style.markerEnd.empty());
 }
 
-void SceneBuilder::drawMarkers(pugi::xml_node element, const Outline& outline,
-                               const Surroundings& inside) {
+void MarkerReader::draw(pugi::xml_node element, const Outline& outline,
+                        const Surroundings& inside) {
     const ComputedStyle& style = inside.style;
     std::vector<std::size_t> joints;
     if (!style.markerMid.empty() && elementKind(element.name()) == ElementKind::path)
@@ -86,10 +88,9 @@ void SceneBuilder::drawMarkers(pugi::xml_node element, const Outline& outline,
     draw(style.markerEnd, vertices.back(), false);
 }
 
-void SceneBuilder::drawMarker(pugi::xml_node marker, const MarkerVertex& vertex, bool isStart,
+void MarkerReader::drawMarker(pugi::xml_node marker, const MarkerVertex& vertex, bool isStart,
                               const Surroundings& inside) {
-    const bool isWithinItself = std::ranges::find(targets_, marker) != targets_.end();
-    if (elementKind(marker.name()) != ElementKind::marker || isWithinItself)
+    if (elementKind(marker.name()) != ElementKind::marker || references_.isWithin(marker))
         return;
     const bool goesByStroke =
         std::string_view(marker.attribute("markerUnits").value()) != "userSpaceOnUse";
@@ -97,25 +98,24 @@ void SceneBuilder::drawMarker(pugi::xml_node marker, const MarkerVertex& vertex,
         goesByStroke ? inside.style.strokeWidth.resolve(inside.measures, Axis::other) : 1;
     const Affine toPage = inside.toPage * placeOf(marker, vertex, angleOf(marker, vertex, isStart),
                                                   scale, inside.measures, warnings_);
-    if (!canBeDrawn(toPage))
+    if (!canvas_.canShow(toPage))
         return;
-    targets_.push_back(marker);
-    place(marker, symbolOfMarker(marker, inside), toPage);
-    targets_.pop_back();
+    references_.drawWithin(marker,
+                           [&] { canvas_.place(symbolOf(marker, inside), toPage, marker); });
 }
 
 /// A marker's content inherits from where the marker stands, so that it looks the same on every
 /// path.
-const Symbol& SceneBuilder::symbolOfMarker(pugi::xml_node marker, const Surroundings& inside) {
+const Symbol& MarkerReader::symbolOf(pugi::xml_node marker, const Surroundings& inside) {
     const Rect box = boxOf(marker, sizeOf(marker, inside.measures, warnings_));
     const ComputedStyle style = styles_.resolveInPlace(marker);
     const Measures measures{box.width, box.height, style.fontSize};
-    return symbolOf(marker, {style, measures, box}, [&] {
-        const auto group = items_.beginGroup(
+    return references_.symbolOf(marker, {style, measures, box}, [&] {
+        canvas_.items().group(
             style.opacity,
-            style.overflows ? std::nullopt : std::optional(scene::rectangleClip(box, {})));
-        drawChildren(marker, {style, {}, measures, inside.depth + 1, true});
-        items_.endGroup(group);
+            style.overflows ? std::nullopt : std::optional(scene::rectangleClip(box, {})), [&] {
+                walker_.drawChildren(marker, {style, {}, measures, inside.depth + 1, true});
+            });
     });
 }
 

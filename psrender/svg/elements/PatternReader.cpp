@@ -1,14 +1,14 @@
-// Patterns: symbols that repeat as tiles within what is painted with them.
+#include "psrender/svg/elements/PatternReader.h"
 
-#include "psrender/svg/elements/SceneBuilder.h"
+#include "psrender/svg/css/StyleResolver.h"
+#include "psrender/svg/elements/References.h"
 #include "psrender/svg/values/Characters.h"
 #include "psrender/svg/values/TransformParser.h"
 #include "psrender/svg/values/ViewBox.h"
+#include "psrender/svg/xml/XmlTree.h"
 
-#include <algorithm>
 #include <cmath>
 #include <memory>
-#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -72,14 +72,12 @@ bool isVisible(const Affine& map) {
 
 }  // namespace
 
-std::optional<scene::Paint> SceneBuilder::paintOfPattern(pugi::xml_node pattern,
-                                                         const PaintPlace& place) {
+std::optional<scene::Paint> PatternReader::read(pugi::xml_node pattern, const PaintPlace& place) {
     const PaintServer server(tree_, pattern);
     const pugi::xml_node holder = server.withChild(ElementKind::unknown);
     const auto tile = tileOf(server, place, warnings_);
     const auto map = parseTransform(server.attribute("patternTransform")).value_or(Affine());
-    if (!holder || !tile || !isVisible(map) ||
-        std::ranges::find(targets_, holder) != targets_.end())
+    if (!holder || !tile || !isVisible(map) || references_.isWithin(holder))
         return std::nullopt;
     const auto viewBox = viewBoxOf(server);
     const auto contentMap = mapOfContent(server, viewBox, *tile, place);
@@ -93,9 +91,9 @@ std::optional<scene::Paint> SceneBuilder::paintOfPattern(pugi::xml_node pattern,
     result->transform = map * Affine::translation(tile->x, tile->y);
     const std::string_view overflow = trimmed(server.attribute("overflow"));
     result->isClipped = overflow != "visible" && overflow != "auto";
-    targets_.push_back(holder);
-    result->content = placed(symbolOfPattern(holder, measures, place.depth), *contentMap);
-    targets_.pop_back();
+    references_.drawWithin(holder, [&] {
+        result->content = placed(symbolOf(holder, measures, place.depth), *contentMap);
+    });
     scene::Paint paint;
     if (!result->content->items.empty()) {
         paint.kind = scene::Paint::Kind::pattern;
@@ -105,12 +103,12 @@ std::optional<scene::Paint> SceneBuilder::paintOfPattern(pugi::xml_node pattern,
 }
 
 /// A pattern's content inherits from where the pattern stands.
-const Symbol& SceneBuilder::symbolOfPattern(pugi::xml_node holder, const Measures& measures,
-                                            std::size_t depth) {
+const Symbol& PatternReader::symbolOf(pugi::xml_node holder, const Measures& measures,
+                                      std::size_t depth) {
     const ComputedStyle style = styles_.resolveInPlace(holder);
     const Measures own{measures.width, measures.height, style.fontSize};
-    return symbolOf(holder, {style, own, std::nullopt}, [&] {
-        drawChildren(holder, {style, {}, own, depth + 1, true});
+    return references_.symbolOf(holder, {style, own, std::nullopt}, [&] {
+        walker_.drawChildren(holder, {style, {}, own, depth + 1, true});
     });
 }
 

@@ -1,8 +1,8 @@
-#include "psrender/svg/elements/ImageLinks.h"
+#include "psrender/svg/image/ImageLinks.h"
 
 #include "psrender/base/Warnings.h"
 #include "psrender/image/ImageError.h"
-#include "psrender/svg/elements/DataUri.h"
+#include "psrender/svg/image/DataUri.h"
 #include "psrender/svg/values/Characters.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "psrender/image/ImageStore.h"
-#include "psrender/svg/elements/ImageAccess.h"
+#include "psrender/svg/image/ImageAccess.h"
 
 #include <string>
 #include <string_view>

@@ -1,21 +1,26 @@
-// Text elements: their glyphs as runs, and the lines along them as shapes.
+#include "psrender/svg/elements/TextReader.h"
 
 #include "psrender/base/Warnings.h"
-#include "psrender/svg/elements/SceneBuilder.h"
+#include "psrender/svg/css/StyleResolver.h"
+#include "psrender/svg/elements/Canvas.h"
+#include "psrender/svg/paint/ShapePaints.h"
 #include "psrender/svg/path/ShapeOutlines.h"
-#include "psrender/svg/text/TextLayout.h"
-#include "psrender/svg/text/TextRuns.h"
-#include "psrender/svg/values/Characters.h"
+#include "psrender/svg/xml/ElementKind.h"
+#include "psrender/svg/xml/LengthReader.h"
+#include "psrender/svg/xml/XmlTree.h"
 #include "psrender/svg/xml/XmlWalk.h"
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
+#include <optional>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 namespace psrender::svg {
 
 using scene::Affine;
-using scene::Paint;
 using scene::Rect;
 using scene::Shape;
 
@@ -110,8 +115,8 @@ std::optional<Rect> boxOf(const TextContent& content, const std::vector<LaidGlyp
 
 }  // namespace
 
-void SceneBuilder::drawText(pugi::xml_node element, const Surroundings& inside) {
-    if (!canBeDrawn(inside.toPage))
+void TextReader::draw(pugi::xml_node element, const Surroundings& inside) {
+    if (!canvas_.canShow(inside.toPage))
         return;
     const TextContent content = readTextContent(element, inside.style, inside.measures, styles_);
     TextLayout layout(content, shaper_);
@@ -124,19 +129,21 @@ void SceneBuilder::drawText(pugi::xml_node element, const Surroundings& inside) 
     drawDecorations(content, layout, decoration::lineThrough, place, inside);
 }
 
-void SceneBuilder::layOut(const TextChunk& chunk, const TextContent& content,
-                          const Surroundings& inside, TextLayout& layout) {
+void TextReader::layOut(const TextChunk& chunk, const TextContent& content,
+                        const Surroundings& inside, TextLayout& layout) {
     const TextSpan& span = content.spans[content.characters[chunk.begin].span];
-    if (!span.path) {
+    if (span.path)
+        layOutAlong(chunk, span, inside, layout);
+    else
         layout.add(chunk, wantedLength(span.element, chunk, inside.measures, warnings_));
-        return;
-    }
+}
+
+void TextReader::layOutAlong(const TextChunk& chunk, const TextSpan& span,
+                             const Surroundings& inside, TextLayout& layout) {
     const std::string_view href = hrefOf(span.path);
     const pugi::xml_node target =
         href.starts_with('#') ? tree_.byId(href.substr(1)) : pugi::xml_node();
-    const ElementKind kind = target ? elementKind(target.name()) : ElementKind::unknown;
-    const SharedOutline outline =
-        isShape(kind) ? shapes_.read(target, kind, inside.measures, true) : nullptr;
+    const SharedOutline outline = outlineOf(target, inside);
     if (!outline) {
         warnings_.add("text along a path that is not in the file is left out (<textPath>)");
         return;
@@ -151,40 +158,42 @@ void SceneBuilder::layOut(const TextChunk& chunk, const TextContent& content,
     layout.addAlong(chunk, path, start);
 }
 
+/// Null if there is no such shape.
+SharedOutline TextReader::outlineOf(pugi::xml_node target, const Surroundings& inside) {
+    const ElementKind kind = target ? elementKind(target.name()) : ElementKind::unknown;
+    return isShape(kind) ? shapes_.read(target, kind, inside.measures, true) : nullptr;
+}
+
 /// Gradients and patterns lie in the space of the element, not of the run.
-void SceneBuilder::drawRun(const LaidRun& run, const TextSpan& span, const PaintPlace& place,
-                           const Surroundings& inside) {
+void TextReader::drawRun(const LaidRun& run, const TextSpan& span, const PaintPlace& place,
+                         const Surroundings& inside) {
     if (!span.style.isVisible || span.style.fontSize <= 0)
         return;
-    const Shape paints = painted(place, {span.style, inside.toPage, inside.measures, inside.depth,
-                                         inside.isReferred, inside.isClip});
+    const Shape painted = paints_.resolve(span.style, place);
     const Affine toRun = run.transform.inverse();
-    scene::Text text{run.run, inside.toPage * run.transform, scene::moved(paints.fill, toRun),
-                     scene::moved(paints.stroke, toRun), paints.strokeStyle};
+    scene::Text text{run.run, inside.toPage * run.transform, scene::moved(painted.fill, toRun),
+                     scene::moved(painted.stroke, toRun), painted.strokeStyle};
     if (std::string_view(span.element.name()) != "text") {
         text.fill.opacity *= span.style.opacity;
         text.stroke.opacity *= span.style.opacity;
     }
-    if (text.fill.kind == Paint::Kind::none && text.stroke.kind == Paint::Kind::none)
-        return;
-    if (!items_.add(std::move(text)))
-        failOfSize(span.element);
+    canvas_.add(std::move(text), span.element);
 }
 
-void SceneBuilder::drawDecorations(const TextContent& content, const TextLayout& layout,
-                                   DecorationSet lines, const PaintPlace& place,
-                                   const Surroundings& inside) {
+void TextReader::drawDecorations(const TextContent& content, const TextLayout& layout,
+                                 DecorationSet lines, const PaintPlace& place,
+                                 const Surroundings& inside) {
     for (const DecoratedStretch& stretch : decoratedStretches(content, layout.glyphs())) {
         const TextSpan& span = content.spans[stretch.span];
         for (const DecorationSet line :
              {decoration::underline, decoration::overline, decoration::lineThrough}) {
             if ((span.style.text.decorations & lines & line) == 0 || !span.style.isVisible)
                 continue;
-            Shape shape = painted(place, {span.style, inside.toPage, inside.measures, inside.depth,
-                                          inside.isReferred, inside.isClip});
+            Shape shape = paints_.resolve(span.style, place);
+            shape.transform = inside.toPage;
             shape.outline = std::make_shared<const scene::Outline>(
                 rectangleOutline(boxOf(stretch, line, span.style.fontSize), 0, 0));
-            addShape(std::move(shape), span.element);
+            canvas_.add(std::move(shape), span.element);
         }
     }
 }

@@ -1,4 +1,4 @@
-#include "psrender/svg/elements/DataUri.h"
+#include "psrender/svg/image/DataUri.h"
 
 #include "psrender/svg/values/Characters.h"
 
