@@ -17,13 +17,13 @@ namespace psrender::svg {
 /// Properties that change the picture and that the reader leaves out, as bits of a set.
 using FeatureSet = std::uint16_t;
 namespace feature {
-constexpr FeatureSet mask = 1;
-constexpr FeatureSet filter = 2;
-constexpr FeatureSet blendMode = 4;
-constexpr FeatureSet fixedStrokeWidth = 8;
-constexpr FeatureSet paintOrder = 16;
+constexpr FeatureSet kMask = 1;
+constexpr FeatureSet kFilter = 2;
+constexpr FeatureSet kBlendMode = 4;
+constexpr FeatureSet kFixedStrokeWidth = 8;
+constexpr FeatureSet kPaintOrder = 16;
 
-constexpr FeatureSet inherited = paintOrder;
+constexpr FeatureSet kInherited = kPaintOrder;
 }  // namespace feature
 
 /// Shared between an element and what inherits it; never null entries. Null means solid.

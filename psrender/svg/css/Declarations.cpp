@@ -10,12 +10,12 @@ namespace psrender::svg {
 
 namespace {
 
-constexpr auto none = std::string_view::npos;
-constexpr std::size_t longestProperty = 24;
+constexpr auto kNone = std::string_view::npos;
+constexpr std::size_t kLongestProperty = 24;
 
 /// Names in style sheets may be written in capitals.
 std::optional<std::size_t> findInAnyCase(std::string_view name) {
-    std::array<char, longestProperty> lower{};
+    std::array<char, kLongestProperty> lower{};
     if (name.size() > lower.size())
         return std::nullopt;
     std::transform(name.begin(), name.end(), lower.begin(), toLower);
@@ -25,7 +25,7 @@ std::optional<std::size_t> findInAnyCase(std::string_view name) {
 /// Takes "!important" off the end of a value.
 bool takeImportance(std::string_view& value) {
     const std::size_t mark = value.rfind('!');
-    if (mark == none || !equalsIgnoringCase(trimmed(value.substr(mark + 1)), "important"))
+    if (mark == kNone || !equalsIgnoringCase(trimmed(value.substr(mark + 1)), "important"))
         return false;
     value = trimmed(value.substr(0, mark));
     return true;
@@ -34,9 +34,9 @@ bool takeImportance(std::string_view& value) {
 /// Of a style attribute's comments, those before a declaration are passed over.
 void parseDeclaration(std::string_view text, std::vector<Declaration>& result) {
     const std::size_t comment = text.rfind("*/");
-    text.remove_prefix(comment == none ? 0 : comment + 2);
+    text.remove_prefix(comment == kNone ? 0 : comment + 2);
     const std::size_t colon = text.find(':');
-    if (colon == none)
+    if (colon == kNone)
         return;
     const auto property = findInAnyCase(trimmed(text.substr(0, colon)));
     std::string_view value = trimmed(text.substr(colon + 1));
@@ -61,7 +61,7 @@ std::size_t lengthUpTo(std::string_view text, std::string_view terminators) {
     std::size_t at = 0;
     while (at < text.size()) {
         const char c = text[at];
-        if (depth == 0 && terminators.find(c) != none)
+        if (depth == 0 && terminators.find(c) != kNone)
             return at;
         if (c == '"' || c == '\'') {
             at = afterString(text, at);
@@ -90,7 +90,7 @@ std::string withoutComments(std::string_view text) {
     while (at < text.size()) {
         if (text.substr(at, 2) == "/*") {
             const std::size_t end = text.find("*/", at + 2);
-            at = end == none ? text.size() : end + 2;
+            at = end == kNone ? text.size() : end + 2;
             continue;
         }
         const bool isString = text[at] == '"' || text[at] == '\'';

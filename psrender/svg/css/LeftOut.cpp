@@ -14,13 +14,13 @@ struct LeftOut {
 };
 
 constexpr std::array kLeftOutAnywhere{
-    LeftOut{feature::mask, "masks are left out (mask)"},
-    LeftOut{feature::filter, "filters are left out (filter)"},
-    LeftOut{feature::blendMode, "blend modes are left out (mix-blend-mode)"},
+    LeftOut{feature::kMask, "masks are left out (mask)"},
+    LeftOut{feature::kFilter, "filters are left out (filter)"},
+    LeftOut{feature::kBlendMode, "blend modes are left out (mix-blend-mode)"},
 };
 constexpr std::array kLeftOutOfShapes{
-    LeftOut{feature::paintOrder, "fill is drawn before stroke whatever is asked (paint-order)"},
-    LeftOut{feature::fixedStrokeWidth, "lines are scaled with their shape (vector-effect)"},
+    LeftOut{feature::kPaintOrder, "fill is drawn before stroke whatever is asked (paint-order)"},
+    LeftOut{feature::kFixedStrokeWidth, "lines are scaled with their shape (vector-effect)"},
 };
 
 void warn(const LeftOut& leftOut, FeatureSet present, Warnings& warnings) {

@@ -17,18 +17,18 @@ using scene::Cap;
 using scene::FillRule;
 using scene::Join;
 
-constexpr std::array caps{Keyword<Cap>{"butt", Cap::butt}, Keyword<Cap>{"round", Cap::round},
-                          Keyword<Cap>{"square", Cap::square}};
-constexpr std::array joins{Keyword<Join>{"miter", Join::miter}, Keyword<Join>{"round", Join::round},
-                           Keyword<Join>{"bevel", Join::bevel},
-                           Keyword<Join>{"miter-clip", Join::miter},
-                           Keyword<Join>{"arcs", Join::miter}};
-constexpr std::array fillRules{Keyword<FillRule>{"nonzero", FillRule::nonZero},
-                               Keyword<FillRule>{"evenodd", FillRule::evenOdd}};
-constexpr std::array visibilities{Keyword<bool>{"visible", true}, Keyword<bool>{"hidden", false},
-                                  Keyword<bool>{"collapse", false}};
-constexpr std::array overflows{Keyword<bool>{"visible", true}, Keyword<bool>{"auto", true},
-                               Keyword<bool>{"hidden", false}, Keyword<bool>{"scroll", false}};
+constexpr std::array kCaps{Keyword<Cap>{"butt", Cap::butt}, Keyword<Cap>{"round", Cap::round},
+                           Keyword<Cap>{"square", Cap::square}};
+constexpr std::array kJoins{
+    Keyword<Join>{"miter", Join::miter}, Keyword<Join>{"round", Join::round},
+    Keyword<Join>{"bevel", Join::bevel}, Keyword<Join>{"miter-clip", Join::miter},
+    Keyword<Join>{"arcs", Join::miter}};
+constexpr std::array kFillRules{Keyword<FillRule>{"nonzero", FillRule::nonZero},
+                                Keyword<FillRule>{"evenodd", FillRule::evenOdd}};
+constexpr std::array kVisibilities{Keyword<bool>{"visible", true}, Keyword<bool>{"hidden", false},
+                                   Keyword<bool>{"collapse", false}};
+constexpr std::array kOverflows{Keyword<bool>{"visible", true}, Keyword<bool>{"auto", true},
+                                Keyword<bool>{"hidden", false}, Keyword<bool>{"scroll", false}};
 
 using Style = ComputedStyle;
 
@@ -157,19 +157,19 @@ constexpr Property leftOut(std::string_view name) {
 }
 
 /// Sorted by name, for the search.
-constexpr std::array<Property, propertyCount> properties{{
+constexpr std::array<Property, kPropertyCount> kProperties{{
     {"alignment-baseline", textProperties::applyBaseline, copyText<&TextStyle::baseline>},
     {"baseline-shift", textProperties::applyBaselineShift, copy<&Style::baselineShift>},
     {"clip-path", applyReference<&Style::clipPath>, copy<&Style::clipPath>},
-    {"clip-rule", applyKeyword<&Style::clipRule, fillRules>, copy<&Style::clipRule>},
+    {"clip-rule", applyKeyword<&Style::clipRule, kFillRules>, copy<&Style::clipRule>},
     {"color", applyColor, copy<&Style::color>},
     {"direction", textProperties::applyDirection, copyText<&TextStyle::isRightToLeft>},
     {"display", applyDisplay, copy<&Style::isDisplayed>},
     {"dominant-baseline", textProperties::applyBaseline, copyText<&TextStyle::baseline>},
     {"fill", applyPaint<&Style::fill>, copy<&Style::fill>},
     {"fill-opacity", applyOpacity<&Style::fillOpacity>, copy<&Style::fillOpacity>},
-    {"fill-rule", applyKeyword<&Style::fillRule, fillRules>, copy<&Style::fillRule>},
-    leftOut<feature::filter>("filter"),
+    {"fill-rule", applyKeyword<&Style::fillRule, kFillRules>, copy<&Style::fillRule>},
+    leftOut<feature::kFilter>("filter"),
     {"font", textProperties::applyFont, copyFont},
     {"font-family", textProperties::applyFamily, copyText<&TextStyle::families>},
     {"font-kerning", textProperties::applyKerning, copyText<&TextStyle::isKerned>},
@@ -181,18 +181,18 @@ constexpr std::array<Property, propertyCount> properties{{
     {"marker-end", applyReference<&Style::markerEnd>, copy<&Style::markerEnd>},
     {"marker-mid", applyReference<&Style::markerMid>, copy<&Style::markerMid>},
     {"marker-start", applyReference<&Style::markerStart>, copy<&Style::markerStart>},
-    leftOut<feature::mask>("mask"),
-    leftOut<feature::blendMode>("mix-blend-mode"),
+    leftOut<feature::kMask>("mask"),
+    leftOut<feature::kBlendMode>("mix-blend-mode"),
     {"opacity", applyOpacity<&Style::opacity>, copy<&Style::opacity>},
-    {"overflow", applyKeyword<&Style::overflows, overflows>, copy<&Style::overflows>},
-    leftOut<feature::paintOrder>("paint-order"),
+    {"overflow", applyKeyword<&Style::overflows, kOverflows>, copy<&Style::overflows>},
+    leftOut<feature::kPaintOrder>("paint-order"),
     {"stop-color", applyStopColor, copy<&Style::stopColor>},
     {"stop-opacity", applyOpacity<&Style::stopOpacity>, copy<&Style::stopOpacity>},
     {"stroke", applyPaint<&Style::stroke>, copy<&Style::stroke>},
     {"stroke-dasharray", applyDashes, copy<&Style::dashes>},
     {"stroke-dashoffset", applyDashOffset, copy<&Style::dashOffset>},
-    {"stroke-linecap", applyKeyword<&Style::cap, caps>, copy<&Style::cap>},
-    {"stroke-linejoin", applyKeyword<&Style::join, joins>, copy<&Style::join>},
+    {"stroke-linecap", applyKeyword<&Style::cap, kCaps>, copy<&Style::cap>},
+    {"stroke-linejoin", applyKeyword<&Style::join, kJoins>, copy<&Style::join>},
     {"stroke-miterlimit", applyMiterLimit, copy<&Style::miterLimit>},
     {"stroke-opacity", applyOpacity<&Style::strokeOpacity>, copy<&Style::strokeOpacity>},
     {"stroke-width", applyStrokeWidth, copy<&Style::strokeWidth>},
@@ -200,19 +200,19 @@ constexpr std::array<Property, propertyCount> properties{{
     {"text-decoration", textProperties::applyDecoration, copyText<&TextStyle::decorations>},
     {"text-decoration-line", textProperties::applyDecoration, copyText<&TextStyle::decorations>},
     {"transform", applyTransform, copy<&Style::transform>},
-    leftOut<feature::fixedStrokeWidth>("vector-effect"),
-    {"visibility", applyKeyword<&Style::isVisible, visibilities>, copy<&Style::isVisible>},
+    leftOut<feature::kFixedStrokeWidth>("vector-effect"),
+    {"visibility", applyKeyword<&Style::isVisible, kVisibilities>, copy<&Style::isVisible>},
     {"white-space", textProperties::applyWhiteSpace, copyText<&TextStyle::keepsSpace>},
     {"word-spacing", textProperties::applyWordSpacing, copyText<&TextStyle::wordSpacing>},
 }};
 
 constexpr std::optional<std::size_t> find(std::string_view name) {
     const auto* found = std::lower_bound(
-        properties.begin(), properties.end(), name,
+        kProperties.begin(), kProperties.end(), name,
         [](const Property& property, std::string_view key) { return property.name < key; });
-    if (found == properties.end() || found->name != name)
+    if (found == kProperties.end() || found->name != name)
         return std::nullopt;
-    return static_cast<std::size_t>(found - properties.begin());
+    return static_cast<std::size_t>(found - kProperties.begin());
 }
 
 }  // namespace
@@ -233,21 +233,21 @@ bool applyProperty(std::size_t property, std::string_view text, ComputedStyle& s
                    const ComputedStyle& parent) {
     const std::string_view value = trimmed(text);
     if (value == "inherit") {
-        properties[property].copy(parent, style);
+        kProperties[property].copy(parent, style);
         return true;
     }
     if (value == "initial") {
-        properties[property].copy(ComputedStyle(), style);
+        kProperties[property].copy(ComputedStyle(), style);
         return true;
     }
-    return properties[property].apply(value, style);
+    return kProperties[property].apply(value, style);
 }
 
 ComputedStyle ComputedStyle::childOf(const ComputedStyle& parent) {
     ComputedStyle child;
     // NOLINTNEXTLINE(cppcoreguidelines-slicing): children inherit just this part.
     static_cast<InheritedStyle&>(child) = parent;
-    child.leftOut = parent.leftOut & feature::inherited;
+    child.leftOut = parent.leftOut & feature::kInherited;
     return child;
 }
 

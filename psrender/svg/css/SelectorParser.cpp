@@ -7,12 +7,12 @@ namespace psrender::svg {
 
 namespace {
 
-constexpr std::size_t mostCompounds = 64;
+constexpr std::size_t kMostCompounds = 64;
 
 /// Weights of the three ranks; sums within a rank do not reach the next one in practice.
-constexpr std::uint32_t idWeight = 1U << 20;
-constexpr std::uint32_t classWeight = 1U << 10;
-constexpr std::uint32_t typeWeight = 1;
+constexpr std::uint32_t kIdWeight = 1U << 20;
+constexpr std::uint32_t kClassWeight = 1U << 10;
+constexpr std::uint32_t kTypeWeight = 1;
 
 class SelectorParser {
 public:
@@ -53,7 +53,7 @@ std::optional<Selector> SelectorParser::parseSelector() {
         Compound compound;
         compound.relation = *combinator;
         if (!parseCompound(compound, selector.specificity) ||
-            selector.compounds.size() == mostCompounds)
+            selector.compounds.size() == kMostCompounds)
             return std::nullopt;
         selector.compounds.push_back(std::move(compound));
         combinator = parseCombinator();
@@ -66,7 +66,7 @@ bool SelectorParser::parseCompound(Compound& compound, std::uint32_t& specificit
     const std::size_t before = text_.size();
     if (!skip('*')) {
         compound.type = name();
-        specificity += compound.type.empty() ? 0 : typeWeight;
+        specificity += compound.type.empty() ? 0 : kTypeWeight;
     }
     while (!text_.empty() && std::string_view(".#[:").find(text_.front()) != std::string_view::npos)
         if (!parsePart(compound, specificity))
@@ -76,17 +76,17 @@ bool SelectorParser::parseCompound(Compound& compound, std::uint32_t& specificit
 
 bool SelectorParser::parsePart(Compound& compound, std::uint32_t& specificity) {
     if (skip('[')) {
-        specificity += classWeight;
+        specificity += kClassWeight;
         return parseAttribute(compound);
     }
     if (skip(':')) {
-        specificity += classWeight;
+        specificity += kClassWeight;
         return parsePseudoClass(compound);
     }
     const bool isId = text_.front() == '#';
     text_.remove_prefix(1);
     const std::string_view word = name();
-    specificity += isId ? idWeight : classWeight;
+    specificity += isId ? kIdWeight : kClassWeight;
     if (!isId)
         compound.classes.push_back(word);
     else if (compound.id.empty())
@@ -120,14 +120,14 @@ std::optional<AttributeTest::Kind> SelectorParser::parseOperator() {
         return Kind::exists;
     if (skip('='))
         return Kind::equals;
-    constexpr std::string_view signs = "~|^$*";
-    constexpr Kind kinds[] = {Kind::hasWord, Kind::isLanguage, Kind::begins, Kind::ends,
-                              Kind::contains};
-    const std::size_t sign = text_.empty() ? std::string_view::npos : signs.find(text_.front());
+    constexpr std::string_view kSigns = "~|^$*";
+    constexpr Kind kKinds[] = {Kind::hasWord, Kind::isLanguage, Kind::begins, Kind::ends,
+                               Kind::contains};
+    const std::size_t sign = text_.empty() ? std::string_view::npos : kSigns.find(text_.front());
     if (sign == std::string_view::npos || text_.substr(1, 1) != "=")
         return std::nullopt;
     text_.remove_prefix(2);
-    return kinds[sign];
+    return kKinds[sign];
 }
 
 bool SelectorParser::parsePseudoClass(Compound& compound) {

@@ -12,7 +12,7 @@ namespace psrender::svg {
 namespace {
 
 /// A few seconds' work.
-constexpr std::uint64_t mostSteps = 100'000'000;
+constexpr std::uint64_t kMostSteps = 100'000'000;
 
 StyleSheet readSheets(const XmlTree& tree, Warnings& warnings) {
     StyleSheet sheet;
@@ -74,9 +74,9 @@ private:
             warnings.add("style values that are not understood are ignored");
     }
 
-    static_assert(propertyCount < 64, "the set below has a bit for each property");
+    static_assert(kPropertyCount < 64, "the set below has a bit for each property");
     std::uint64_t present_ = 0;
-    std::array<Entry, propertyCount> entries_;  // only those in the set are read
+    std::array<Entry, kPropertyCount> entries_;  // only those in the set are read
 };
 
 StyleResolver::StyleResolver(const XmlTree& tree, Warnings& warnings)
@@ -120,7 +120,7 @@ void StyleResolver::addSheetRules(pugi::xml_node element, Cascade& cascade) {
                         declaration.isImportant ? Strength::importantRule : Strength::rule);
         }
     }
-    if (matcher_.steps() + declarationSteps_ > mostSteps)
+    if (matcher_.steps() + declarationSteps_ > kMostSteps)
         tree_.fail(element,
                    "the style sheets have too many rules to try on each element; "
                    "simplify them");

@@ -16,9 +16,9 @@ enum class Baseline : std::uint8_t { alphabetic, middle, central, hanging, top, 
 /// Lines along a text, as bits of a set.
 using DecorationSet = std::uint8_t;
 namespace decoration {
-constexpr DecorationSet underline = 1;
-constexpr DecorationSet overline = 2;
-constexpr DecorationSet lineThrough = 4;
+constexpr DecorationSet kUnderline = 1;
+constexpr DecorationSet kOverline = 2;
+constexpr DecorationSet kLineThrough = 4;
 }  // namespace decoration
 
 /// How text looks that says nothing else; lengths in user units.

@@ -11,8 +11,8 @@ namespace {
 using scene::Paint;
 using scene::Shape;
 
-constexpr std::size_t mostShapes = 2'000'000;
-constexpr std::size_t mostPoints = 50'000'000;
+constexpr std::size_t kMostShapes = 2'000'000;
+constexpr std::size_t kMostPoints = 50'000'000;
 
 /// Fill and stroke overlap, so with both the opacity has to stay around the two.
 template <class Painted>
@@ -121,7 +121,7 @@ bool PageItems::add(scene::Placement placement, Size size) {
 
 bool PageItems::grow(Size size) {
     size_ = size_ + size;
-    return size_.shapes <= mostShapes && size_.points <= mostPoints;
+    return size_.shapes <= kMostShapes && size_.points <= kMostPoints;
 }
 
 PageItems::Mark PageItems::beginGroup(double opacity, std::optional<scene::Clip> clip) {

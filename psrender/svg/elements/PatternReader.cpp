@@ -26,14 +26,14 @@ bool goesByBox(const PaintServer& server, const char* name, bool isUsual) {
 
 /// One tile in the space of the painted element; nothing if it is empty.
 std::optional<Rect> tileOf(const PaintServer& server, const PaintPlace& place, Warnings& warnings) {
-    constexpr Length zero{};
+    constexpr Length kZero{};
     const bool byBox = goesByBox(server, "patternUnits", true);
     if (byBox && !place.box)
         return std::nullopt;
     const Measures measures = byBox ? Measures{1, 1, place.measures.fontSize} : place.measures;
     const Rect around = byBox ? *place.box : Rect{0, 0, 1, 1};
     const auto get = [&](const char* name, Axis axis) {
-        return server.length(name, axis, zero, measures, warnings);
+        return server.length(name, axis, kZero, measures, warnings);
     };
     const Rect tile{around.x + get("x", Axis::horizontal) * around.width,
                     around.y + get("y", Axis::vertical) * around.height,

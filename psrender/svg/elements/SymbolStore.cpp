@@ -8,7 +8,7 @@ namespace psrender::svg {
 namespace {
 
 /// An element in ever new colours would make the search long for nothing.
-constexpr std::size_t mostAppearances = 8;
+constexpr std::size_t kMostAppearances = 8;
 
 }  // namespace
 
@@ -23,7 +23,7 @@ const Symbol* SymbolStore::find(pugi::xml_node element, const Appearance& appear
 const Symbol& SymbolStore::keep(pugi::xml_node element, const Appearance& appearance,
                                 Symbol symbol) {
     std::deque<Known>& appearances = known_[element.internal_object()];
-    if (appearances.size() == mostAppearances)
+    if (appearances.size() == kMostAppearances)
         appearances.pop_back();
     return appearances.emplace_front(Known{appearance, std::move(symbol)}).symbol;
 }

@@ -75,11 +75,11 @@ std::vector<DecoratedStretch> decoratedStretches(const TextContent& content,
 
 /// Where the middle of a line lies above the baseline, in 1/1000 em.
 double heightOf(DecorationSet line, const Fonts::FontMetrics& metrics) {
-    if (line == decoration::underline)
+    if (line == decoration::kUnderline)
         return metrics.underlinePosition != 0 ? metrics.underlinePosition : -100;
-    constexpr double usualXHeight = 500;
-    const double xHeight = metrics.xHeight > 0 ? metrics.xHeight : usualXHeight;
-    return line == decoration::overline ? metrics.ascent : xHeight * 0.55;
+    constexpr double kUsualXHeight = 500;
+    const double xHeight = metrics.xHeight > 0 ? metrics.xHeight : kUsualXHeight;
+    return line == decoration::kOverline ? metrics.ascent : xHeight * 0.55;
 }
 
 Rect boxOf(const DecoratedStretch& stretch, DecorationSet line, double size) {
@@ -123,10 +123,10 @@ void TextReader::draw(pugi::xml_node element, const Surroundings& inside) {
     for (const TextChunk& chunk : splitIntoChunks(content, fonts_))
         layOut(chunk, content, inside, layout);
     const PaintPlace place{boxOf(content, layout.glyphs()), inside.measures, inside.depth};
-    drawDecorations(content, layout, decoration::underline | decoration::overline, place, inside);
+    drawDecorations(content, layout, decoration::kUnderline | decoration::kOverline, place, inside);
     for (const LaidRun& run : gatherRuns(content, layout.glyphs()))
         drawRun(run, content.spans[run.span], place, inside);
-    drawDecorations(content, layout, decoration::lineThrough, place, inside);
+    drawDecorations(content, layout, decoration::kLineThrough, place, inside);
 }
 
 void TextReader::layOut(const TextChunk& chunk, const TextContent& content,
@@ -186,7 +186,7 @@ void TextReader::drawDecorations(const TextContent& content, const TextLayout& l
     for (const DecoratedStretch& stretch : decoratedStretches(content, layout.glyphs())) {
         const TextSpan& span = content.spans[stretch.span];
         for (const DecorationSet line :
-             {decoration::underline, decoration::overline, decoration::lineThrough}) {
+             {decoration::kUnderline, decoration::kOverline, decoration::kLineThrough}) {
             if ((span.style.text.decorations & lines & line) == 0 || !span.style.isVisible)
                 continue;
             Shape shape = paints_.resolve(span.style, place);

@@ -13,8 +13,8 @@ using scene::Rect;
 
 namespace {
 
-constexpr double defaultWidth = 300;
-constexpr double defaultHeight = 150;
+constexpr double kDefaultWidth = 300;
+constexpr double kDefaultHeight = 150;
 
 /// The root's viewBox. One that is wrong would leave the scale of the whole drawing to chance.
 std::optional<Rect> readRootViewBox(const XmlTree& tree) {
@@ -73,8 +73,8 @@ Rect nestedArea(pugi::xml_node svg, const Measures& measures, Warnings& warnings
 /// A side that is not given follows from the other by the viewBox's proportions.
 Rect drawingArea(const XmlTree& tree, double fontSize) {
     const auto box = readRootViewBox(tree);
-    const double naturalWidth = box ? box->width : defaultWidth;
-    const double naturalHeight = box ? box->height : defaultHeight;
+    const double naturalWidth = box ? box->width : kDefaultWidth;
+    const double naturalHeight = box ? box->height : kDefaultHeight;
     const auto width = readSide(tree, "width", naturalWidth, fontSize);
     const auto height = readSide(tree, "height", naturalHeight, fontSize);
     const double scaleX = box && height ? *height / naturalHeight : 1;

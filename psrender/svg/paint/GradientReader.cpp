@@ -19,10 +19,10 @@ using scene::Paint;
 
 namespace {
 
-constexpr std::size_t mostStops = 2000;
-constexpr Length nothing{0, true};
-constexpr Length half{0.5, true};
-constexpr Length all{1, true};
+constexpr std::size_t kMostStops = 2000;
+constexpr Length kNothing{0, true};
+constexpr Length kHalf{0.5, true};
+constexpr Length kAll{1, true};
 
 scene::Spread spreadOf(std::string_view text) {
     if (text == "repeat")
@@ -89,24 +89,24 @@ void GradientReader::readLine(const PaintServer& server, const Measures& measure
     const auto get = [&](const char* name, Axis axis, const Length& usual) {
         return server.length(name, axis, usual, measures, warnings_);
     };
-    gradient.start = {get("x1", Axis::horizontal, nothing), get("y1", Axis::vertical, nothing)};
-    gradient.end = {get("x2", Axis::horizontal, all), get("y2", Axis::vertical, nothing)};
+    gradient.start = {get("x1", Axis::horizontal, kNothing), get("y1", Axis::vertical, kNothing)};
+    gradient.end = {get("x2", Axis::horizontal, kAll), get("y2", Axis::vertical, kNothing)};
 }
 
 /// The inner circle is kept within the outer one.
 void GradientReader::readCircles(const PaintServer& server, const Measures& measures,
                                  Gradient& gradient) {
-    constexpr double closest = 0.995;  // to the outer circle
+    constexpr double kClosest = 0.995;  // to the outer circle
     const auto get = [&](const char* name, Axis axis, const Length& usual) {
         return server.length(name, axis, usual, measures, warnings_);
     };
     gradient.kind = Gradient::Kind::radial;
-    gradient.end = {get("cx", Axis::horizontal, half), get("cy", Axis::vertical, half)};
-    gradient.endRadius = get("r", Axis::other, half);
-    gradient.startRadius = std::max(0.0, get("fr", Axis::other, nothing));
+    gradient.end = {get("cx", Axis::horizontal, kHalf), get("cy", Axis::vertical, kHalf)};
+    gradient.endRadius = get("r", Axis::other, kHalf);
+    gradient.startRadius = std::max(0.0, get("fr", Axis::other, kNothing));
     const double x = get("fx", Axis::horizontal, {gradient.end.x}) - gradient.end.x;
     const double y = get("fy", Axis::vertical, {gradient.end.y}) - gradient.end.y;
-    const double farthest = std::max(0.0, gradient.endRadius - gradient.startRadius) * closest;
+    const double farthest = std::max(0.0, gradient.endRadius - gradient.startRadius) * kClosest;
     const double distance = std::hypot(x, y);
     const double share = distance > farthest ? farthest / distance : 1;
     gradient.start = {gradient.end.x + x * share, gradient.end.y + y * share};
@@ -124,7 +124,7 @@ GradientReader::Stops GradientReader::readStops(pugi::xml_node holder) {
     for (auto child = firstChildElement(holder); child; child = nextElement(child)) {
         if (elementKind(child.name()) != ElementKind::stop)
             continue;
-        if (stops.size() == mostStops) {
+        if (stops.size() == kMostStops) {
             warnings_.add("gradients end at their 2000th stop");
             break;
         }

@@ -9,7 +9,7 @@ namespace psrender::svg {
 namespace {
 
 /// Longer chains are circles or worse.
-constexpr std::size_t longestChain = 32;
+constexpr std::size_t kLongestChain = 32;
 
 bool isOfKind(pugi::xml_node element, ElementKind kind) {
     const ElementKind own = elementKind(element.name());
@@ -20,7 +20,7 @@ bool isOfKind(pugi::xml_node element, ElementKind kind) {
 
 PaintServer::PaintServer(const XmlTree& tree, pugi::xml_node element) {
     const ElementKind kind = elementKind(element.name());
-    while (element && chain_.size() < longestChain && isOfKind(element, kind)) {
+    while (element && chain_.size() < kLongestChain && isOfKind(element, kind)) {
         chain_.push_back(element);
         const std::string_view href = hrefOf(element);
         element = href.starts_with('#') ? tree.byId(href.substr(1)) : pugi::xml_node();

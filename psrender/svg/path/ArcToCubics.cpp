@@ -12,7 +12,7 @@ using scene::Point;
 
 namespace {
 
-constexpr double pi = std::numbers::pi;
+constexpr double kPi = std::numbers::pi;
 
 /// An arc on the unit circle, and the map from there to where it is drawn.
 struct CircleArc {
@@ -40,8 +40,8 @@ Point unitCentre(Point unitStart, bool toTheLeft) {
 double clockwiseSweep(double from, double to, bool isClockwise) {
     const double sweep = to - from;
     if (isClockwise)
-        return sweep < 0 ? sweep + 2 * pi : sweep;
-    return sweep > 0 ? sweep - 2 * pi : sweep;
+        return sweep < 0 ? sweep + 2 * kPi : sweep;
+    return sweep > 0 ? sweep - 2 * kPi : sweep;
 }
 
 CircleArc onUnitCircle(Point start, const Arc& arc) {
@@ -64,7 +64,7 @@ CircleArc onUnitCircle(Point start, const Arc& arc) {
 /// last point is the arc's end itself, free of rounding.
 void appendCubics(Outline& outline, const CircleArc& arc, Point end) {
     const int count =
-        std::max(1, static_cast<int>(std::ceil(std::abs(arc.sweep) / (pi / 2) - 1e-9)));
+        std::max(1, static_cast<int>(std::ceil(std::abs(arc.sweep) / (kPi / 2) - 1e-9)));
     const double step = arc.sweep / count;
     const double handle = 4.0 / 3 * std::tan(step / 4);
     for (int i = 0; i < count; ++i) {

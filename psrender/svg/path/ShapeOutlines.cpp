@@ -10,13 +10,13 @@ namespace {
 
 /// How far along its tangent the control point of a quarter circle lies, as a share of the
 /// radius.
-constexpr double quarterHandle = 0.5522847498307936;
+constexpr double kQuarterHandle = 0.5522847498307936;
 
 /// A quarter of an ellipse from `from` to `to` around the corner where their tangents meet.
 void appendQuarter(Outline& outline, Point from, Point corner, Point to) {
     const auto towards = [&](Point end) {
-        return Point{end.x + (corner.x - end.x) * quarterHandle,
-                     end.y + (corner.y - end.y) * quarterHandle};
+        return Point{end.x + (corner.x - end.x) * kQuarterHandle,
+                     end.y + (corner.y - end.y) * kQuarterHandle};
     };
     outline.cubicTo(towards(from), towards(to), to);
 }

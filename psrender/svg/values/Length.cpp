@@ -17,20 +17,20 @@ struct FixedUnit {
     double pixels;
 };
 
-constexpr double pixelsPerInch = 96;
-constexpr std::array fixedUnits{
+constexpr double kPixelsPerInch = 96;
+constexpr std::array kFixedUnits{
     FixedUnit{"", 1},
     FixedUnit{"px", 1},
-    FixedUnit{"pt", pixelsPerInch / 72},
-    FixedUnit{"pc", pixelsPerInch / 6},
-    FixedUnit{"in", pixelsPerInch},
-    FixedUnit{"cm", pixelsPerInch / 2.54},
-    FixedUnit{"mm", pixelsPerInch / 25.4},
-    FixedUnit{"q", pixelsPerInch / 101.6},
+    FixedUnit{"pt", kPixelsPerInch / 72},
+    FixedUnit{"pc", kPixelsPerInch / 6},
+    FixedUnit{"in", kPixelsPerInch},
+    FixedUnit{"cm", kPixelsPerInch / 2.54},
+    FixedUnit{"mm", kPixelsPerInch / 25.4},
+    FixedUnit{"q", kPixelsPerInch / 101.6},
 };
 
 std::optional<double> unitInPixels(std::string_view unit, double fontSize) {
-    for (const FixedUnit& fixed : fixedUnits)
+    for (const FixedUnit& fixed : kFixedUnits)
         if (equalsIgnoringCase(unit, fixed.name))
             return fixed.pixels;
     if (equalsIgnoringCase(unit, "em"))

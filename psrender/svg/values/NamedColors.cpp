@@ -16,7 +16,7 @@ struct NamedColor {
 
 /// Sorted by name, for the search.
 // clang-format off
-constexpr std::array colors{
+constexpr std::array kColors{
     NamedColor{"aliceblue", 0xf0f8ff}, NamedColor{"antiquewhite", 0xfaebd7},
     NamedColor{"aqua", 0x00ffff}, NamedColor{"aquamarine", 0x7fffd4}, NamedColor{"azure", 0xf0ffff},
     NamedColor{"beige", 0xf5f5dc}, NamedColor{"bisque", 0xffe4c4}, NamedColor{"black", 0x000000},
@@ -89,20 +89,20 @@ constexpr std::array colors{
 };
 // clang-format on
 
-constexpr std::size_t longestName = 20;
+constexpr std::size_t kLongestName = 20;
 
 }  // namespace
 
 std::optional<scene::Color> namedColor(std::string_view name) {
-    std::array<char, longestName> lower{};
+    std::array<char, kLongestName> lower{};
     if (name.size() > lower.size())
         return std::nullopt;
     std::transform(name.begin(), name.end(), lower.begin(), toLower);
     const std::string_view wanted(lower.data(), name.size());
     const auto* found = std::lower_bound(
-        colors.begin(), colors.end(), wanted,
+        kColors.begin(), kColors.end(), wanted,
         [](const NamedColor& color, std::string_view key) { return color.name < key; });
-    if (found == colors.end() || found->name != wanted)
+    if (found == kColors.end() || found->name != wanted)
         return std::nullopt;
     return scene::Color{static_cast<std::uint8_t>(found->rgb >> 16),
                         static_cast<std::uint8_t>(found->rgb >> 8 & 0xff),

@@ -10,8 +10,8 @@ namespace psrender::svg {
 
 namespace {
 
-constexpr double largest = std::numeric_limits<float>::max();
-constexpr double smallest = std::numeric_limits<float>::min();
+constexpr double kLargest = std::numeric_limits<float>::max();
+constexpr double kSmallest = std::numeric_limits<float>::min();
 
 bool startsNumber(const char* at, const char* end) {
     if (at != end && (*at == '+' || *at == '-'))
@@ -23,9 +23,9 @@ bool startsNumber(const char* at, const char* end) {
 
 /// Values too small for single precision are zero, so that no later square of them is.
 std::optional<double> fitted(double value) {
-    if (std::abs(value) > largest)
+    if (std::abs(value) > kLargest)
         return std::nullopt;
-    return std::abs(value) < smallest ? 0 : value;
+    return std::abs(value) < kSmallest ? 0 : value;
 }
 
 bool hasNegativeExponent(std::string_view number) {

@@ -6,7 +6,7 @@ namespace psrender::svg {
 
 namespace {
 
-constexpr auto none = std::string_view::npos;
+constexpr auto kNone = std::string_view::npos;
 
 /// The id in the address between the parentheses of url().
 std::string_view localId(std::string_view address) {
@@ -18,7 +18,7 @@ std::string_view localId(std::string_view address) {
 
 std::optional<PaintValue> parseServer(std::string_view text) {
     const std::size_t end = text.find(')');
-    if (end == none)
+    if (end == kNone)
         return std::nullopt;
     PaintValue paint;
     paint.hasReference = true;

@@ -15,7 +15,7 @@ struct Entry {
 using enum ElementKind;
 
 /// Sorted by name, for the search.
-constexpr std::array entries{
+constexpr std::array kEntries{
     Entry{"a", group},
     Entry{"animate", silent},
     Entry{"animateColor", silent},
@@ -68,8 +68,8 @@ constexpr bool isBefore(const Entry& entry, std::string_view name) {
 ElementKind elementKind(std::string_view name) {
     if (name.find(':') != std::string_view::npos)
         return foreign;
-    const auto* found = std::lower_bound(entries.begin(), entries.end(), name, isBefore);
-    return found != entries.end() && found->name == name ? found->kind : unknown;
+    const auto* found = std::lower_bound(kEntries.begin(), kEntries.end(), name, isBefore);
+    return found != kEntries.end() && found->name == name ? found->kind : unknown;
 }
 
 bool isShown(ElementKind kind) {

@@ -11,9 +11,9 @@ namespace psrender::svg {
 
 namespace {
 
-constexpr int deepestNesting = 4;
-constexpr std::size_t largestGrowth = std::size_t{64} * 1024;
-constexpr auto none = std::string_view::npos;
+constexpr int kDeepestNesting = 4;
+constexpr std::size_t kLargestGrowth = std::size_t{64} * 1024;
+constexpr auto kNone = std::string_view::npos;
 
 using Entities = std::map<std::string_view, std::string_view>;
 
@@ -36,20 +36,20 @@ void readEntity(std::string_view declaration, Entities& entities) {
         return;
     const char quote = declaration.front();
     const std::size_t end = declaration.find(quote, 1);
-    if ((quote == '"' || quote == '\'') && end != none)
+    if ((quote == '"' || quote == '\'') && end != kNone)
         entities.try_emplace(name, declaration.substr(1, end - 1));
 }
 
 Entities readEntities(std::string_view documentType) {
     Entities entities;
     const std::size_t open = documentType.find('[');
-    if (open == none)
+    if (open == kNone)
         return entities;
     MarkupScanner scanner(documentType.substr(open + 1));
-    constexpr std::string_view opening = "<!ENTITY";
+    constexpr std::string_view kOpening = "<!ENTITY";
     while (const auto markup = scanner.next())
-        if (markup->text.starts_with(opening))
-            readEntity(markup->text.substr(opening.size()), entities);
+        if (markup->text.starts_with(kOpening))
+            readEntity(markup->text.substr(kOpening.size()), entities);
     return entities;
 }
 
@@ -97,14 +97,14 @@ private:
 void Expander::expand(std::string_view text, bool isInTag, int depth) {
     const bool mustBeQuoted = isInTag && depth > 0;
     std::size_t done = 0;
-    for (std::size_t amp = text.find('&'); amp != none; amp = text.find('&', amp + 1)) {
+    for (std::size_t amp = text.find('&'); amp != kNone; amp = text.find('&', amp + 1)) {
         const std::size_t end = text.find_first_of("; \t\n\r<>\"'&", amp + 1);
-        if (end == none || text[end] != ';')
+        if (end == kNone || text[end] != ';')
             continue;
         const auto entity = entities_.find(text.substr(amp + 1, end - amp - 1));
         if (entity == entities_.end())
             continue;
-        if (depth == deepestNesting)
+        if (depth == kDeepestNesting)
             source_.fail(at_,
                          "entities refer to each other more than 4 deep; "
                          "write their text where it is needed");
@@ -132,7 +132,7 @@ void Expander::append(std::string_view text, bool mustBeQuoted) {
 
 void Expander::countGrowth(std::size_t added) {
     growth_ += added;
-    if (growth_ > largestGrowth)
+    if (growth_ > kLargestGrowth)
         source_.fail(at_,
                      "entities would add more than 64 KiB to the file; "
                      "write their text where it is needed");

@@ -6,7 +6,7 @@ namespace psrender::svg {
 
 namespace {
 
-constexpr auto none = std::string_view::npos;
+constexpr auto kNone = std::string_view::npos;
 
 /// The position after the '>' that ends a tag beginning at `at`; quoted text may hold others.
 /// Brackets protect the declarations inside a document type.
@@ -72,7 +72,7 @@ std::size_t MarkupScanner::endOfMiscellaneous() const {
 
 std::size_t MarkupScanner::after(std::string_view terminator) const {
     const std::size_t found = text_.find(terminator, at_);
-    return found == none ? text_.size() : found + terminator.size();
+    return found == kNone ? text_.size() : found + terminator.size();
 }
 
 }  // namespace psrender::svg

@@ -11,9 +11,9 @@ namespace psrender::svg {
 
 namespace {
 
-constexpr std::string_view svgNamespace = "http://www.w3.org/2000/svg";
-constexpr std::size_t mostBindings = 500;
-constexpr std::size_t mostAttributes = 500;
+constexpr std::string_view kSvgNamespace = "http://www.w3.org/2000/svg";
+constexpr std::size_t kMostBindings = 500;
+constexpr std::size_t kMostAttributes = 500;
 
 /// A prefix (empty: the default) from the element at `depth` on downwards.
 struct Binding {
@@ -46,16 +46,16 @@ void Normalizer::readBindings(pugi::xml_node element, std::size_t depth) {
     std::size_t attributes = 0;
     for (const pugi::xml_attribute attribute : element.attributes()) {
         const std::string_view name = attribute.name();
-        if (++attributes > mostAttributes)
+        if (++attributes > kMostAttributes)
             tree_.fail(element, "an element has more than 500 attributes; remove some");
         if (!name.starts_with("xmlns"))
             continue;
         if (name.size() == 5)
-            bindings_.push_back({{}, attribute.value() == svgNamespace, depth});
+            bindings_.push_back({{}, attribute.value() == kSvgNamespace, depth});
         else if (name[5] == ':')
-            bindings_.push_back({name.substr(6), attribute.value() == svgNamespace, depth});
+            bindings_.push_back({name.substr(6), attribute.value() == kSvgNamespace, depth});
     }
-    if (bindings_.size() > mostBindings)
+    if (bindings_.size() > kMostBindings)
         tree_.fail(element, "more than 500 namespaces are declared at once; remove some");
 }
 

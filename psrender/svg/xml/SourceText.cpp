@@ -13,10 +13,10 @@ namespace Unicode = Core::Unicode;
 
 namespace {
 
-constexpr std::string_view littleEndianMark = "\xff\xfe";
-constexpr std::string_view bigEndianMark = "\xfe\xff";
-constexpr std::string_view utf8Mark = "\xef\xbb\xbf";
-constexpr std::string_view gzipMark = "\x1f\x8b";
+constexpr std::string_view kLittleEndianMark = "\xff\xfe";
+constexpr std::string_view kBigEndianMark = "\xfe\xff";
+constexpr std::string_view kUtf8Mark = "\xef\xbb\xbf";
+constexpr std::string_view kGzipMark = "\x1f\x8b";
 
 /// Reads UTF-16 code units without their byte order mark.
 class Utf16Reader {
@@ -54,7 +54,7 @@ private:
 };
 
 std::string fromUtf16(std::string_view bytes) {
-    Utf16Reader reader(bytes.substr(2), bytes.substr(0, 2) == bigEndianMark);
+    Utf16Reader reader(bytes.substr(2), bytes.substr(0, 2) == kBigEndianMark);
     std::string result;
     result.reserve(bytes.size() / 2);
     while (!reader.atEnd())
@@ -67,11 +67,11 @@ std::string fromUtf16(std::string_view bytes) {
 SourceText::SourceText(std::string_view bytes, std::string name)
     : name_(std::move(name)), text_(bytes) {
     const std::string_view mark = bytes.substr(0, 2);
-    wasConverted_ = mark == littleEndianMark || mark == bigEndianMark;
+    wasConverted_ = mark == kLittleEndianMark || mark == kBigEndianMark;
     if (wasConverted_)
         replace(fromUtf16(bytes));
-    else if (bytes.substr(0, 3) == utf8Mark)
-        text_.remove_prefix(utf8Mark.size());
+    else if (bytes.substr(0, 3) == kUtf8Mark)
+        text_.remove_prefix(kUtf8Mark.size());
     rejectForeignFormats();
 }
 
@@ -99,7 +99,7 @@ void SourceText::rejectForeignFormats() const {
     const auto* const first = std::find_if_not(text_.begin(), text_.end(), isSpace);
     if (first == text_.end())
         fail("the file is empty; give a file that holds an SVG drawing");
-    if (text_.substr(0, 2) == gzipMark)
+    if (text_.substr(0, 2) == kGzipMark)
         fail("the file is compressed; decompress it with gunzip first");
     if (*first != '<')
         fail("this is not an SVG file, as it does not begin with '<'; give an SVG file");

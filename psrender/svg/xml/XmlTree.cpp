@@ -13,7 +13,7 @@ namespace psrender::svg {
 
 namespace {
 
-constexpr std::size_t deepestNesting = 1000;
+constexpr std::size_t kDeepestNesting = 1000;
 
 std::string describe(pugi::xml_parse_status status) {
     switch (status) {
@@ -56,7 +56,7 @@ void XmlTree::checkDepth() const {
     while (const auto markup = scanner.next()) {
         if (markup->kind == Markup::Kind::endTag && depth > 0)
             --depth;
-        if (markup->kind == Markup::Kind::startTag && ++depth > deepestNesting)
+        if (markup->kind == Markup::Kind::startTag && ++depth > kDeepestNesting)
             source_.fail(
                 static_cast<std::size_t>(markup->text.data() - source_.text().data()),
                 "elements are nested more than 1000 deep; remove groups that hold one group only");
