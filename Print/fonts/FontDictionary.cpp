@@ -1,6 +1,5 @@
 #include "Print/fonts/internal/FontDictionary.h"
 
-#include "Fonts/GlyphSink.h"
 #include "PS/internal/AppendNumber.h"
 
 #include <algorithm>
@@ -10,28 +9,6 @@
 namespace Drawing::Print {
 
 namespace {
-
-class BoxSink : public Fonts::GlyphSink {
-public:
-    void moveTo(float x, float y) override { add(x, y); }
-    void lineTo(float x, float y) override { add(x, y); }
-    void curveTo(float x1, float y1, float x2, float y2, float x3, float y3) override {
-        add(x1, y1);
-        add(x2, y2);
-        add(x3, y3);
-    }
-    void close() override {}
-
-    FontBox box{};
-
-private:
-    void add(float x, float y) {
-        box[0] = std::min(box[0], static_cast<int>(std::floor(x)));
-        box[1] = std::min(box[1], static_cast<int>(std::floor(y)));
-        box[2] = std::max(box[2], static_cast<int>(std::ceil(x)));
-        box[3] = std::max(box[3], static_cast<int>(std::ceil(y)));
-    }
-};
 
 std::string hexadecimal(std::u16string_view units) {
     constexpr const char* digits = "0123456789ABCDEF";
@@ -44,27 +21,28 @@ std::string hexadecimal(std::u16string_view units) {
 
 }  // namespace
 
-FontBox boxAround(const Fonts::FontProgram& program, std::span<const CodedPart> parts) {
-    BoxSink sink;
-    for (const CodedPart& part : parts)
-        for (const CodedGlyph* coded : part)
-            if (coded != nullptr)
-                program.decomposeGlyph(coded->glyph, sink);
-    return sink.box;
+void BoxSink::curveTo(float x1, float y1, float x2, float y2, float x3, float y3) {
+    add(x1, y1);
+    add(x2, y2);
+    add(x3, y3);
 }
 
-std::string thousandths(int length) {
+void BoxSink::add(float x, float y) {
+    box_ = {std::min(box_[0], x), std::min(box_[1], y), std::max(box_[2], x),
+            std::max(box_[3], y)};
+}
+
+std::string BoxSink::toText(double unit) const {
     std::string text;
-    PS::appendNumber(length / 1000.0, text);
-    return text;
-}
-
-std::string toText(const FontBox& box) {
-    std::string text = "[";
-    for (const int side : box)
-        text += std::to_string(side) + " ";
-    text.back() = ']';
-    return text;
+    for (std::size_t side = 0; side < box_.size(); ++side) {
+        const double length = box_[side] * unit;
+        text += side == 0 ? '[' : ' ';
+        PS::appendNumber(unit < 1 ? std::round(length * 10000) / 10000
+                         : side < 2 ? std::floor(length)
+                                    : std::ceil(length),
+                         text);
+    }
+    return text + "]";
 }
 
 namespace FontDictionary {

@@ -1,8 +1,9 @@
 #include "Print/fonts/internal/GlyphTable.h"
 
+#include "Print/PrintException.h"
+
 #include <algorithm>
 #include <limits>
-#include <stdexcept>
 
 namespace Drawing::Print {
 
@@ -69,7 +70,9 @@ GlyphCode GlyphTable::encode(GlyphId glyph, std::u32string_view text) {
 GlyphCode GlyphTable::add(GlyphId glyph, std::u32string_view text) {
     if (parts_.empty() || inLastPart_ == kGlyphsAPart) {
         if (parts_.size() > std::numeric_limits<std::uint16_t>::max())
-            throw std::length_error("a document cannot show a font in more than 65536 parts");
+            throw PrintException(
+                "a document cannot show a font with more than 65536 times 255 different texts; "
+                "begin another document");
         parts_.emplace_back().fill(nullptr);
         inLastPart_ = 0;
     }

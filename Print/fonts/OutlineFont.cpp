@@ -38,10 +38,15 @@ void OutlineFont::define(Core::IO::Stream& stream) const {
     ProgramText out(stream);
     std::string scale;
     PS::appendNumber(1.0 / unitsPerEm_, scale);
+    BoxSink box;
+    for (const CodedPart& part : parts())
+        for (const CodedGlyph* coded : part)
+            if (coded != nullptr)
+                outlines_->decomposeGlyph(outlineOf(coded->glyph), box);
     for (std::size_t part = 0; part < parts().size(); ++part) {
         const std::vector<NamedGlyph> glyphs = nameGlyphs(parts()[part]);
         FontDictionary::begin(out, 1, fontName(), "[" + scale + " 0 0 " + scale + " 0 0]",
-                              "[0 0 0 0]");
+                              box.toText(unitsPerEm_ / 1000.0));
         FontDictionary::encoding(out, glyphs);
         FontDictionary::unicode(out, glyphs);
         out << "/Private 8 dict dup begin/BlueValues[]def/MinFeature{16 16}def/password 5839 def"

@@ -7,6 +7,7 @@
 #include "PS/internal/AppendNumber.h"
 #include "Print/fonts/internal/FontDictionary.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <set>
@@ -54,12 +55,20 @@ const CharString::Bytes& Type1PrintFont::charString(GlyphId glyph) const {
                                               : source_.charStrings.find(".notdef")->second;
 }
 
+/// Accents and letters that composed glyphs look up by name, and which of the glyphs in use they
+/// are.
 ReservedNames Type1PrintFont::accentParts(const CharStringUse& use) const {
     ReservedNames names;
     for (const int code : use.parts())
         if (const std::string_view name = standardName(static_cast<std::uint8_t>(code));
             source_.charStrings.contains(name))
             names.emplace(name, Fonts::FontProgram::kMissingGlyph);
+    for (const CodedPart& part : parts())
+        for (const CodedGlyph* coded : part)
+            if (coded != nullptr)
+                if (const auto found = names.find(program().getGlyphName(coded->glyph).toUtf8());
+                    found != names.end())
+                    found->second = coded->glyph;
     return names;
 }
 
@@ -126,7 +135,8 @@ void Type1PrintFont::defineCharStrings(ProgramText& out, const std::vector<Named
     out << "/CharStrings " + std::to_string(glyphs.size() + accents.size() + 1) + " dict dup begin";
     writeString(out, "/.notdef", charString(0), "def");
     for (const auto& [name, glyph] : accents)
-        writeString(out, "/" + name, source_.charStrings.find(name)->second, "def");
+        if (std::ranges::find(glyphs, name, &NamedGlyph::name) == glyphs.end())
+            writeString(out, "/" + name, source_.charStrings.find(name)->second, "def");
     for (const NamedGlyph& glyph : glyphs)
         writeString(out, "/" + glyph.name, charString(glyph.glyph), "def");
     out << " end def";

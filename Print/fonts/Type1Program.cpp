@@ -122,6 +122,25 @@ bool isOneOf(const std::array<std::string_view, count>& keys, std::string_view t
     return token.starts_with('/') && std::ranges::find(keys, token.substr(1)) != keys.end();
 }
 
+/// Whether a value is nothing but numbers and truth values in brackets: a document takes no other
+/// program than charstrings from a font. Procedures that charstrings call may hold anything; they
+/// are run only then.
+bool isPlainValue(std::string_view value, bool mayHoldProcedures) {
+    constexpr std::array<std::string_view, 6> words{"true",        "false",    "readonly",
+                                                    "executeonly", "noaccess", "]"};
+    Scanner scanner(value);
+    int depth = 0;
+    for (std::string_view token; !(token = scanner.next()).empty();) {
+        depth += token == "{" ? 1 : token == "}" ? -1 : 0;
+        const bool isInside = mayHoldProcedures && (depth > 0 || token == "}");
+        const bool isNumber = token.find_first_not_of("0123456789+-.eE") == std::string_view::npos;
+        if (!isInside && !isNumber && token != "[" && token != "{" && token != "}" &&
+            std::ranges::find(words, token) == words.end())
+            return false;
+    }
+    return depth == 0;
+}
+
 /// Reads the values of the two dictionaries, and strings wherever a word reads some.
 class Reader {
 public:
@@ -133,9 +152,9 @@ public:
         std::string_view last;
         for (std::string_view token; !(token = scanner.next()).empty();) {
             if (isOneOf(kFontKeys, token))
-                program_.font.emplace(token.substr(1), scanner.value());
+                keepValue(program_.font, token.substr(1), scanner.value());
             else if (isOneOf(kHintKeys, token))
-                program_.hints.emplace(token.substr(1), scanner.value());
+                keepValue(program_.hints, token.substr(1), scanner.value());
             else if ((token == "RD" || token == "-|") && numberOf(last) >= 0)
                 keep(before, scanner.bytes(static_cast<std::size_t>(numberOf(last))));
             before = last;
@@ -144,6 +163,11 @@ public:
     }
 
 private:
+    static void keepValue(Type1Program::Values& values, std::string_view key,
+                          const std::string& value) {
+        if (!value.empty() && isPlainValue(value, key == "OtherSubrs"))
+            values.emplace(key, value);
+    }
     void keep(std::string_view key, std::string_view bytes) {
         const auto found = program_.hints.find("lenIV");
         const int lead =
@@ -179,6 +203,10 @@ Type1Program Type1Program::read(const Core::ByteArray& segments) {
         rest.remove_prefix(head + data.size());
     }
     program.hints.erase("lenIV");
+    for (auto& [key, value] : program.font)
+        std::ranges::for_each(value, [](char& bracket) {
+            bracket = bracket == '{' ? '[' : bracket == '}' ? ']' : bracket;
+        });
     return program;
 }
 

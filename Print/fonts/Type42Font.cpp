@@ -49,14 +49,6 @@ void writeCharStrings(ProgramText& out, const std::vector<NamedGlyph>& glyphs,
     out << " end def";
 }
 
-std::string inEms(const FontBox& box) {
-    std::string text = "[";
-    for (const int side : box)
-        text += thousandths(side) + " ";
-    text.back() = ']';
-    return text;
-}
-
 }  // namespace
 
 Type42Font::Type42Font(const Core::SmartPtr<Fonts::TTFFont>& program, std::uint32_t number,
@@ -81,14 +73,17 @@ void Type42Font::define(Core::IO::Stream& stream) const {
 
     ProgramText out(stream);
     const std::string file = sharedName("s");
-    const std::string box = inEms(boxAround(program(), parts()));
+    BoxSink box;
+    for (const GlyphId glyph : glyphs)
+        font_->decomposeGlyph(glyph, box);
     out << "/" + file + "[";
     writeFile(out, subset);
     out << "]def";
     out.endLine();
     for (std::size_t part = 0; part < parts().size(); ++part) {
         const std::vector<NamedGlyph> named = nameGlyphs(parts()[part]);
-        FontDictionary::begin(out, 42, fontName(), "[1 0 0 1 0 0]", box);
+        FontDictionary::begin(out, 42, fontName(), "[1 0 0 1 0 0]",
+                              box.toText(0.001));
         FontDictionary::encoding(out, named);
         FontDictionary::unicode(out, named);
         out << "/sfnts " + file + " def";

@@ -1,27 +1,31 @@
 #pragma once
 
-#include "Fonts/FontProgram.h"
+#include "Fonts/GlyphSink.h"
 #include "Print/fonts/internal/GlyphNames.h"
 #include "Print/fonts/internal/ProgramText.h"
 
 #include <array>
-#include <span>
 #include <string>
 #include <vector>
 
 namespace Drawing::Print {
 
-/// Left, bottom, right, top.
-using FontBox = std::array<int, 4>;
+/// The box around outlines, which may be those of many glyphs, in 1/1000 em.
+class BoxSink : public Fonts::GlyphSink {
+public:
+    void moveTo(float x, float y) override { add(x, y); }
+    void lineTo(float x, float y) override { add(x, y); }
+    void curveTo(float x1, float y1, float x2, float y2, float x3, float y3) override;
+    void close() override {}
 
-/// A box around all glyphs of the parts, in 1/1000 em.
-[[nodiscard]] FontBox boxAround(const Fonts::FontProgram& program,
-                                std::span<const CodedPart> parts);
+    /// "[left bottom right top]" in units of which `unit` make 1/1000 em.
+    [[nodiscard]] std::string toText(double unit) const;
 
-/// A length in 1/1000 em as a number of ems.
-[[nodiscard]] std::string thousandths(int length);
-/// "[left bottom right top]" in 1/1000 em.
-[[nodiscard]] std::string toText(const FontBox& box);
+private:
+    void add(float x, float y);
+
+    std::array<float, 4> box_{};
+};
 
 /// What the dictionaries of all kinds of fonts have in common (PLRM 5.2), in the order of writing.
 namespace FontDictionary {

@@ -1,5 +1,6 @@
 #include "tests/Print/fonts/FontPage.h"
 
+#include "Print/fonts/internal/ClusterTexts.h"
 #include "tests/support/Interpreter.h"
 
 #include <gtest/gtest.h>
@@ -31,23 +32,6 @@ std::uint32_t clusterEnd(const Characters& text, std::uint32_t begin,
         if (cluster > begin)
             end = std::min(end, cluster);
     return end;
-}
-
-/// The characters of a cluster over its glyphs: one for each, and the rest for the last.
-std::vector<std::u32string> textsOf(const Characters& text,
-                                    const std::vector<std::uint32_t>& clusters) {
-    std::vector<std::u32string> texts;
-    std::uint32_t next = 0;
-    for (std::size_t i = 0; i < clusters.size(); ++i) {
-        const bool isFirst = i == 0 || clusters[i] != clusters[i - 1];
-        const bool isLast = i + 1 == clusters.size() || clusters[i] != clusters[i + 1];
-        next = isFirst ? clusters[i] : next;
-        const std::uint32_t end = clusterEnd(text, clusters[i], clusters);
-        const std::uint32_t taken = isLast ? end - next : std::min(end - next, 1U);
-        texts.emplace_back(text.begin() + next, text.begin() + next + taken);
-        next += taken;
-    }
-    return texts;
 }
 
 std::vector<char32_t> charactersOf(const std::string& utf8) {
@@ -113,15 +97,25 @@ FontPage& FontPage::shape(int x, int y, int size, const std::string& utf8) {
     const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(buffer, &count);
     const hb_glyph_position_t* places = hb_buffer_get_glyph_positions(buffer, &count);
     std::vector<std::uint32_t> clusters;
-    for (unsigned i = 0; i < count; ++i)
+    std::vector<float> advances;
+    for (unsigned i = 0; i < count; ++i) {
         clusters.push_back(infos[i].cluster);
-    const std::vector<std::u32string> texts = textsOf(text, clusters);
+        advances.push_back(static_cast<float>(places[i].x_advance));
+    }
     const double unit = static_cast<double>(size) / hb_face_get_upem(face);
     double pen = x;
-    for (unsigned i = 0; i < count; ++i) {
-        glyph(pen + places[i].x_offset * unit, y + places[i].y_offset * unit, size,
-              font_->encode(infos[i].codepoint, texts[i]));
-        pen += places[i].x_advance * unit;
+    for (unsigned first = 0, last = 0; first < count; first = last) {
+        while (last < count && clusters[last] == clusters[first])
+            ++last;
+        const std::u32string cluster(text.begin() + clusters[first],
+                                     text.begin() + clusterEnd(text, clusters[first], clusters));
+        const auto texts = Drawing::Print::shareOut(
+            cluster, std::span(advances).subspan(first, last - first));
+        for (unsigned i = first; i < last; ++i) {
+            glyph(pen + places[i].x_offset * unit, y + places[i].y_offset * unit, size,
+                  font_->encode(infos[i].codepoint, texts[i - first]));
+            pen += places[i].x_advance * unit;
+        }
     }
     hb_buffer_destroy(buffer);
     hb_font_destroy(font);
