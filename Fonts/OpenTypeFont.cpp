@@ -32,7 +32,7 @@ Core::ByteArray OpenTypeFont::getProgramData() const {
 }
 
 std::vector<FontProgram::GlyphId> OpenTypeFont::mapGlyphs(const FontScript& run) const {
-    return Characters::map(run, [&, font = face_->font.get()](char32_t character) -> GlyphId {
+    return mapCharacters(run, [&, font = face_->font.get()](char32_t character) -> GlyphId {
         if (character < face_->latinGlyphs.size() && face_->latinGlyphs[character] != 0)
             return face_->latinGlyphs[character];
         hb_codepoint_t glyph = 0;
@@ -73,6 +73,14 @@ std::optional<FontFile> OpenTypeFont::getFile() const {
 
 std::uint32_t OpenTypeFont::getGlyphCount() const {
     return face_->glyphCount;
+}
+
+bool OpenTypeFont::isSubsettable() const {
+    return EmbeddingRights::allowSubsetting(face_->licenceBits);
+}
+
+std::uint32_t OpenTypeFont::getUnitsPerEm() const {
+    return hb_face_get_upem(face_->face.get());
 }
 
 }  // namespace Fonts

@@ -70,7 +70,7 @@ FontProgram::GlyphId StandardFont::glyphOf(char32_t character) const {
 }
 
 std::vector<FontProgram::GlyphId> StandardFont::mapGlyphs(const FontScript& run) const {
-    return Characters::map(run, [this](char32_t character) { return glyphOf(character); });
+    return mapCharacters(run, [this](char32_t character) { return glyphOf(character); });
 }
 
 Core::String StandardFont::getGlyphName(GlyphId glyph) const {
@@ -82,6 +82,10 @@ std::optional<int> StandardFont::getKerning(GlyphId first, GlyphId second,
     if (secondIsMark || !data_.kerning || first >= data_.widths.size())
         return std::nullopt;
     return data_.kerning->find(first, second);
+}
+
+std::uint32_t StandardFont::getGlyphCount() const {
+    return static_cast<std::uint32_t>(data_.widths.size());
 }
 
 float StandardFont::getAdvance(GlyphId glyph) const {
