@@ -8,7 +8,7 @@
 
 #include <algorithm>
 #include <utility>
-#include <variant>
+#include <vector>
 
 namespace psrender::paint {
 
@@ -77,7 +77,7 @@ SmartPtr<Drawing::GradientBrush> gradientBrush(const scene::Gradient& gradient) 
 }
 
 SmartPtr<Drawing::Brush> fieldBrush(const scene::ColorField& field) {
-    Core::ByteArray colors;
+    std::vector<std::uint8_t> colors;
     colors.reserve(field.colors.size() * 3);
     for (const scene::Color& color : field.colors)
         for (const std::uint8_t level : {color.red, color.green, color.blue})
@@ -87,7 +87,7 @@ SmartPtr<Drawing::Brush> fieldBrush(const scene::ColorField& field) {
         pointOf({box.x, box.y}),
         Drawing::SizeF{static_cast<float>(box.width), static_cast<float>(box.height)},
         static_cast<std::int32_t>(field.columns), static_cast<std::int32_t>(field.rows),
-        std::move(colors), matrixOf(field.transform));
+        Core::ByteArray(std::move(colors)), matrixOf(field.transform));
 }
 
 }  // namespace

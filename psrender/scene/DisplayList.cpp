@@ -64,6 +64,28 @@ Clip rectangleClip(const Rect& rect, const Affine& toPage) {
     return {std::make_shared<const ItemList>(ItemList{{std::move(shape)}}), toPage};
 }
 
+const Paint* paintOf(const Item& item) {
+    return std::visit(
+        [](const auto& it) -> const Paint* {
+            if constexpr (requires { paintOf(it).source; })
+                return &paintOf(it);
+            else
+                return nullptr;
+        },
+        item);
+}
+
+const Affine* transformOf(const Item& item) {
+    return std::visit(
+        [](const auto& it) -> const Affine* {
+            if constexpr (requires { it.transform; })
+                return &it.transform;
+            else
+                return nullptr;
+        },
+        item);
+}
+
 std::vector<Item> itemsOf(const Placement& placement) {
     ItemList list = *placement.symbol;
     transform(list, placement.transform);

@@ -139,11 +139,16 @@ struct ItemList {
 /// What `placement` shows, where it shows it. There may be placements among it again.
 [[nodiscard]] std::vector<Item> itemsOf(const Placement& placement);
 
-/// The paint of an item that has one only.
+/// The paint of a shape or text that has one only.
 template <class Painted>
+    requires requires(Painted& item) { item.strokeStyle; }
 auto& paintOf(Painted& item) {
     return isPainted(item.fill) ? item.fill : item.stroke;
 }
+/// The same of any item; null for one that is not painted.
+[[nodiscard]] const Paint* paintOf(const Item& item);
+/// Where an item lies; null for groups.
+[[nodiscard]] const Affine* transformOf(const Item& item);
 
 /// A colour at a place along a gradient: 0 its start, 1 its end.
 struct ColorStop {

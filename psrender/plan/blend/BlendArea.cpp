@@ -32,18 +32,11 @@ Appearance appearanceOf(const Paint& paint, const scene::Affine& toPage) {
     return Appearance(gradientLayer(PageGradient(*onPage.gradient()))).faded(paint.opacity);
 }
 
-struct AppearanceFinder {
-    template <class Painted>
-    Appearance operator()(const Painted& item) const {
-        return appearanceOf(paintOf(item), item.transform);
-    }
-    Appearance operator()(const Picture& picture) const {
-        return Appearance(pictureLayer(picture));
-    }
-    Appearance operator()(const scene::Placement& /*symbol*/) const { return Appearance(kClear); }
-    Appearance operator()(const scene::BeginGroup& /*group*/) const { return Appearance(kClear); }
-    Appearance operator()(const scene::EndGroup& /*end*/) const { return Appearance(kClear); }
-};
+Appearance appearanceOf(const Item& item) {
+    if (const auto* picture = std::get_if<Picture>(&item))
+        return Appearance(pictureLayer(*picture));
+    return appearanceOf(*paintOf(item), *transformOf(item));
+}
 
 template <class Painted>
 void addParts(const Painted& item, std::vector<Item>& parts) {
@@ -87,14 +80,7 @@ std::vector<BlendArea> BlendArea::areasOf(const Item& item, const ChainPtr& clip
         if (box && box->contains(*box) && clip != nullptr)
             box = box->common(clip->box());
         const bool isThere = box && box->contains(*box);
-        const bool isFlat = std::visit(
-            [](const auto& it) {
-                if constexpr (requires { it.transform; })
-                    return it.transform.determinant() == 0;
-                return false;
-            },
-            part);
-        if (isThere && !isFlat)
+        if (isThere && transformOf(part)->determinant() != 0)
             areas.push_back(BlendArea(std::move(part), *box, clips));
     }
     return areas;
@@ -104,11 +90,9 @@ BlendArea::BlendArea(Item item, const Rect& box, ChainPtr clips)
     : item_(std::move(item)),
       chain_(std::move(clips)),
       box_(box),
-      appearance_(std::visit(AppearanceFinder(), item_)) {
-    const auto* shape = std::get_if<Shape>(&item_);
-    const auto* text = std::get_if<Text>(&item_);
-    hasGaps_ = (shape != nullptr && paintOf(*shape).pattern() != nullptr) ||
-               (text != nullptr && paintOf(*text).pattern() != nullptr);
+      appearance_(appearanceOf(item_)) {
+    const Paint* paint = paintOf(item_);
+    hasGaps_ = paint != nullptr && paint->pattern() != nullptr;
 }
 
 BlendArea::BlendArea(Polygons polygons, Appearance appearance)
@@ -158,13 +142,12 @@ ClippedItem BlendArea::shown(Budget& budget, Recoloring& recoloring) const {
     if (tinted && tinted->original->picture() != nullptr)
         return shownPicture(*tinted, budget);
     ClippedItem result{chain_->clips(), item_};
-    const Paint onPage = paint(budget, recoloring);
-    std::visit(
-        [&](auto& it) {
-            if constexpr (requires { paintOf(it); })
-                paintOf(it) = moved(onPage, it.transform.inverse());
-        },
-        result.item);
+    const Paint own =
+        moved(paint(budget, recoloring), transformOf(result.item)->inverse());
+    if (auto* shape = std::get_if<Shape>(&result.item))
+        paintOf(*shape) = own;
+    else if (auto* text = std::get_if<Text>(&result.item))
+        paintOf(*text) = own;
     return result;
 }
 

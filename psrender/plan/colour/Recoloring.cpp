@@ -40,8 +40,8 @@ Paint Recoloring::beneath(const Tint& tint, const Paint& paint) {
         result.source = std::shared_ptr<const scene::Pattern>(std::move(other));
     } else if (const scene::ColorField* field = paint.field()) {
         auto other = std::make_shared<scene::ColorField>(*field);
-        for (Color& color : other->colors)
-            color = beneathTint(tint, color);
+        for (Color& sample : other->colors)
+            sample = beneathTint(tint, sample);
         result.source = std::shared_ptr<const scene::ColorField>(std::move(other));
     }
     return result;

@@ -1,9 +1,9 @@
 #include "psrender/image/Backdrop.h"
-#include "psrender/plan/blend/LookFit.h"
-#include "psrender/plan/blend/Patchwork.h"
+#include "psrender/plan/blend/FieldSampling.h"
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cmath>
 #include <random>
 
@@ -37,6 +37,10 @@ PageGradient radial(Point focus, double innermost, Point centre, double radius,
     gradient.endRadius = radius;
     gradient.transform = {2, 0, 1, 1, 10, -5};
     return PageGradient(gradient);
+}
+
+Appearance look(PageGradient gradient) {
+    return Appearance(gradientLayer(std::move(gradient)));
 }
 
 Sample mixed(const Sample& above, const Sample& below) {
@@ -100,12 +104,12 @@ TEST(PageGradient, GoesAlongItsLineOrCircles) {
     EXPECT_NEAR(50, redAt(Spread::repeat, -25), 1);
 }
 
-TEST(Look, IsThePileThatItIsMadeOf) {
-    const Look across(linear({0, 0}, {100, 0}, kFading));
-    const Look down(linear({0, 0}, {0, 100}, kFading));
-    const Look ground(linear({0, 0}, {100, 0}, kOpaque));
-    const Look green(Tint{{0, 255, 0}, 0.4});
-    const Look group = over(green, over(down, across)).faded(0.5);
+TEST(Appearance, IsThePileThatItIsMadeOf) {
+    const Appearance across = look(linear({0, 0}, {100, 0}, kFading));
+    const Appearance down = look(linear({0, 0}, {0, 100}, kFading));
+    const Appearance ground = look(linear({0, 0}, {100, 0}, kOpaque));
+    const Appearance green(Tint{{0, 255, 0}, 0.4});
+    const Appearance group = over(green, over(down, across)).faded(0.5);
     for (const Point p : places()) {
         expectNear(mixed(green.at(p), ground.at(p)), over(green, ground).at(p), 2);
         expectNear(mixed(across.at(p), ground.at(p)), over(across, ground).at(p), 3);
@@ -118,17 +122,17 @@ TEST(Look, IsThePileThatItIsMadeOf) {
     EXPECT_NE(nullptr, over(green, over(across, ground)).gradient()) << "all run the same way";
     EXPECT_EQ(nullptr, over(down, across).gradient());
     EXPECT_EQ(1U, over(ground, down).weight()) << "nothing shows through";
-    EXPECT_NE(nullptr, over(green, Look(kWhite)).tint());
-    EXPECT_TRUE(over(across, Look(kWhite)).isOpaque());
+    EXPECT_NE(nullptr, over(green, Appearance(kWhite)).tint());
+    EXPECT_TRUE(over(across, Appearance(kWhite)).isOpaque());
     EXPECT_FALSE(over(across, green).isOpaque());
-    EXPECT_EQ(across, over(Look(Tint{{1, 2, 3}, 0}), across));
+    EXPECT_TRUE(across == over(Appearance(Tint{{1, 2, 3}, 0}), across));
 }
 
-TEST(Look, StaysSmall) {
-    Look pile{kWhite};
+TEST(Appearance, StaysSmall) {
+    Appearance pile{kWhite};
     for (int i = 0; i < 1000; ++i) {
         const double x = i;
-        pile = over(Look(linear({x, 0}, {100, x}, kFading)).faded(0.1), pile);
+        pile = over(look(linear({x, 0}, {100, x}, kFading)).faded(0.1), pile);
         if (i % 100 == 0)
             pile = over(pile.faded(0.9), pile);
     }
@@ -137,54 +141,71 @@ TEST(Look, StaysSmall) {
     EXPECT_NEAR(1, pile.at({50, 50})[3], 1e-9);
 }
 
-/// What is seen at a place where patches lie on top of each other.
-Sample seenAt(const std::vector<Patch>& patches, Point p) {
-    Sample seen{};
-    for (const Patch& patch : patches) {
-        const bool isThere = std::ranges::any_of(patch.area, [&](const ClipperLib::Path& polygon) {
-            return ClipperLib::PointInPolygon(
-                       {std::llround(p.x * kGridUnits), std::llround(p.y * kGridUnits)}, polygon) !=
-                   0;
-        });
-        if (isThere)
-            seen = patch.paint.gradient ? PageGradient(*patch.paint.gradient).at(p)
-                                        : sampleOf(patch.paint.color, 1);
-    }
-    return seen;
+/// A field's colour at a place, run together from the four samples around it.
+Sample seenAt(const scene::ColorField& field, Point p) {
+    const auto spot = [](double at, double begin, double length, std::size_t count) {
+        const double steps = std::clamp((at - begin) / length, 0.0, 1.0) *
+                             static_cast<double>(count - 1);
+        const double first = std::min(std::floor(steps), static_cast<double>(count) - 2);
+        return std::pair{static_cast<std::size_t>(first), steps - first};
+    };
+    const auto [column, x] = spot(p.x, field.box.x, field.box.width, field.columns);
+    const auto [row, y] = spot(p.y, field.box.y, field.box.height, field.rows);
+    const auto at = [&](std::size_t dx, std::size_t dy) {
+        return field.colors[(row + dy) * field.columns + column + dx];
+    };
+    return sampleOf(scene::Color::mixed(scene::Color::mixed(at(0, 0), at(1, 0), x),
+                                        scene::Color::mixed(at(0, 1), at(1, 1), x), y),
+                    1);
 }
 
-TEST(Patchwork, ComesCloseToWhatNoGradientShows) {
-    const Look ground(linear({0, 0}, {100, 0}, kOpaque));
-    const Polygons page = toPolygons(scene::Rect{-20, -20, 140, 140});
-    for (const Look& light :
-         {Look(linear({0, 0}, {0, 100}, kFading)), Look(radial({5, 20}, 0, {5, 20}, 40)),
-          Look(radial({3, 4}, 2, {5, 6}, 30)),
-          over(Look(linear({0, 0}, {60, 60}, kFading)).faded(0.5),
-               Look(linear({0, 0}, {0, 100}, kFading)))}) {
-        const Look look = over(light, ground);
-        BlendBudget budget;
-        const auto patches = patchesOf(look, page, budget);
-        EXPECT_LT(patches.size(), 600U);
+TEST(Fields, ComeCloseToWhatNoGradientShows) {
+    const Appearance ground = look(linear({0, 0}, {100, 0}, kOpaque));
+    const scene::Rect page{-20, -20, 140, 140};
+    for (const Appearance& light :
+         {look(linear({0, 0}, {0, 100}, kFading)), look(radial({5, 20}, 0, {5, 20}, 40)),
+          look(radial({3, 4}, 2, {5, 6}, 30)),
+          over(look(linear({0, 0}, {60, 60}, kFading)).faded(0.5),
+               look(linear({0, 0}, {0, 100}, kFading)))}) {
+        const Appearance seen = over(light, ground);
+        Budget budget;
+        const scene::Paint paint = fieldOf(seen, page, budget);
+        ASSERT_NE(nullptr, paint.field());
+        EXPECT_LE(paint.field()->colors.size(), 10'000U);
         for (const Point p : places())
-            expectNear(look.at(p), seenAt(patches, p), 14);
+            expectNear(seen.at(p), seenAt(*paint.field(), p), 8);
     }
 }
 
-TEST(Patchwork, TakesOnePatchWhereOneGradientIsEnough) {
-    const Polygons page = toPolygons(scene::Rect{0, 0, 100, 100});
-    BlendBudget budget;
-    const Look faint = over(Look(linear({0, 0}, {0, 100}, {{0, {9, 9, 9}, .02}, {1, {}, 0}})),
-                            Look(linear({0, 0}, {100, 0}, kOpaque)));
-    EXPECT_EQ(1U, patchesOf(faint, page, budget).size());
-    const Look crossing =
-        over(Look(linear({0, 0}, {0, 100}, kFading)), Look(linear({0, 0}, {100, 0}, kOpaque)));
-    budget.gradients = 5;
-    EXPECT_LE(patchesOf(crossing, page, budget).size(), 6U) << "no more than there may be";
-    budget = {};
-    budget.fits = 1;
-    const auto last = patchesOf(crossing, page, budget);
-    ASSERT_EQ(1U, last.size());
-    EXPECT_EQ(scene::Paint::Kind::solid, last[0].paint.kind);
+TEST(Fields, AreNoFinerThanNeeded) {
+    const scene::Rect page{0, 0, 100, 100};
+    Budget budget;
+    EXPECT_NE(nullptr, fieldOf(Appearance(Tint{{1, 2, 3}, 1}), page, budget).color());
+    const Appearance faint =
+        over(look(linear({0, 0}, {0, 100}, {{0, {9, 9, 9}, .02}, {1, {}, 0}})),
+             look(linear({0, 0}, {100, 0}, kOpaque)));
+    EXPECT_LE(fieldOf(faint, page, budget).field()->colors.size(), 400U) << "nearly straight";
+    const Appearance rings = over(look(radial({5, 20}, 0, {5, 20}, 4)), faint);
+    Budget spent(1);
+    EXPECT_LE(fieldOf(rings, page, spent).field()->colors.size(), 100U);
+}
+
+TEST(Appearance, KnowsPicturesAndPatternsBeneathATint) {
+    auto tile = std::make_shared<scene::Pattern>();
+    tile->content = std::make_shared<const scene::ItemList>();
+    const LayerPtr pattern =
+        patternLayer({std::shared_ptr<const scene::Pattern>(std::move(tile))});
+    const Appearance whole(pattern);
+    ASSERT_TRUE(whole.tinted());
+    EXPECT_EQ(0, whole.tinted()->tint.alpha);
+    const auto beneath = over(Appearance(Tint{{9, 9, 9}, 0.25}), whole).tinted();
+    ASSERT_TRUE(beneath);
+    EXPECT_EQ((Tint{{9, 9, 9}, 0.25}), beneath->tint);
+    const auto faded = over(whole.faded(0.75), Appearance(Tint{{8, 8, 8}, 1})).tinted();
+    ASSERT_TRUE(faded) << "a share of it over one colour is the same";
+    EXPECT_EQ((Tint{{8, 8, 8}, 0.25}), faded->tint);
+    EXPECT_EQ(pattern.get(), faded->original);
+    EXPECT_FALSE(over(look(linear({0, 0}, {9, 9}, kFading)), whole).tinted());
 }
 
 TEST(Backdrop, MixesTheSpotsAround) {
