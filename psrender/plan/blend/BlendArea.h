@@ -2,7 +2,7 @@
 
 #include "psrender/plan/blend/Appearance.h"
 #include "psrender/plan/clip/ClipChain.h"
-#include "psrender/plan/colour/Recoloring.h"
+#include "psrender/plan/blend/Recoloring.h"
 #include "psrender/scene/DisplayList.h"
 
 #include <memory>

@@ -6,7 +6,7 @@
 #include "psrender/plan/blend/BlendStage.h"
 #include "psrender/plan/blend/Translucency.h"
 #include "psrender/plan/clip/ClipStage.h"
-#include "psrender/plan/colour/WhiteStage.h"
+#include "psrender/plan/blend/WhiteStage.h"
 #include "psrender/plan/geometry/ItemBox.h"
 #include "psrender/plan/geometry/RangeStage.h"
 #include "psrender/plan/gradient/GradientStage.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "psrender/plan/Stage.h"
-#include "psrender/plan/colour/Recoloring.h"
+#include "psrender/plan/blend/Recoloring.h"
 
 #include <vector>
 

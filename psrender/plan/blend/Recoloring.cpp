@@ -1,4 +1,4 @@
-#include "psrender/plan/colour/Recoloring.h"
+#include "psrender/plan/blend/Recoloring.h"
 
 #include "psrender/plan/gradient/ColorStops.h"
 #include "psrender/plan/picture/TintedPicture.h"

@@ -1,4 +1,4 @@
-#include "psrender/plan/colour/WhiteStage.h"
+#include "psrender/plan/blend/WhiteStage.h"
 
 #include "psrender/image/DerivedImages.h"
 
