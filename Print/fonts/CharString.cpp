@@ -51,7 +51,8 @@ Bytes encrypted(std::string_view clear) {
     Bytes cipher;
     cipher.reserve(clear.size());
     for (const char character : clear) {
-        cipher.push_back(static_cast<std::uint8_t>(static_cast<std::uint8_t>(character) ^ key >> 8));
+        cipher.push_back(
+            static_cast<std::uint8_t>(static_cast<std::uint8_t>(character) ^ key >> 8));
         key = static_cast<std::uint16_t>((cipher.back() + key) * kFactor + kSummand);
     }
     return cipher;
@@ -70,8 +71,8 @@ Bytes decrypted(std::string_view cipher, int lead, std::uint16_t key) {
         key = static_cast<std::uint16_t>((byte + key) * kFactor + kSummand);
     }
     if (lead > 0)
-        clear.erase(clear.begin(), clear.begin() + std::min<std::ptrdiff_t>(
-                                                       lead, std::ssize(clear)));
+        clear.erase(clear.begin(),
+                    clear.begin() + std::min<std::ptrdiff_t>(lead, std::ssize(clear)));
     return clear;
 }
 

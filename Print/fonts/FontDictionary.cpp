@@ -28,8 +28,7 @@ void BoxSink::curveTo(float x1, float y1, float x2, float y2, float x3, float y3
 }
 
 void BoxSink::add(float x, float y) {
-    box_ = {std::min(box_[0], x), std::min(box_[1], y), std::max(box_[2], x),
-            std::max(box_[3], y)};
+    box_ = {std::min(box_[0], x), std::min(box_[1], y), std::max(box_[2], x), std::max(box_[3], y)};
 }
 
 std::string BoxSink::toText(double unit) const {
@@ -37,7 +36,7 @@ std::string BoxSink::toText(double unit) const {
     for (std::size_t side = 0; side < box_.size(); ++side) {
         const double length = box_[side] * unit;
         text += side == 0 ? '[' : ' ';
-        PS::appendNumber(unit < 1 ? std::round(length * 10000) / 10000
+        PS::appendNumber(unit < 1   ? std::round(length * 10000) / 10000
                          : side < 2 ? std::floor(length)
                                     : std::ceil(length),
                          text);
@@ -49,8 +48,11 @@ namespace FontDictionary {
 
 void begin(ProgramText& out, int fontType, const std::string& fontName, const std::string& matrix,
            const std::string& box) {
-    out << "16 dict begin" << "/FontType " + std::to_string(fontType) + " def"
-        << "/FontName/" + fontName + " def" << "/PaintType 0 def" << "/FontMatrix" + matrix + "def"
+    out << "16 dict begin"
+        << "/FontType " + std::to_string(fontType) + " def"
+        << "/FontName/" + fontName + " def"
+        << "/PaintType 0 def"
+        << "/FontMatrix" + matrix + "def"
         << "/FontBBox" + box + "def";
 }
 
@@ -66,7 +68,8 @@ void unicode(ProgramText& out, const std::vector<NamedGlyph>& glyphs) {
     const auto count = std::ranges::count(glyphs, false, &NamedGlyph::tellsText);
     if (count == 0)
         return;
-    out << "/FontInfo 1 dict dup" << "/GlyphNames2Unicode " + std::to_string(count) + " dict dup begin";
+    out << "/FontInfo 1 dict dup"
+        << "/GlyphNames2Unicode " + std::to_string(count) + " dict dup begin";
     for (const NamedGlyph& glyph : glyphs)
         if (!glyph.tellsText)
             out << "/" + glyph.name + "<" + hexadecimal(toUtf16(glyph.text)) + ">def";

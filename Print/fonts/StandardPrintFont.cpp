@@ -66,7 +66,8 @@ void StandardPrintFont::define(Core::IO::Stream& stream) const {
         std::vector<NamedGlyph> glyphs = nameGlyphs(parts()[part]);
         for (NamedGlyph& glyph : glyphs)
             glyph.name = program().getGlyphName(glyph.glyph).toUtf8();
-        out << "/" + neededFont() + " findfont" << " dup length dict begin"
+        out << "/" + neededFont() + " findfont"
+            << " dup length dict begin"
             << "{1 index/FID ne{def}{pop pop}ifelse}forall";
         FontDictionary::encoding(out, glyphs);
         FontDictionary::end(out, partName(part));

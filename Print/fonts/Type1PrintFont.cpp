@@ -1,7 +1,6 @@
-// /F0_p 12 dict dup begin/BlueValues[..]def .. /lenIV 0 def/Subrs 9 array dup 0<~..~>put .. def end def
-// for each part:
-// 16 dict begin/FontType 1 def .. /Private F0_p def
-// /CharStrings 3 dict dup begin/.notdef<~..~>def/A<~..~>def .. end def/F0_0 currentdict end definefont pop
+// /F0_p 12 dict dup begin/BlueValues[..]def .. /lenIV 0 def/Subrs 9 array dup 0<~..~>put .. def end
+// def for each part: 16 dict begin/FontType 1 def .. /Private F0_p def /CharStrings 3 dict dup
+// begin/.notdef<~..~>def/A<~..~>def .. end def/F0_0 currentdict end definefont pop
 
 #include "Print/fonts/internal/Type1PrintFont.h"
 
@@ -46,9 +45,7 @@ float unitOf(const Type1Program& program) {
 
 Type1PrintFont::Type1PrintFont(const Core::SmartPtr<Fonts::FontProgram>& program,
                                std::uint32_t number, std::uint32_t glyphCount, Type1Program source)
-    : PrintFont(program, number, glyphCount),
-      source_(std::move(source)),
-      unit_(unitOf(source_)) {}
+    : PrintFont(program, number, glyphCount), source_(std::move(source)), unit_(unitOf(source_)) {}
 
 Type1PrintFont::~Type1PrintFont() = default;
 
@@ -105,8 +102,11 @@ void Type1PrintFont::define(Core::IO::Stream& stream) const {
 }
 
 void Type1PrintFont::definePrivate(ProgramText& out, const CharStringUse& use) const {
-    out << "/" + sharedName("p") + " " + std::to_string(source_.hints.size() + 4) + " dict dup begin"
-        << "/MinFeature{16 16}def" << "/password 5839 def" << "/lenIV 0 def";
+    out << "/" + sharedName("p") + " " + std::to_string(source_.hints.size() + 4) +
+               " dict dup begin"
+        << "/MinFeature{16 16}def"
+        << "/password 5839 def"
+        << "/lenIV 0 def";
     for (const auto& [key, value] : source_.hints) {
         out << "/" + key + " ";
         writeValue(out, value);

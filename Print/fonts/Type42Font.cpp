@@ -1,7 +1,8 @@
 // /F0_s[<~string of the file~> ...]def
 // for each part:
 // 16 dict begin/FontType 42 def ... /sfnts F0_s def
-// /CharStrings 3 dict dup begin/.notdef 0 def/A 1 def ... end def/F0_0 currentdict end definefont pop
+// /CharStrings 3 dict dup begin/.notdef 0 def/A 1 def ... end def/F0_0 currentdict end definefont
+// pop
 
 #include "Print/fonts/internal/Type42Font.h"
 
@@ -81,8 +82,7 @@ void Type42Font::define(Core::IO::Stream& stream) const {
     out.endLine();
     for (std::size_t part = 0; part < parts().size(); ++part) {
         const std::vector<NamedGlyph> named = nameGlyphs(parts()[part]);
-        FontDictionary::begin(out, 42, fontName(), "[1 0 0 1 0 0]",
-                              box.toText(0.001));
+        FontDictionary::begin(out, 42, fontName(), "[1 0 0 1 0 0]", box.toText(0.001));
         FontDictionary::encoding(out, named);
         FontDictionary::unicode(out, named);
         out << "/sfnts " + file + " def";

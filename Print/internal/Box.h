@@ -42,8 +42,8 @@ struct Box {
         hold(Spot{other.right, other.bottom});
     }
     [[nodiscard]] Box common(const Box& other) const {
-        return {std::max(left, other.left), std::max(top, other.top),
-                std::min(right, other.right), std::min(bottom, other.bottom)};
+        return {std::max(left, other.left), std::max(top, other.top), std::min(right, other.right),
+                std::min(bottom, other.bottom)};
     }
     [[nodiscard]] Box grown(double by) const {
         return {left - by, top - by, right + by, bottom + by};

@@ -149,8 +149,7 @@ void writeRepeated(Course course, GradientStops stops, bool reflects, const Box&
 }
 
 /// The samples in the space of the document, with the field's opacity.
-std::vector<std::uint8_t> samplesOf(const ColorFieldBrush& brush,
-                                    const ColorConverter* converter) {
+std::vector<std::uint8_t> samplesOf(const ColorFieldBrush& brush, const ColorConverter* converter) {
     const auto given = brush.getColors().span();
     std::vector<std::uint8_t> samples(given.begin(), given.end());
     if (brush.getOpacity() < 1)

@@ -9,9 +9,9 @@
 namespace Drawing::Print {
 
 /// Makes `brush` the current paint: a shading pattern (PLRM 4.9.3) whose function stands beside it,
-/// so that every gradient has its own. `visible` is what can be seen of the space in which the brush
-/// is used, as far as repeated stops must reach. Raises `PrintException` for a gradient without
-/// stops or with a negative radius.
+/// so that every gradient has its own. `visible` is what can be seen of the space in which the
+/// brush is used, as far as repeated stops must reach. Raises `PrintException` for a gradient
+/// without stops or with a negative radius.
 void writeGradient(const GradientBrush& brush, const ColorConverter* converter, const Box& visible,
                    TextBuffer& out);
 /// The same for a field of colours.

@@ -20,8 +20,9 @@ public:
     /// "[colours] [bounds]" or, for other spaces than RGB, "[colours] components [bounds]", as the
     /// procedures of the prolog take them.
     void write(bool withCount, TextBuffer& out) const;
-    [[nodiscard]] bool isRGB() const { return stops_.front().ink.space == ColorSpaceType::rgb &&
-                                              stops_.front().ink.spot.empty(); }
+    [[nodiscard]] bool isRGB() const {
+        return stops_.front().ink.space == ColorSpaceType::rgb && stops_.front().ink.spot.empty();
+    }
     [[nodiscard]] const Ink& last() const { return stops_.back().ink; }
 
 private:

@@ -103,8 +103,8 @@ const std::array<ByteText, 256>& byteTexts() {
         std::array<ByteText, 256> made;
         for (std::size_t level = 0; level < made.size(); ++level) {
             std::array<char, 128> number{};
-            const char* end = writeRounded(number.data(), static_cast<double>(level) / kByte,
-                                           kComponentDecimals);
+            const char* end =
+                writeRounded(number.data(), static_cast<double>(level) / kByte, kComponentDecimals);
             made[level].length = static_cast<std::uint8_t>(end - number.data());
             std::copy(number.data(), end, made[level].text.begin());
         }
@@ -151,8 +151,7 @@ void writeInk(const Ink& ink, TextBuffer& out) {
         out << "sp";
         return;
     }
-    const bool isNeutral =
-        ink.space == ColorSpaceType::rgb && c[0] == c[1] && c[1] == c[2];
+    const bool isNeutral = ink.space == ColorSpaceType::rgb && c[0] == c[1] && c[1] == c[2];
     const int count = isNeutral ? 1 : ink.componentCount();
     for (int i = 0; i < count; ++i)
         writeComponent(c[static_cast<std::size_t>(i)], out);
@@ -193,7 +192,9 @@ void writeLiteral(std::string_view text, TextBuffer& out) {
         } else if (code >= 0x20 && code < 0x7F) {
             out << character;
         } else {
-            const auto digit = [&](int shift) { return static_cast<char>('0' + (code >> shift & 7)); };
+            const auto digit = [&](int shift) {
+                return static_cast<char>('0' + (code >> shift & 7));
+            };
             out << '\\' << digit(6) << digit(3) << digit(0);
         }
     }

@@ -23,8 +23,8 @@ struct Ink {
 };
 
 /// `color` as it looks with `opacity` on white paper, brought to the space of `converter` unless
-/// that is null. Raises `PrintException` for a kind of colour that documents do not know, for a spot
-/// ink without a name, and for components that are no numbers from 0 to 1.
+/// that is null. Raises `PrintException` for a kind of colour that documents do not know, for a
+/// spot ink without a name, and for components that are no numbers from 0 to 1.
 [[nodiscard]] Ink inkOf(const Color& color, double opacity, const ColorConverter* converter);
 
 /// The colour operator and its operands: "1 0 0 rg". Neutral RGB colours are written as grey, which

@@ -62,8 +62,8 @@ bool TextBuffer::needsBlank() const {
     if (size_ == 0)
         return false;
     const char last = text_[size_ - 1];
-    return last != '\n' && last != ' ' && last != '[' && last != ']' && last != '(' && last != ')' &&
-           last != '>';
+    return last != '\n' && last != ' ' && last != '[' && last != ']' && last != '(' &&
+           last != ')' && last != '>';
 }
 
 void TextBuffer::number(double value, int decimals) {

@@ -26,8 +26,8 @@ struct Type1Program {
     /// designs.
     [[nodiscard]] bool isPlain() const;
 
-    Values font;      ///< keys of the font dictionary
-    Values hints;     ///< keys of /Private that tell how to draw
+    Values font;   ///< keys of the font dictionary
+    Values hints;  ///< keys of /Private that tell how to draw
     std::map<int, CharString::Bytes> subroutines;
     std::map<std::string, CharString::Bytes, std::less<>> charStrings;
 };
