@@ -1,48 +1,17 @@
 #include "Core/Encoder.h"
 
+#include "Core/Unicode.h"
+
 #include <cstdint>
 
 namespace Core {
 
 namespace {
 
-constexpr char32_t kReplacement = 0xFFFD;
-
-bool isHighSurrogate(char32_t unit) {
-    return unit >= 0xD800 && unit <= 0xDBFF;
-}
-
-bool isLowSurrogate(char32_t unit) {
-    return unit >= 0xDC00 && unit <= 0xDFFF;
-}
-
 /// Takes the code point at `index` and moves `index` behind it.
 char32_t takeCodePoint(std::u16string_view units, std::size_t& index) {
-    const char32_t unit = units[index++];
-    if (isHighSurrogate(unit) && index < units.size() && isLowSurrogate(units[index]))
-        return 0x10000 + ((unit - 0xD800) << 10) + (units[index++] - char32_t{0xDC00});
-    return isHighSurrogate(unit) || isLowSurrogate(unit) ? kReplacement : unit;
-}
-
-void appendUtf8(std::string& out, char32_t point) {
-    const auto continuation = [&](int shift) {
-        out.push_back(static_cast<char>(0x80 | ((point >> shift) & 0x3F)));
-    };
-    if (point < 0x80) {
-        out.push_back(static_cast<char>(point));
-    } else if (point < 0x800) {
-        out.push_back(static_cast<char>(0xC0 | (point >> 6)));
-        continuation(0);
-    } else if (point < 0x10000) {
-        out.push_back(static_cast<char>(0xE0 | (point >> 12)));
-        continuation(6);
-        continuation(0);
-    } else {
-        out.push_back(static_cast<char>(0xF0 | (point >> 18)));
-        continuation(12);
-        continuation(6);
-        continuation(0);
-    }
+    const char32_t point = Unicode::next(units, index);
+    return Unicode::isSurrogate(point) ? Unicode::kReplacement : point;
 }
 
 /// Narrows a text of ASCII units; false (and `out` undefined) if it holds any other.
@@ -69,17 +38,18 @@ int sequenceLength(std::uint8_t lead) {
 /// The code point of a whole sequence; U+FFFD for a shorter-than-needed, surrogate or
 /// otherwise malformed one.
 char32_t decodeSequence(std::string_view sequence) {
-    constexpr char32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
+    constexpr char32_t kSmallest[] = {0, 0, 0x80, 0x800, Unicode::kFirstSupplementary};
     const std::size_t length = sequence.size();
     char32_t point = static_cast<std::uint8_t>(sequence[0]) & (0xFFU >> (length + 1));
     for (std::size_t i = 1; i < length; ++i) {
         const auto byte = static_cast<std::uint8_t>(sequence[i]);
         if ((byte & 0xC0) != 0x80)
-            return kReplacement;
+            return Unicode::kReplacement;
         point = (point << 6) | (byte & 0x3F);
     }
-    const bool surrogate = point >= 0xD800 && point <= 0xDFFF;
-    return point < kSmallest[length] || point > 0x10FFFF || surrogate ? kReplacement : point;
+    const bool isCharacter =
+        point >= kSmallest[length] && point <= Unicode::kLast && !Unicode::isSurrogate(point);
+    return isCharacter ? point : Unicode::kReplacement;
 }
 
 /// Takes the code point at `index` and moves `index` behind it; a malformed sequence costs
@@ -92,19 +62,11 @@ char32_t takeUtf8(std::string_view bytes, std::size_t& index) {
         return lead;
     }
     const bool whole = length != 0 && index + length <= bytes.size();
-    const char32_t point = whole ? decodeSequence(bytes.substr(index, length)) : kReplacement;
+    const char32_t point =
+        whole ? decodeSequence(bytes.substr(index, length)) : Unicode::kReplacement;
     const bool literal = whole && length == 3 && bytes.substr(index, 3) == "\xEF\xBF\xBD";
-    index += point == kReplacement && !literal ? 1 : length;
+    index += point == Unicode::kReplacement && !literal ? 1 : length;
     return point;
-}
-
-void appendUtf16(std::u16string& out, char32_t point) {
-    if (point < 0x10000) {
-        out.push_back(static_cast<char16_t>(point));
-        return;
-    }
-    out.push_back(static_cast<char16_t>(0xD800 + ((point - 0x10000) >> 10)));
-    out.push_back(static_cast<char16_t>(0xDC00 + ((point - 0x10000) & 0x3FF)));
 }
 
 }  // namespace
@@ -126,7 +88,7 @@ std::string Encoder::utf8FromUtf16(std::u16string_view units) {
         return out;
     out.clear();
     for (std::size_t i = 0; i < units.size();)
-        appendUtf8(out, takeCodePoint(units, i));
+        Unicode::appendUtf8(out, takeCodePoint(units, i));
     return out;
 }
 
@@ -134,7 +96,7 @@ std::u16string Encoder::utf16FromUtf8(std::string_view bytes) {
     std::u16string out;
     out.reserve(bytes.size());
     for (std::size_t i = 0; i < bytes.size();)
-        appendUtf16(out, takeUtf8(bytes, i));
+        Unicode::appendUtf16(out, takeUtf8(bytes, i));
     return out;
 }
 

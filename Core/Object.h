@@ -11,7 +11,8 @@ namespace Core {
 /// A new object has no reference; the first `SmartPtr` takes one, and the object destroys
 /// itself when the last one lets go. The count is atomic, so objects that do not change
 /// (fonts, images) may be shared between threads. Copying an object copies its content,
-/// never its count.
+/// never its count. Make objects with `makeObject`: one on the stack, or held by another owner, is
+/// destroyed a second time as soon as a `SmartPtr` to it lets go.
 class CORE_API Object {
 public:
     Object() = default;

@@ -9,7 +9,8 @@
 
 namespace Core {
 
-/// Intrusive pointer to an `Object`: holds one reference for as long as it lives.
+/// Intrusive pointer to an `Object`: holds one reference for as long as it lives. `makeObject`
+/// makes the first one; a plain pointer becomes a counted one only where that is said.
 /// Dereferencing a null one raises `NullPointerException` (source "SmartPtr", line 118).
 template <class T>
 class SmartPtr {
@@ -17,7 +18,7 @@ public:
     SmartPtr() noexcept = default;
     SmartPtr(std::nullptr_t) noexcept {}
     /// Takes a reference of its own; `object` may be null.
-    SmartPtr(T* object) noexcept : object_(object) { acquire(); }
+    explicit SmartPtr(T* object) noexcept : object_(object) { acquire(); }
     SmartPtr(const SmartPtr& other) noexcept : object_(other.object_) { acquire(); }
     SmartPtr(SmartPtr&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
     template <class U>

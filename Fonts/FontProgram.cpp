@@ -1,7 +1,7 @@
 #include "Fonts/FontProgram.h"
 
+#include "Core/Unicode.h"
 #include "Fonts/GlyphSink.h"
-#include "Fonts/internal/Characters.h"
 
 namespace Fonts {
 
@@ -16,7 +16,7 @@ std::optional<FontFile> FontProgram::getFile() const {
 }
 
 bool FontProgram::covers(char32_t character) const {
-    const FontScript run{Characters::toString(character), 0};
+    const FontScript run{Core::Unicode::toUtf16(character), 0};
     const std::vector<GlyphId> glyphs = mapGlyphs(run);
     return !glyphs.empty() && glyphs.front() != kMissingGlyph;
 }

@@ -1,6 +1,6 @@
 #include "Fonts/FontScriptIterator.h"
 
-#include "Fonts/internal/Characters.h"
+#include "Core/Unicode.h"
 
 #include <hb.h>
 
@@ -47,7 +47,7 @@ FontScriptIterator::Run FontScriptIterator::findRun() const {
     std::size_t end = position_;
     while (end < text_.length()) {
         std::size_t behind = end;
-        const hb_script_t found = scriptOf(Characters::next(text_.view(), behind));
+        const hb_script_t found = scriptOf(Core::Unicode::next(text_.view(), behind));
         if (script == HB_SCRIPT_COMMON)
             script = found;
         else if (found != script && found != HB_SCRIPT_COMMON)

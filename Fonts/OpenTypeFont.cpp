@@ -32,7 +32,7 @@ Core::ByteArray OpenTypeFont::getProgramData() const {
 }
 
 std::vector<FontProgram::GlyphId> OpenTypeFont::mapGlyphs(const FontScript& run) const {
-    return Characters::map(run, [&, font = face_->font.get()](char32_t character) -> GlyphId {
+    return mapCharacters(run, [&, font = face_->font.get()](char32_t character) -> GlyphId {
         if (character < face_->latinGlyphs.size() && face_->latinGlyphs[character] != 0)
             return face_->latinGlyphs[character];
         hb_codepoint_t glyph = 0;

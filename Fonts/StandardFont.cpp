@@ -70,7 +70,7 @@ FontProgram::GlyphId StandardFont::glyphOf(char32_t character) const {
 }
 
 std::vector<FontProgram::GlyphId> StandardFont::mapGlyphs(const FontScript& run) const {
-    return Characters::map(run, [this](char32_t character) { return glyphOf(character); });
+    return mapCharacters(run, [this](char32_t character) { return glyphOf(character); });
 }
 
 Core::String StandardFont::getGlyphName(GlyphId glyph) const {

@@ -30,7 +30,7 @@ bool Type1Font::isSubsettable() const {
 }
 
 std::vector<FontProgram::GlyphId> Type1Font::mapGlyphs(const FontScript& run) const {
-    return Characters::map(run, [this](char32_t character) { return face_->glyphOf(character); });
+    return mapCharacters(run, [this](char32_t character) { return face_->glyphOf(character); });
 }
 
 Core::String Type1Font::getGlyphName(GlyphId glyph) const {

@@ -28,13 +28,13 @@ namespace Drawing::PS {
 /// procedure set and every resource that the pages referred to to the caller's stream, and
 /// copies the pages behind them. So memory does not grow with the number of pages.
 ///
-///     Drawing::PS::PSDocument document(output, false);
-///     document.startDocument();
-///     document.startPage({595, 842});
-///     document.setTransform({});
-///     document.drawRectangle(72, 72, 200, 100, 0, 0);
-///     document.endPage();
-///     document.endDocument();
+///     const auto document = Core::makeObject<Drawing::PS::PSDocument>(output, false);
+///     document->startDocument();
+///     document->startPage({595, 842});
+///     document->setTransform({});
+///     document->drawRectangle(72, 72, 200, 100, 0, 0);
+///     document->endPage();
+///     document->endDocument();
 ///
 /// Failures are exceptions: `NullPointerException` for a missing stream, page or object,
 /// `UnreacheableCodeException` (source "PSDocument") for values out of their range,
@@ -49,6 +49,8 @@ public:
     /// A document that `endDocument` writes to `output`, which it holds a reference to; null can
     /// be made good by `setOutputStream`. `kernText` adds the procedures that show kerned text.
     PSDocument(Core::IO::Stream* output, bool kernText);
+    PSDocument(const Core::SmartPtr<Core::IO::Stream>& output, bool kernText)
+        : PSDocument(output.get(), kernText) {}
     /// A context of the given size that draws straight into `stream`: no temporary file, no
     /// output stream, a graphics state from the start.
     PSDocument(Core::IO::Stream* stream, SizeF size, bool kernText);

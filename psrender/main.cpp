@@ -1,6 +1,6 @@
 #include "Core/Exception.h"
 #include "Core/Log.h"
-#include "psrender/CommandLine.h"
+#include "psrender/job/CommandLine.h"
 
 #include <cstdio>
 #include <exception>

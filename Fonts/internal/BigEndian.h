@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <vector>
 
 /// Numbers of font tables. What lies outside the bytes reads as 0.
 namespace Fonts::BigEndian {
@@ -28,6 +29,16 @@ inline void write16(std::span<std::uint8_t> bytes, std::size_t offset, std::uint
 inline void write32(std::span<std::uint8_t> bytes, std::size_t offset, std::uint32_t value) {
     write16(bytes, offset, value >> 16);
     write16(bytes, offset + 2, value);
+}
+
+inline void append16(std::vector<std::uint8_t>& out, std::uint32_t value) {
+    out.insert(out.end(),
+               {static_cast<std::uint8_t>(value >> 8), static_cast<std::uint8_t>(value)});
+}
+
+inline void append32(std::vector<std::uint8_t>& out, std::uint32_t value) {
+    append16(out, value >> 16);
+    append16(out, value);
 }
 
 }  // namespace Fonts::BigEndian

@@ -5,6 +5,7 @@
 #include "Fonts/TTFFont.h"
 #include "Fonts/Type1Font.h"
 #include "Fonts/internal/OpenTypeFace.h"
+#include "Fonts/internal/Sfnt.h"
 #include "Fonts/internal/SfntDirectory.h"
 #include "Fonts/internal/Type1Face.h"
 #include "Fonts/internal/Type1Segments.h"
@@ -19,9 +20,9 @@ namespace {
 Core::SmartPtr<FontProgram> loadOpenType(FontBytes bytes, std::uint32_t faceIndex) {
     auto face = std::make_unique<const OpenTypeFace>(std::move(bytes), faceIndex);
     const SfntDirectory& directory = face->directory;
-    if (directory.has(sfntTag("glyf")) && directory.has(sfntTag("loca")))
+    if (directory.has(Sfnt::kGlyf) && directory.has(Sfnt::kLoca))
         return Core::makeObject<TTFFont>(std::move(face));
-    if (directory.has(sfntTag("CFF ")) || directory.has(sfntTag("CFF2")))
+    if (directory.has(Sfnt::kCff) || directory.has(Sfnt::kCff2))
         return Core::makeObject<CffFont>(std::move(face));
     throw FontException(face->bytes.name(), "is no usable font: it has no outlines");
 }

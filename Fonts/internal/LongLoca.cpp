@@ -4,6 +4,7 @@
 #include "Fonts/internal/LongLoca.h"
 
 #include "Fonts/internal/BigEndian.h"
+#include "Fonts/internal/Sfnt.h"
 #include "Fonts/internal/SfntBuilder.h"
 
 #include <cstddef>
@@ -16,10 +17,6 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-constexpr hb_tag_t kHead = HB_TAG('h', 'e', 'a', 'd');
-constexpr hb_tag_t kLoca = HB_TAG('l', 'o', 'c', 'a');
-constexpr std::size_t kHeadLength = 54;
-constexpr std::size_t kFormatOffset = 50;
 constexpr std::uint32_t kLongFormat = 1;
 constexpr std::uint64_t kShortLimit = 131070;
 
@@ -48,15 +45,15 @@ Bytes longLoca(const std::vector<std::uint32_t>& offsets) {
 }  // namespace
 
 bool makeLocaLongIfNeeded(SfntBuilder& file) {
-    Bytes head = file.table(kHead);
-    if (head.size() < kHeadLength || BigEndian::read16(head, kFormatOffset) != 0)
+    Bytes head = file.table(Sfnt::kHead);
+    if (head.size() < Sfnt::kHeadLength || BigEndian::read16(head, Sfnt::kLocaFormatOffset) != 0)
         return false;
-    const std::vector<std::uint32_t> offsets = offsetsOf(file.table(kLoca));
+    const std::vector<std::uint32_t> offsets = offsetsOf(file.table(Sfnt::kLoca));
     if (filledUpSize(offsets) <= kShortLimit)
         return false;
-    BigEndian::write16(head, kFormatOffset, kLongFormat);
-    file.replace(kHead, head);
-    file.replace(kLoca, longLoca(offsets));
+    BigEndian::write16(head, Sfnt::kLocaFormatOffset, kLongFormat);
+    file.replace(Sfnt::kHead, head);
+    file.replace(Sfnt::kLoca, longLoca(offsets));
     return true;
 }
 

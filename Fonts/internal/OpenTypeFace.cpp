@@ -2,6 +2,7 @@
 
 #include "Fonts/internal/BigEndian.h"
 #include "Fonts/internal/OpenTypeMetrics.h"
+#include "Fonts/internal/Sfnt.h"
 
 #include <utility>
 
@@ -41,7 +42,7 @@ OpenTypeFace::OpenTypeFace(FontBytes fontBytes, std::uint32_t index)
       font(openFont(face.get())),
       glyphCount(hb_face_get_glyph_count(face.get())),
       unit(kEm / static_cast<float>(hb_face_get_upem(face.get()))),
-      licenceBits(BigEndian::read16(directory.table(sfntTag("OS/2")), kLicenceBitsOffset)),
+      licenceBits(BigEndian::read16(directory.table(Sfnt::kOs2), kLicenceBitsOffset)),
       metrics(openTypeMetrics(font.get(), unit, bytes.name())),
       kerning(font.get()),
       latinGlyphs(mapLatin(font.get())) {}

@@ -9,6 +9,7 @@
 
 #include "Fonts/FontException.h"
 #include "Fonts/internal/BigEndian.h"
+#include "Fonts/internal/Sfnt.h"
 
 #include <algorithm>
 #include <array>
@@ -20,14 +21,12 @@ namespace {
 
 using Bytes = std::span<const std::uint8_t>;
 
-constexpr std::uint32_t kCollection = sfntTag("ttcf");
-constexpr std::array kVersions{std::uint32_t{0x00010000}, sfntTag("true"), sfntTag("OTTO"),
-                               kCollection};
-constexpr std::array kRequired{sfntTag("head"), sfntTag("maxp"), sfntTag("hhea"), sfntTag("hmtx")};
-constexpr std::size_t kHeadLength = 54;
+constexpr std::array kVersions{Sfnt::kTrueTypeVersion, Sfnt::tag("true"), Sfnt::tag("OTTO"),
+                               Sfnt::kCollection};
+constexpr std::array kRequired{Sfnt::kHead, Sfnt::kMaxp, Sfnt::kHhea, Sfnt::kHmtx};
 
 std::size_t directoryOffset(Bytes bytes, std::uint32_t faceIndex, const std::string& fileName) {
-    const bool isCollection = BigEndian::read32(bytes, 0) == kCollection;
+    const bool isCollection = BigEndian::read32(bytes, 0) == Sfnt::kCollection;
     const std::uint32_t faceCount = isCollection ? BigEndian::read32(bytes, 8) : 1;
     if (faceIndex >= faceCount)
         throw FontException(fileName, "holds " + std::to_string(faceCount) +
@@ -55,11 +54,11 @@ SfntDirectory::SfntDirectory(Bytes bytes, std::uint32_t faceIndex, const std::st
     const std::size_t start = directoryOffset(bytes, faceIndex, fileName);
     const std::uint32_t count = BigEndian::read16(bytes, start + 4);
     for (std::uint32_t i = 0; i < count; ++i) {
-        const std::size_t entry = start + 12 + std::size_t{16} * i;
+        const std::size_t entry = start + Sfnt::kDirectoryHead + Sfnt::kDirectoryEntry * i;
         const std::uint32_t tag = BigEndian::read32(bytes, entry);
         const std::size_t offset = BigEndian::read32(bytes, entry + 8);
         const std::size_t length = BigEndian::read32(bytes, entry + 12);
-        if (entry + 16 > bytes.size() || offset + length > bytes.size())
+        if (entry + Sfnt::kDirectoryEntry > bytes.size() || offset + length > bytes.size())
             throw FontException(fileName, "is damaged: its table " + nameOf(tag) +
                                               " reaches beyond the end of the file");
         tables_[tag] = bytes.subspan(offset, length);
@@ -67,7 +66,7 @@ SfntDirectory::SfntDirectory(Bytes bytes, std::uint32_t faceIndex, const std::st
     for (const std::uint32_t tag : kRequired)
         if (table(tag).empty())
             throw FontException(fileName, "is no usable font: it has no table " + nameOf(tag));
-    if (table(sfntTag("head")).size() < kHeadLength)
+    if (table(Sfnt::kHead).size() < Sfnt::kHeadLength)
         throw FontException(fileName, "is damaged: its table head is too short");
 }
 

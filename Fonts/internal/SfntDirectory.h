@@ -7,13 +7,6 @@
 
 namespace Fonts {
 
-constexpr std::uint32_t sfntTag(const char (&name)[5]) {
-    std::uint32_t tag = 0;
-    for (int i = 0; i < 4; ++i)
-        tag = tag << 8 | static_cast<std::uint8_t>(name[i]);
-    return tag;
-}
-
 /// The tables of one face of a TrueType or OpenType file or collection (OpenType 1.9,
 /// "Organization of an OpenType Font").
 class SfntDirectory {

@@ -2,6 +2,7 @@
 
 #include "Fonts/FontException.h"
 #include "Fonts/internal/LongLoca.h"
+#include "Fonts/internal/Sfnt.h"
 #include "Fonts/internal/SfntBuilder.h"
 
 #include <algorithm>
@@ -11,22 +12,9 @@ namespace Fonts {
 
 namespace {
 
-constexpr hb_tag_t kCmap = HB_TAG('c', 'm', 'a', 'p');
-
-constexpr std::array kDrawingTables{
-    kCmap,
-    HB_TAG('c', 'v', 't', ' '),
-    HB_TAG('f', 'p', 'g', 'm'),
-    HB_TAG('g', 'l', 'y', 'f'),
-    HB_TAG('h', 'e', 'a', 'd'),
-    HB_TAG('h', 'h', 'e', 'a'),
-    HB_TAG('h', 'm', 't', 'x'),
-    HB_TAG('l', 'o', 'c', 'a'),
-    HB_TAG('m', 'a', 'x', 'p'),
-    HB_TAG('p', 'r', 'e', 'p'),
-    HB_TAG('v', 'h', 'e', 'a'),
-    HB_TAG('v', 'm', 't', 'x'),
-};
+constexpr std::array kDrawingTables{Sfnt::kCmap, Sfnt::kCvt,  Sfnt::kFpgm, Sfnt::kGlyf,
+                                    Sfnt::kHead, Sfnt::kHhea, Sfnt::kHmtx, Sfnt::kLoca,
+                                    Sfnt::kMaxp, Sfnt::kPrep, Sfnt::kVhea, Sfnt::kVmtx};
 
 /// Layout tables must go before the subset is planned: what substitutions can reach would
 /// otherwise be kept as well.
@@ -56,7 +44,7 @@ HarfBuzzPtr<hb_subset_input_t> makeInput(hb_face_t* face, std::span<const std::i
     dropOtherTables(face, hb_subset_input_set(input.get(), HB_SUBSET_SETS_DROP_TABLE_TAG));
     // Subset along with the glyphs, 'cmap' would lose its last record where no glyph of the
     // subset has a character; readers of the file rely on there being one.
-    hb_set_add(hb_subset_input_set(input.get(), HB_SUBSET_SETS_NO_SUBSET_TABLE_TAG), kCmap);
+    hb_set_add(hb_subset_input_set(input.get(), HB_SUBSET_SETS_NO_SUBSET_TABLE_TAG), Sfnt::kCmap);
     return input;
 }
 

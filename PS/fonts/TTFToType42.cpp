@@ -13,6 +13,8 @@
 #include "PS/fonts/TTFToType42.h"
 
 #include "Fonts/TTFFont.h"
+#include "Fonts/internal/BigEndian.h"
+#include "Fonts/internal/Sfnt.h"
 #include "PS/internal/Type42Dictionaries.h"
 #include "PS/internal/Type42Strings.h"
 
@@ -24,16 +26,8 @@ namespace Drawing::PS {
 
 namespace {
 
-constexpr std::uint32_t tag(const char (&name)[5]) {
-    std::uint32_t value = 0;
-    for (std::size_t i = 0; i < 4; ++i)
-        value = value << 8 | static_cast<std::uint8_t>(name[i]);
-    return value;
-}
-
-constexpr std::uint32_t kGlyf = tag("glyf");
-constexpr std::uint32_t kHead = tag("head");
-constexpr std::uint32_t kLoca = tag("loca");
+namespace BigEndian = Fonts::BigEndian;
+namespace Sfnt = Fonts::Sfnt;
 
 /// What the array holds, in its order. The first nine have a directory entry even where the font
 /// lacks them.
@@ -43,29 +37,13 @@ struct OutputTable {
 };
 
 constexpr std::array kOutputTables{
-    OutputTable{tag("cvt "), true},  OutputTable{tag("fpgm"), true}, OutputTable{kGlyf, true},
-    OutputTable{kHead, true},        OutputTable{tag("hhea"), true}, OutputTable{tag("hmtx"), true},
-    OutputTable{kLoca, true},        OutputTable{tag("maxp"), true}, OutputTable{tag("prep"), true},
-    OutputTable{tag("vhea"), false}, OutputTable{tag("vmtx"), false}};
-
-constexpr std::size_t kHeadLength = 54;
-constexpr std::size_t kAdjustmentOffset = 8;
-constexpr std::uint32_t kWholeFileSum = 0xB1B0AFBA;
-constexpr std::size_t kDirectoryHead = 12;
-constexpr std::size_t kDirectoryEntry = 16;
+    OutputTable{Sfnt::kCvt, true},   OutputTable{Sfnt::kFpgm, true}, OutputTable{Sfnt::kGlyf, true},
+    OutputTable{Sfnt::kHead, true},  OutputTable{Sfnt::kHhea, true}, OutputTable{Sfnt::kHmtx, true},
+    OutputTable{Sfnt::kLoca, true},  OutputTable{Sfnt::kMaxp, true}, OutputTable{Sfnt::kPrep, true},
+    OutputTable{Sfnt::kVhea, false}, OutputTable{Sfnt::kVmtx, false}};
 
 std::uint32_t aligned(std::uint32_t length) {
     return (length + 3) & ~std::uint32_t{3};
-}
-
-void append16(std::vector<std::uint8_t>& out, std::uint32_t value) {
-    out.insert(out.end(),
-               {static_cast<std::uint8_t>(value >> 8), static_cast<std::uint8_t>(value)});
-}
-
-void append32(std::vector<std::uint8_t>& out, std::uint32_t value) {
-    append16(out, value >> 16);
-    append16(out, value);
 }
 
 /// The sum of big-endian 32-bit words, the last one filled with zero bytes.
@@ -81,11 +59,11 @@ std::vector<std::uint8_t> offsetTable(std::uint32_t tableCount) {
     constexpr std::uint32_t kSearchRange = 128;
     constexpr std::uint32_t kEntrySelector = 3;
     std::vector<std::uint8_t> bytes;
-    append32(bytes, 0x00010000);
-    append16(bytes, tableCount);
-    append16(bytes, kSearchRange);
-    append16(bytes, kEntrySelector);
-    append16(bytes, (tableCount + 8) * 16 % 256);
+    BigEndian::append32(bytes, Sfnt::kTrueTypeVersion);
+    BigEndian::append16(bytes, tableCount);
+    BigEndian::append16(bytes, kSearchRange);
+    BigEndian::append16(bytes, kEntrySelector);
+    BigEndian::append16(bytes, (tableCount + 8) * 16 % 256);
     return bytes;
 }
 
@@ -112,7 +90,7 @@ std::uint32_t TTFToType42::read16(std::uint64_t offset) {
         valid = false;
         return 0;
     }
-    return std::uint32_t{fontData[offset]} << 8 | fontData[offset + 1];
+    return BigEndian::read16(fontData.span(), offset);
 }
 
 std::uint32_t TTFToType42::read32(std::uint64_t offset) {
@@ -120,7 +98,7 @@ std::uint32_t TTFToType42::read32(std::uint64_t offset) {
         valid = false;
         return 0;
     }
-    return read16(offset) << 16 | read16(offset + 2);
+    return BigEndian::read32(fontData.span(), offset);
 }
 
 std::int32_t TTFToType42::readSigned16(std::uint64_t offset) {
@@ -138,10 +116,10 @@ std::optional<TTFToType42::Table> TTFToType42::findTable(std::uint32_t wanted) c
 
 void TTFToType42::parse() {
     readDirectory();
-    const auto maxp = findTable(tag("maxp"));
-    if (!valid || !maxp || !findTable(kGlyf) || !findTable(tag("hmtx")))
+    const auto maxp = findTable(Sfnt::kMaxp);
+    if (!valid || !maxp || !findTable(Sfnt::kGlyf) || !findTable(Sfnt::kHmtx))
         return;
-    if (const auto cmap = findTable(tag("cmap")))
+    if (const auto cmap = findTable(Sfnt::kCmap))
         readCmap(*cmap);
     const std::uint32_t count = read16(static_cast<std::uint64_t>(maxp->offset) + 4);
     if (!valid)
@@ -154,7 +132,7 @@ void TTFToType42::parse() {
 void TTFToType42::readDirectory() {
     const std::uint32_t count = read16(4);
     for (std::uint32_t i = 0; i < count && valid; ++i) {
-        const std::uint64_t entry = kDirectoryHead + std::uint64_t{i} * kDirectoryEntry;
+        const std::uint64_t entry = Sfnt::kDirectoryHead + std::uint64_t{i} * Sfnt::kDirectoryEntry;
         const Table table{read32(entry), read32(entry + 4),
                           static_cast<std::int32_t>(read32(entry + 8)),
                           static_cast<std::int32_t>(read32(entry + 12))};
@@ -179,19 +157,19 @@ void TTFToType42::readCmap(const Table& cmap) {
 }
 
 void TTFToType42::readHead() {
-    const auto head = findTable(kHead);
+    const auto head = findTable(Sfnt::kHead);
     if (!head)
         return;
     const auto start = static_cast<std::uint64_t>(head->offset);
     boundingBox = {readSigned16(start + 36), readSigned16(start + 38), readSigned16(start + 40),
                    readSigned16(start + 42)};
-    longOffsets = readSigned16(start + 50);
+    longOffsets = readSigned16(start + Sfnt::kLocaFormatOffset);
 }
 
 /// Every glyph starts on a multiple of four. The record behind the last glyph marks the end.
 void TTFToType42::layOutGlyphs() {
-    const auto loca = findTable(kLoca);
-    const auto glyf = findTable(kGlyf);
+    const auto loca = findTable(Sfnt::kLoca);
+    const auto glyf = findTable(Sfnt::kGlyf);
     const std::uint64_t start = loca ? static_cast<std::uint64_t>(loca->offset) : fontData.size();
     glyphs.resize(static_cast<std::size_t>(numGlyphs) + 1);
     for (std::size_t i = 0; i < glyphs.size(); ++i)
@@ -226,11 +204,11 @@ std::vector<std::uint8_t> TTFToType42::bytesOf(std::uint32_t wanted) const {
     const auto table = findTable(wanted);
     if (!table)
         return {};
-    if (wanted == kLoca)
+    if (wanted == Sfnt::kLoca)
         return newLoca();
-    if (wanted == kGlyf)
+    if (wanted == Sfnt::kGlyf)
         return newGlyf();
-    if (wanted == kHead)
+    if (wanted == Sfnt::kHead)
         return newHead();
     const auto first = fontData.begin() + table->offset;
     return {first, first + table->length};
@@ -241,14 +219,14 @@ std::vector<std::uint8_t> TTFToType42::newLoca() const {
     bytes.reserve(glyphs.size() * 4);
     for (const Glyph& glyph : glyphs)
         if (longOffsets != 0)
-            append32(bytes, glyph.newOffset);
+            BigEndian::append32(bytes, glyph.newOffset);
         else
-            append16(bytes, glyph.newOffset / 2);
+            BigEndian::append16(bytes, glyph.newOffset / 2);
     return bytes;
 }
 
 std::vector<std::uint8_t> TTFToType42::newGlyf() const {
-    const auto table = findTable(kGlyf);
+    const auto table = findTable(Sfnt::kGlyf);
     if (glyphs.empty() || !table)
         return {};
     std::vector<std::uint8_t> bytes(glyphs.back().newOffset);
@@ -260,11 +238,12 @@ std::vector<std::uint8_t> TTFToType42::newGlyf() const {
 
 /// The first 54 bytes, with the adjustment of the whole file's sum still 0.
 std::vector<std::uint8_t> TTFToType42::newHead() const {
-    const auto table = findTable(kHead);
-    std::vector<std::uint8_t> bytes(kHeadLength);
+    const auto table = findTable(Sfnt::kHead);
+    std::vector<std::uint8_t> bytes(Sfnt::kHeadLength);
     std::copy_n(fontData.data() + table->offset,
-                std::min(kHeadLength, static_cast<std::size_t>(table->length)), bytes.begin());
-    std::fill_n(bytes.begin() + kAdjustmentOffset, 4, std::uint8_t{0});
+                std::min(Sfnt::kHeadLength, static_cast<std::size_t>(table->length)),
+                bytes.begin());
+    std::fill_n(bytes.begin() + Sfnt::kAdjustmentOffset, 4, std::uint8_t{0});
     return bytes;
 }
 
@@ -276,13 +255,14 @@ void TTFToType42::writeGlyphData(Core::IO::Stream& stream, const Core::String& n
 
     std::vector<std::uint8_t> directory = offsetTable(static_cast<std::uint32_t>(written.size()));
     std::uint32_t sum = 0;
-    auto offset = static_cast<std::uint32_t>(kDirectoryHead + kDirectoryEntry * written.size());
+    auto offset =
+        static_cast<std::uint32_t>(Sfnt::kDirectoryHead + Sfnt::kDirectoryEntry * written.size());
     for (const auto& [tableTag, bytes] : written) {
         const std::uint32_t checksum = checksumOf(bytes);
-        append32(directory, tableTag);
-        append32(directory, checksum);
-        append32(directory, offset);
-        append32(directory, static_cast<std::uint32_t>(bytes.size()));
+        BigEndian::append32(directory, tableTag);
+        BigEndian::append32(directory, checksum);
+        BigEndian::append32(directory, offset);
+        BigEndian::append32(directory, static_cast<std::uint32_t>(bytes.size()));
         offset = aligned(offset + static_cast<std::uint32_t>(bytes.size()));
         sum += checksum;
     }
@@ -291,12 +271,12 @@ void TTFToType42::writeGlyphData(Core::IO::Stream& stream, const Core::String& n
     stream.write(name.isEmpty() ? "/sfnts [\n" : "/" + name.toUtf8() + "_sfnts[\n");
     writeType42String(stream, directory);
     for (auto& [tableTag, bytes] : written) {
-        if (tableTag == kHead && !bytes.empty()) {
+        if (tableTag == Sfnt::kHead && !bytes.empty()) {
             std::vector<std::uint8_t> adjustment;
-            append32(adjustment, kWholeFileSum - sum);
-            std::ranges::copy(adjustment, bytes.begin() + kAdjustmentOffset);
+            BigEndian::append32(adjustment, Sfnt::kFileSum - sum);
+            std::ranges::copy(adjustment, bytes.begin() + Sfnt::kAdjustmentOffset);
         }
-        if (tableTag == kGlyf)
+        if (tableTag == Sfnt::kGlyf)
             writeGlyphs(stream);
         else if (!bytes.empty())
             writeType42String(stream, bytes);
@@ -305,7 +285,7 @@ void TTFToType42::writeGlyphData(Core::IO::Stream& stream, const Core::String& n
 }
 
 void TTFToType42::writeGlyphs(Core::IO::Stream& stream) const {
-    const auto table = findTable(kGlyf);
+    const auto table = findTable(Sfnt::kGlyf);
     if (!table)
         return;
     for (const Glyph& glyph : glyphs)

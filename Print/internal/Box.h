@@ -37,7 +37,7 @@ struct Box {
         top = std::min(top, p.y);
         bottom = std::max(bottom, p.y);
     }
-    void hold(const Box& other) {
+    void holdBox(const Box& other) {
         hold(Spot{other.left, other.top});
         hold(Spot{other.right, other.bottom});
     }

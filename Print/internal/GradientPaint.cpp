@@ -1,8 +1,8 @@
 #include "Print/internal/GradientPaint.h"
 
 #include "Print/PrintException.h"
+#include "Print/internal/ByteString.h"
 #include "Print/internal/GradientStops.h"
-#include "Print/internal/HexText.h"
 
 #include <array>
 #include <cmath>
@@ -29,6 +29,9 @@ struct Course {
     [[nodiscard]] bool isDegenerate() const {
         return from.x == to.x && from.y == to.y && fromRadius == toRadius;
     }
+    /// Circles that do not lie in each other span a cone, most of which no corner may lie in.
+    [[nodiscard]] bool isCone() const { return distance() > toRadius - fromRadius; }
+    [[nodiscard]] double distance() const { return std::hypot(to.x - from.x, to.y - from.y); }
     [[nodiscard]] Spot centreAt(double t) const {
         return {from.x + t * (to.x - from.x), from.y + t * (to.y - from.y)};
     }
@@ -66,6 +69,16 @@ std::optional<double> placeOf(Spot p, const Course& course) {
     return std::max((b + std::sqrt(root)) / a, (b - std::sqrt(root)) / a);
 }
 
+/// Where the circles of a cone have left `seen` behind them.
+double coneReach(const Course& course, const Box& seen) {
+    double farthest = 0;
+    for (const double x : {seen.left, seen.right})
+        for (const double y : {seen.top, seen.bottom})
+            farthest = std::max(farthest, std::hypot(x - course.from.x, y - course.from.y));
+    const double speed = course.distance() - (course.toRadius - course.fromRadius);
+    return (farthest + course.fromRadius) / speed;
+}
+
 struct Reach {
     double from = 0;
     double to = 1;
@@ -80,6 +93,8 @@ Reach reachOf(const Course& course, const Box& seen) {
                 reach.from = std::min(reach.from, *place);
                 reach.to = std::max(reach.to, *place);
             }
+    if (course.isRadial && course.isCone())
+        reach.to = std::max(reach.to, coneReach(course, seen));
     if (course.isRadial)
         reach.from = course.toRadius > course.fromRadius
                          ? -course.fromRadius / (course.toRadius - course.fromRadius)
@@ -169,7 +184,7 @@ std::vector<std::uint8_t> samplesOf(const ColorFieldBrush& brush, const ColorCon
 
 void writeMatrix(const Matrix& m, TextBuffer& out) {
     if (m == Matrix()) {
-        out << " im";
+        out << " im ";
         return;
     }
     out << '[';
@@ -221,7 +236,7 @@ void writeColorField(const ColorFieldBrush& brush, const ColorConverter* convert
     out.number(brush.getColumns());
     out.number(brush.getRows());
     out << ']';
-    writeHexString(samples, out);
+    writeByteString(samples, out);
     out << "cf";
     writeMatrix(brush.getMatrix(), out);
     out << "P\n";

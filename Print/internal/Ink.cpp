@@ -103,7 +103,7 @@ const std::array<ByteText, 256>& byteTexts() {
         std::array<ByteText, 256> made;
         for (std::size_t level = 0; level < made.size(); ++level) {
             std::array<char, 128> number{};
-            const char* end =
+            char* end =
                 writeRounded(number.data(), static_cast<double>(level) / kByte, kComponentDecimals);
             made[level].length = static_cast<std::uint8_t>(end - number.data());
             std::copy(number.data(), end, made[level].text.begin());

@@ -35,7 +35,7 @@ class Library : public bench::Backend {
 public:
     explicit Library(const char* file)
         : output_(makeObject<Core::IO::FileStream>(file, true, true, true)),
-          document_(makeObject<Drawing::PS::PSDocument>(output_.get(), true)) {}
+          document_(makeObject<Drawing::PS::PSDocument>(output_, true)) {}
 
     void beginPage() override {
         document_->startPage({bench::kPageWidth, bench::kPageHeight});

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "psrender/Descriptor.h"
+#include "psrender/base/Descriptor.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
 #include "psrender/image/FileImage.h"
 
 #include "Core/StringFormatStream.h"
-#include "psrender/InputError.h"
+#include "psrender/base/InputError.h"
 #include "psrender/image/ImageError.h"
 
 #include <xxhash.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "psrender/Warnings.h"
+#include "psrender/base/Warnings.h"
 #include "psrender/scene/DisplayList.h"
 
 namespace psrender::plan {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "psrender/Warnings.h"
+#include "psrender/base/Warnings.h"
 #include "psrender/scene/Outline.h"
 
 #include <optional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "psrender/Warnings.h"
+#include "psrender/base/Warnings.h"
 #include "psrender/plan/Sink.h"
 
 namespace psrender::plan {

@@ -1,7 +1,7 @@
 #include "psrender/svg/SvgReader.h"
 
-#include "psrender/svg/SceneBuilder.h"
-#include "psrender/svg/XmlTree.h"
+#include "psrender/svg/elements/SceneBuilder.h"
+#include "psrender/svg/xml/XmlTree.h"
 
 namespace psrender::svg {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "psrender/InputError.h"
-#include "psrender/Warnings.h"
+#include "psrender/base/InputError.h"
+#include "psrender/base/Warnings.h"
 #include "psrender/scene/DisplayList.h"
-#include "psrender/svg/ImageAccess.h"
+#include "psrender/svg/image/ImageAccess.h"
 
 #include <string>
 #include <string_view>

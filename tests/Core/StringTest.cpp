@@ -2,12 +2,17 @@
 
 #include "Core/Encoder.h"
 #include "Core/Format.h"
+#include "Core/Unicode.h"
 #include "tests/support/Raises.h"
+
+#include <string>
+#include <vector>
 
 namespace {
 
 using Core::Encoder;
 using Core::String;
+namespace Unicode = Core::Unicode;
 
 TEST(String, ComparesAndSearchesByCodeUnit) {
     EXPECT_LT(String(u"F10").compare(u"F9"), 0);
@@ -32,6 +37,28 @@ TEST(String, ConvertsToUtf8AndBack) {
     EXPECT_EQ(String(u"\uFFFDA"), String("\xE2"
                                          "A"))
         << "what follows is kept";
+}
+
+TEST(Unicode, KeepsEveryCharacterInBothForms) {
+    for (char32_t character = 0; character <= Unicode::kLast; ++character) {
+        if (Unicode::isSurrogate(character))
+            continue;
+        const std::u16string units = Unicode::toUtf16(character);
+        std::size_t at = 0;
+        ASSERT_EQ(character, Unicode::next(units, at));
+        ASSERT_EQ(units.size(), at);
+        std::string bytes;
+        Unicode::appendUtf8(bytes, character);
+        ASSERT_EQ(units, Encoder::utf16FromUtf8(bytes)) << std::hex << unsigned{character};
+    }
+}
+
+TEST(Unicode, TakesHalfAPairForItself) {
+    const std::u16string units{0xD83D, 0xD83D, 0xDE00, 0xDE00, 0xD83D};
+    std::vector<char32_t> characters;
+    for (std::size_t at = 0; at < units.size();)
+        characters.push_back(Unicode::next(units, at));
+    EXPECT_THAT(characters, testing::ElementsAre(0xD83D, 0x1F600, 0xDE00, 0xD83D));
 }
 
 TEST(Format, ParsesWholeIntegersOnly) {

@@ -1,7 +1,7 @@
 #include "psrender/svg/text/FontChooser.h"
 
 #include "Fonts/FontManager.h"
-#include "psrender/svg/Characters.h"
+#include "psrender/svg/values/Characters.h"
 
 #include <algorithm>
 #include <array>
@@ -26,16 +26,16 @@ std::string_view takeFamily(std::string_view& families) {
 }
 
 bool isGeneric(std::string_view family) {
-    constexpr std::array names{"sans-serif", "serif",    "monospace",     "cursive",     "fantasy",
-                               "system-ui",  "ui-serif", "ui-sans-serif", "ui-monospace"};
-    return std::ranges::any_of(names,
+    constexpr std::array kNames{"sans-serif", "serif",    "monospace",     "cursive",     "fantasy",
+                                "system-ui",  "ui-serif", "ui-sans-serif", "ui-monospace"};
+    return std::ranges::any_of(kNames,
                                [&](const char* name) { return equalsIgnoringCase(name, family); });
 }
 
 /// Families whose glyphs are as wide as those of Helvetica, Times and Courier.
 bool isOfStandardMeasure(std::string_view family) {
-    constexpr std::array names{"Arial", "Times New Roman", "Courier New"};
-    return std::ranges::any_of(names,
+    constexpr std::array kNames{"Arial", "Times New Roman", "Courier New"};
+    return std::ranges::any_of(kNames,
                                [&](const char* name) { return equalsIgnoringCase(name, family); });
 }
 

@@ -4,7 +4,7 @@
 #include "Core/String.h"
 #include "Drawing/Font.h"
 #include "Fonts/FontProgram.h"
-#include "psrender/svg/TextStyle.h"
+#include "psrender/svg/css/TextStyle.h"
 
 #include <cstddef>
 #include <map>

@@ -1,5 +1,6 @@
 #include "psrender/svg/text/Shaper.h"
 
+#include "Core/Unicode.h"
 #include "Fonts/FontScript.h"
 #include "Fonts/UnicodeRanges.h"
 
@@ -30,20 +31,12 @@ constexpr hb_feature_t off(hb_tag_t tag) {
 constexpr hb_feature_t kNoKerning = off(HB_TAG('k', 'e', 'r', 'n'));
 constexpr std::array kNoLigatures{off(HB_TAG('l', 'i', 'g', 'a')), off(HB_TAG('c', 'l', 'i', 'g'))};
 
-Core::String toString(char32_t code) {
-    if (code < 0x10000)
-        return std::u16string(1, static_cast<char16_t>(code));
-    const char32_t rest = code - 0x10000;
-    return std::u16string{static_cast<char16_t>(0xD800 + (rest >> 10)),
-                          static_cast<char16_t>(0xDC00 + (rest & 0x3FF))};
-}
-
 /// A font without layout tables: one glyph a character, and the font's own kerning.
 std::vector<ShapedGlyph> lineUp(const FontProgram& program, std::span<const char32_t> text,
                                 const ShapingRun& run) {
     std::vector<ShapedGlyph> glyphs;
     for (std::size_t i = run.begin; i < run.end; ++i) {
-        const Core::String character = toString(text[i]);
+        const Core::String character = Core::Unicode::toUtf16(text[i]);
         const std::uint32_t found = program.mapGlyphs({character, 0}).at(0);
         const bool isMissing = found == FontProgram::kMissingGlyph;
         const bool isMark = Fonts::UnicodeRanges::isMark(character[0]);

@@ -1,11 +1,12 @@
 #include "psrender/svg/text/TextContent.h"
 
 #include "Core/String.h"
-#include "psrender/svg/Characters.h"
-#include "psrender/svg/Conditions.h"
-#include "psrender/svg/NumberScanner.h"
-#include "psrender/svg/StyleResolver.h"
-#include "psrender/svg/XmlWalk.h"
+#include "Core/Unicode.h"
+#include "psrender/svg/css/StyleResolver.h"
+#include "psrender/svg/values/Characters.h"
+#include "psrender/svg/values/NumberScanner.h"
+#include "psrender/svg/xml/Conditions.h"
+#include "psrender/svg/xml/XmlWalk.h"
 
 #include <string_view>
 
@@ -85,12 +86,8 @@ private:
         const bool keepsSpace = span.style.text.keepsSpace || preservesSpace(span.element);
         const Core::String text(utf8);
         const std::u16string_view units = text.view();
-        for (std::size_t i = 0; i < units.size(); ++i) {
-            char32_t code = units[i];
-            if (code >= 0xD800 && code < 0xDC00 && i + 1 < units.size())
-                code = 0x10000 + ((code & 0x3FF) << 10) + (units[++i] & 0x3FF);
-            addCharacter(code, keepsSpace);
-        }
+        for (std::size_t i = 0; i < units.size();)
+            addCharacter(Core::Unicode::next(units, i), keepsSpace);
     }
 
     /// White space becomes one blank, none at the ends of the text, unless it is to be kept.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "psrender/svg/ComputedStyle.h"
+#include "psrender/svg/css/ComputedStyle.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,5 +1,6 @@
 #include "psrender/svg/text/TextRuns.h"
 
+#include "Core/Unicode.h"
 #include "Fonts/UnicodeRanges.h"
 
 #include <cmath>
@@ -17,16 +18,6 @@ constexpr double kEm = 1000;
 /// In ems: less than can be seen at any size that text is read at.
 constexpr double kDrift = 0.01;
 
-void append(std::u16string& text, char32_t code) {
-    if (code < 0x10000) {
-        text += static_cast<char16_t>(code);
-        return;
-    }
-    const char32_t rest = code - 0x10000;
-    text += static_cast<char16_t>(0xD800 + (rest >> 10));
-    text += static_cast<char16_t>(0xDC00 + (rest & 0x3FF));
-}
-
 class Gatherer {
 public:
     explicit Gatherer(const TextContent& content) : content_(content) {}
@@ -39,7 +30,7 @@ public:
         const scene::Point at{(glyph.origin.x - origin_.x) / glyph.stretch,
                               glyph.origin.y - origin_.y};
         run_->glyphs.push_back({glyph.id, run_->isPlain ? scene::Point{at.x, 0} : at, 0});
-        append(text_, content_.characters[glyph.character].code);
+        Core::Unicode::appendUtf16(text_, content_.characters[glyph.character].code);
         last_ = glyph;
     }
 
@@ -63,8 +54,8 @@ private:
     /// Whether the pen of a back end would stand where `glyph` is.
     [[nodiscard]] bool followsByItself(const LaidGlyph& glyph) {
         const char32_t code = content_.characters[glyph.character].code;
-        const bool isMark =
-            code < 0x10000 && Fonts::UnicodeRanges::isMark(static_cast<char16_t>(code));
+        const bool isMark = code < Core::Unicode::kFirstSupplementary &&
+                            Fonts::UnicodeRanges::isMark(static_cast<char16_t>(code));
         const Fonts::FontProgram& program = *glyph.font->program;
         const int kern = program.getKerning(last_.id, glyph.id, isMark).value_or(0);
         const double size = sizeOf(glyph);

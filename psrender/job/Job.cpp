@@ -1,0 +1,145 @@
+#include "psrender/job/Job.h"
+
+#include "PS/PSDocument.h"
+#include "psrender/base/InputError.h"
+#include "psrender/base/Warnings.h"
+#include "psrender/job/InputFile.h"
+#include "psrender/job/OutputFile.h"
+#include "psrender/job/PageReader.h"
+#include "psrender/job/Preview.h"
+#include "psrender/job/Progress.h"
+#include "psrender/paint/Painter.h"
+#include "psrender/plan/Planner.h"
+
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <stdexcept>
+#include <system_error>
+#include <utility>
+
+namespace psrender {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// `a.svg -o a.svg` is a slip that would cost the drawing.
+const std::string& outputOf(const JobRequest& request) {
+    std::error_code none;
+    for (const std::string& input : request.inputs)
+        if (std::filesystem::equivalent(input, request.output, none) &&
+            std::filesystem::is_regular_file(input, none))
+            throw InputError({input},
+                             "would be replaced by the output; choose another name for -o");
+    return request.output;
+}
+
+class Job {
+public:
+    explicit Job(const JobRequest& request)
+        : request_(request),
+          output_(outputOf(request)),
+          document_(Core::makeObject<Drawing::PS::PSDocument>(output_.stream(), true)),
+          reader_(request.mostPixels),
+          planner_({request.mostDotsPerInch, request.opacity}),
+          painter_(*document_),
+          progress_(request.inputs.size(), !request.quiet && ::isatty(STDERR_FILENO) == 1) {}
+
+    ExitCode run() {
+        document_->startDocument();
+        if (request_.printing)
+            document_->setPrintingOptions(*request_.printing);
+        for (const std::string& input : request_.inputs)
+            addOrSkip(input);
+        if (pages_ == 0)
+            throw std::runtime_error(
+                "no page is left: every input was skipped, nothing is written");
+        document_->endDocument();
+        output_.commit();
+        progress_.clear();
+        if (request_.previewPrefix)
+            renderPreview(request_.output, *request_.previewPrefix, request_.previewResolution);
+        return skipped_ ? pagesSkipped : success;
+    }
+
+private:
+    void addOrSkip(const std::string& input) {
+        try {
+            addPage(input);
+            ++pages_;
+        } catch (const InputError& error) {
+            if (!request_.keepGoing)
+                throw;
+            skipped_ = true;
+            say(std::string(error.what()) + " (page skipped)");
+        }
+        progress_.advance();
+    }
+
+    /// Everything that can be wrong with an input is found before its page is begun.
+    void addPage(const std::string& input) {
+        const auto start = Clock::now();
+        const std::string name = input == "-" ? kStandardInput : input;
+        Warnings warnings;
+        PageReader::Input read = reader_.read(input, warnings);
+        scene::Page& page = read.page;
+        try {
+            frame(page, frameFor(read), warnings);
+        } catch (const std::runtime_error& error) {
+            throw InputError({name}, error.what());
+        }
+        page = planner_.plan(std::move(page), warnings);
+        painter_.paintPage(page);
+        report(name, page, warnings, Clock::now() - start);
+    }
+
+    /// An image has no size that its author had in mind, so paper is to be filled with it.
+    [[nodiscard]] PageFrame frameFor(const PageReader::Input& input) const {
+        PageFrame result = request_.frame;
+        result.fit = result.fit || (input.isPicture && result.paper);
+        return result;
+    }
+
+    void report(const std::string& name, const scene::Page& page, const Warnings& warnings,
+                Clock::duration time) {
+        if (!request_.quiet)
+            for (const std::string& sentence : warnings.sentences())
+                say(std::string("warning: ").append(name).append(": ").append(sentence));
+        if (request_.verbose)
+            say(name + ": " + describe(page, time));
+    }
+
+    static std::string describe(const scene::Page& page, Clock::duration time) {
+        char text[128];
+        std::snprintf(text, sizeof text, "%.1f x %.1f pt, %zu shapes, %.1f ms", page.width,
+                      page.height, page.items.size(),
+                      std::chrono::duration<double, std::milli>(time).count());
+        return text;
+    }
+
+    void say(const std::string& sentence) {
+        progress_.clear();
+        std::fprintf(stderr, "psrender: %s\n", sentence.c_str());
+    }
+
+    const JobRequest& request_;
+    OutputFile output_;
+    Core::SmartPtr<Drawing::PS::PSDocument> document_;
+    PageReader reader_;
+    plan::Planner planner_;
+    paint::Painter painter_;
+    Progress progress_;
+    int pages_ = 0;
+    bool skipped_ = false;
+};
+
+}  // namespace
+
+ExitCode runJob(const JobRequest& request) {
+    return Job(request).run();
+}
+
+}  // namespace psrender

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "PS/PSPrintingOptions.h"
+#include "psrender/job/PageFrame.h"
+#include "psrender/plan/Planner.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace psrender {
+
+/// A limit for images that cameras and scanners keep to, and that files made to do harm do not.
+inline constexpr std::uint64_t kMostPixels = 120'000'000;
+
+/// What is to be turned into pages, where they go, and how.
+struct JobRequest {
+    std::vector<std::string> inputs;  ///< "-" is standard input
+    std::string output;               ///< "-" is standard output
+    PageFrame frame;
+    double mostDotsPerInch = 0;  ///< of images, which are reduced to it; 0 keeps every pixel
+    std::uint64_t mostPixels = kMostPixels;  ///< of one image
+    plan::OpacityWay opacity = plan::OpacityWay::blend;
+    std::optional<Drawing::PS::PSPrintingOptions> printing;
+    std::optional<std::string> previewPrefix;
+    int previewResolution = 96;  ///< dots per inch
+    bool keepGoing = false;      ///< a bad page is skipped
+    bool quiet = false;
+    bool verbose = false;
+};
+
+/// What `main` returns.
+enum ExitCode : int { success = 0, failure = 1, wrongUsage = 2, pagesSkipped = 3 };
+
+/// Makes the document: one page an input, in their order. Either the whole output is in its place
+/// afterwards or nothing has changed. Messages go to standard error.
+///
+/// Raises `InputError` for a bad page unless `keepGoing`, and the library's exceptions for what
+/// cannot be written.
+ExitCode runJob(const JobRequest& request);
+
+}  // namespace psrender

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "Core/SmartPtr.h"
+#include "Core/Stream.h"
+#include "psrender/base/Descriptor.h"
+
+#include <optional>
+#include <string>
+
+namespace psrender {
+
+/// The file that a job makes. It is written beside its target under another name and takes the
+/// target's place by `commit`; until then, and if the job fails or is interrupted, a file that
+/// stood there stays as it was. What is no regular file (a pipe, a device) and standard output
+/// ("-") are written directly.
+///
+/// Raises `Core::IOException` where a file cannot be made, written or put in place.
+class OutputFile {
+public:
+    explicit OutputFile(const std::string& name);
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+
+    [[nodiscard]] const Core::SmartPtr<Core::IO::Stream>& stream() const { return stream_; }
+    /// Closes the stream and puts the file in its place; to be called once.
+    void commit();
+
+private:
+    /// A new file that is gone again, also when a signal ends the process, unless it is renamed.
+    class Temporary {
+    public:
+        /// In the folder of `target`, with the permissions that `target` has or would get.
+        explicit Temporary(const std::string& target);
+        Temporary(const Temporary&) = delete;
+        Temporary& operator=(const Temporary&) = delete;
+        ~Temporary();
+
+        /// The file opened for writing; whoever takes it closes it.
+        [[nodiscard]] int descriptor() const { return descriptor_; }
+        void renameTo(const std::string& target);
+
+    private:
+        std::string name_;
+        int descriptor_;
+    };
+
+    int open();
+
+    std::string target_;
+    std::optional<Temporary> temporary_;  ///< none if the target is written directly
+    Descriptor file_;
+    Core::SmartPtr<Core::IO::Stream> stream_;
+};
+
+}  // namespace psrender

@@ -1,0 +1,53 @@
+#include "psrender/job/PageReader.h"
+
+#include "psrender/base/InputError.h"
+#include "psrender/image/ImageError.h"
+#include "psrender/image/ImageFormat.h"
+#include "psrender/job/InputFile.h"
+#include "psrender/job/PicturePage.h"
+#include "psrender/svg/SvgReader.h"
+
+#include <filesystem>
+
+namespace psrender {
+
+using image::ImageFormat;
+
+namespace {
+
+std::string folderOf(const std::string& file) {
+    const std::string folder = std::filesystem::path(file).parent_path().string();
+    return folder.empty() ? "." : folder;
+}
+
+}  // namespace
+
+PageReader::Input PageReader::read(const std::string& input, Warnings& warnings) {
+    if (input == "-")
+        return readContent(readInput(input), kStandardInput, "", warnings);
+    if (image::formatOf(readBeginning(input, image::kFormatBytes)) != ImageFormat::none)
+        return readImageFile(input, warnings);
+    return readContent(readInput(input), input, folderOf(input), warnings);
+}
+
+/// An image stays in its file, whatever its size.
+PageReader::Input PageReader::readImageFile(const std::string& name, Warnings& warnings) {
+    try {
+        return {pageOf(images_.fromFile(name, name), warnings), true};
+    } catch (const image::ImageError& error) {
+        throw InputError({name}, error.what());
+    }
+}
+
+PageReader::Input PageReader::readContent(const std::string& content, const std::string& name,
+                                          const std::string& folder, Warnings& warnings) {
+    if (image::formatOf(content) == ImageFormat::none)
+        return {svg::readSvg(content, name, warnings, {&images_, folder}), false};
+    try {
+        return {pageOf(images_.fromBytes(content, name), warnings), true};
+    } catch (const image::ImageError& error) {
+        throw InputError({name}, error.what());
+    }
+}
+
+}  // namespace psrender

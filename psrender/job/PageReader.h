@@ -1,0 +1,33 @@
+#pragma once
+
+#include "psrender/base/Warnings.h"
+#include "psrender/image/ImageStore.h"
+#include "psrender/scene/DisplayList.h"
+
+#include <string>
+
+namespace psrender {
+
+/// Reads inputs of every kind; what one is, its first bytes tell.
+class PageReader {
+public:
+    struct Input {
+        scene::Page page;
+        bool isPicture = false;  ///< an image that is the page
+    };
+
+    /// Images larger than `mostPixels` are refused.
+    explicit PageReader(std::uint64_t mostPixels) : images_(mostPixels) {}
+
+    /// `input` is the name of a file, or "-" for standard input. Throws `InputError`.
+    Input read(const std::string& input, Warnings& warnings);
+
+private:
+    Input readImageFile(const std::string& name, Warnings& warnings);
+    Input readContent(const std::string& content, const std::string& name,
+                      const std::string& folder, Warnings& warnings);
+
+    image::ImageStore images_;
+};
+
+}  // namespace psrender

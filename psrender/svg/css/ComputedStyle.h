@@ -1,0 +1,84 @@
+#pragma once
+
+#include "psrender/scene/DisplayList.h"
+#include "psrender/scene/Geometry.h"
+#include "psrender/svg/css/TextStyle.h"
+#include "psrender/svg/values/Color.h"
+#include "psrender/svg/values/Length.h"
+#include "psrender/svg/values/Paint.h"
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace psrender::svg {
+
+/// Properties that change the picture and that the reader leaves out, as bits of a set.
+using FeatureSet = std::uint16_t;
+namespace feature {
+constexpr FeatureSet kMask = 1;
+constexpr FeatureSet kFilter = 2;
+constexpr FeatureSet kBlendMode = 4;
+constexpr FeatureSet kFixedStrokeWidth = 8;
+constexpr FeatureSet kPaintOrder = 16;
+
+constexpr FeatureSet kInherited = kPaintOrder;
+}  // namespace feature
+
+/// Shared between an element and what inherits it; never null entries. Null means solid.
+using DashList = std::shared_ptr<const std::vector<Length>>;
+
+/// What children take over from their parent.
+struct InheritedStyle {
+    PaintValue fill{{}, false, {PlainPaint::Kind::color, {}}};
+    PaintValue stroke;
+    Rgba color;
+    double fillOpacity = 1;
+    double strokeOpacity = 1;
+    scene::FillRule fillRule = scene::FillRule::nonZero;
+    scene::FillRule clipRule = scene::FillRule::nonZero;  ///< instead within a clip path
+    scene::Cap cap = scene::Cap::butt;
+    scene::Join join = scene::Join::miter;
+    double miterLimit = 4;
+    Length strokeWidth{1};
+    DashList dashes;
+    Length dashOffset;
+    double fontSize = 16;
+    TextStyle text;
+    bool isVisible = true;
+    /// Ids of markers, empty for none.
+    std::string_view markerStart;
+    std::string_view markerMid;
+    std::string_view markerEnd;
+
+    friend bool operator==(const InheritedStyle&, const InheritedStyle&) = default;
+};
+
+/// What each element has for itself.
+struct OwnStyle {
+    double opacity = 1;
+    std::string_view clipPath;  ///< its id, empty for none
+    bool isDisplayed = true;
+    bool overflows = false;  ///< what is outside of its viewport is shown
+    scene::Affine transform;
+    PlainPaint stopColor{PlainPaint::Kind::color, {}};
+    double stopOpacity = 1;
+    double baselineShift = 0;  ///< user units, upwards
+
+    friend bool operator==(const OwnStyle&, const OwnStyle&) = default;
+};
+
+/// All properties of one element after cascade and inheritance. Paint references are views
+/// into the document.
+struct ComputedStyle : InheritedStyle, OwnStyle {
+    FeatureSet leftOut = 0;
+
+    ComputedStyle() = default;
+    /// What a child of an element with the style `parent` begins with.
+    static ComputedStyle childOf(const ComputedStyle& parent);
+
+    friend bool operator==(const ComputedStyle&, const ComputedStyle&) = default;
+};
+
+}  // namespace psrender::svg

@@ -1,0 +1,44 @@
+#include "psrender/svg/css/LeftOut.h"
+
+#include "psrender/base/Warnings.h"
+
+#include <array>
+
+namespace psrender::svg {
+
+namespace {
+
+struct LeftOut {
+    FeatureSet features;
+    const char* sentence;
+};
+
+constexpr std::array kLeftOutAnywhere{
+    LeftOut{feature::kMask, "masks are left out (mask)"},
+    LeftOut{feature::kFilter, "filters are left out (filter)"},
+    LeftOut{feature::kBlendMode, "blend modes are left out (mix-blend-mode)"},
+};
+constexpr std::array kLeftOutOfShapes{
+    LeftOut{feature::kPaintOrder, "fill is drawn before stroke whatever is asked (paint-order)"},
+    LeftOut{feature::kFixedStrokeWidth, "lines are scaled with their shape (vector-effect)"},
+};
+
+void warn(const LeftOut& leftOut, FeatureSet present, Warnings& warnings) {
+    if ((leftOut.features & present) != 0)
+        warnings.add(leftOut.sentence);
+}
+
+}  // namespace
+
+void warnOfLeftOut(const ComputedStyle& style, ElementKind kind, Warnings& warnings) {
+    if (style.leftOut == 0)
+        return;
+    for (const LeftOut& leftOut : kLeftOutAnywhere)
+        warn(leftOut, style.leftOut, warnings);
+    if (!isShape(kind))
+        return;
+    for (const LeftOut& leftOut : kLeftOutOfShapes)
+        warn(leftOut, style.leftOut, warnings);
+}
+
+}  // namespace psrender::svg

@@ -1,0 +1,254 @@
+#include "psrender/svg/css/Properties.h"
+
+#include "psrender/svg/css/TextProperties.h"
+#include "psrender/svg/values/Characters.h"
+#include "psrender/svg/values/Keywords.h"
+#include "psrender/svg/values/NumberScanner.h"
+#include "psrender/svg/values/TransformParser.h"
+
+#include <algorithm>
+#include <array>
+
+namespace psrender::svg {
+
+namespace {
+
+using scene::Cap;
+using scene::FillRule;
+using scene::Join;
+
+constexpr std::array kCaps{Keyword<Cap>{"butt", Cap::butt}, Keyword<Cap>{"round", Cap::round},
+                           Keyword<Cap>{"square", Cap::square}};
+constexpr std::array kJoins{
+    Keyword<Join>{"miter", Join::miter}, Keyword<Join>{"round", Join::round},
+    Keyword<Join>{"bevel", Join::bevel}, Keyword<Join>{"miter-clip", Join::miter},
+    Keyword<Join>{"arcs", Join::miter}};
+constexpr std::array kFillRules{Keyword<FillRule>{"nonzero", FillRule::nonZero},
+                                Keyword<FillRule>{"evenodd", FillRule::evenOdd}};
+constexpr std::array kVisibilities{Keyword<bool>{"visible", true}, Keyword<bool>{"hidden", false},
+                                   Keyword<bool>{"collapse", false}};
+constexpr std::array kOverflows{Keyword<bool>{"visible", true}, Keyword<bool>{"auto", true},
+                                Keyword<bool>{"hidden", false}, Keyword<bool>{"scroll", false}};
+
+using Style = ComputedStyle;
+
+template <auto field>
+bool applyPaint(std::string_view text, Style& style) {
+    return assign(style.*field, parsePaint(text));
+}
+
+template <auto field>
+bool applyOpacity(std::string_view text, Style& style) {
+    return assign(style.*field, parseOpacity(text));
+}
+
+template <auto field>
+bool applyReference(std::string_view text, Style& style) {
+    return assign(style.*field, parseReference(text));
+}
+
+bool applyMarkers(std::string_view text, Style& style) {
+    return applyReference<&Style::markerStart>(text, style) &&
+           applyReference<&Style::markerMid>(text, style) &&
+           applyReference<&Style::markerEnd>(text, style);
+}
+
+template <auto field, const auto& keywords>
+bool applyKeyword(std::string_view text, Style& style) {
+    return assign(style.*field, lookUp(keywords, text));
+}
+
+bool applyColor(std::string_view text, Style& style) {
+    return equalsIgnoringCase(text, "currentColor") || assign(style.color, parseColor(text));
+}
+
+bool applyStopColor(std::string_view text, Style& style) {
+    return assign(style.stopColor, parsePlainPaint(text));
+}
+
+bool applyDisplay(std::string_view text, Style& style) {
+    style.isDisplayed = !equalsIgnoringCase(text, "none");
+    return true;
+}
+
+bool applyTransform(std::string_view text, Style& style) {
+    return assign(style.transform, parseTransform(text));
+}
+
+bool applyStrokeWidth(std::string_view text, Style& style) {
+    const auto width = parseLength(text, style.fontSize);
+    return width && width->value >= 0 && assign(style.strokeWidth, width);
+}
+
+bool applyMiterLimit(std::string_view text, Style& style) {
+    NumberScanner scanner(text);
+    const auto limit = scanner.number();
+    return limit && *limit >= 1 && scanner.atEnd() && assign(style.miterLimit, limit);
+}
+
+bool applyDashOffset(std::string_view text, Style& style) {
+    return assign(style.dashOffset, parseLength(text, style.fontSize));
+}
+
+/// A list with a wrong or negative entry makes the line solid.
+bool applyDashes(std::string_view text, Style& style) {
+    style.dashes = nullptr;
+    if (equalsIgnoringCase(text, "none"))
+        return true;
+    std::vector<Length> dashes;
+    NumberScanner scanner(text);
+    while (!scanner.atEnd()) {
+        const auto length = scanLength(scanner, style.fontSize);
+        if (!length || length->value < 0)
+            return false;
+        dashes.push_back(*length);
+        scanner.skipCommaSpace();
+    }
+    style.dashes = std::make_shared<const std::vector<Length>>(std::move(dashes));
+    return true;
+}
+
+template <FeatureSet features>
+bool applyLeftOut(std::string_view text, Style& style) {
+    const bool isDefault = equalsIgnoringCase(text, "none") || equalsIgnoringCase(text, "normal");
+    const unsigned others = style.leftOut & ~unsigned{features};
+    style.leftOut = static_cast<FeatureSet>(isDefault ? others : others | features);
+    return true;
+}
+
+template <auto field>
+void copy(const Style& from, Style& to) {
+    to.*field = from.*field;
+}
+
+template <FeatureSet features>
+void copyLeftOut(const Style& from, Style& to) {
+    to.leftOut =
+        static_cast<FeatureSet>((to.leftOut & ~unsigned{features}) | (from.leftOut & features));
+}
+
+void copyMarkers(const Style& from, Style& to) {
+    copy<&Style::markerStart>(from, to);
+    copy<&Style::markerMid>(from, to);
+    copy<&Style::markerEnd>(from, to);
+}
+
+template <auto field>
+void copyText(const Style& from, Style& to) {
+    to.text.*field = from.text.*field;
+}
+
+void copyFont(const Style& from, Style& to) {
+    to.fontSize = from.fontSize;
+    copyText<&TextStyle::families>(from, to);
+    copyText<&TextStyle::slant>(from, to);
+    copyText<&TextStyle::weight>(from, to);
+}
+
+struct Property {
+    std::string_view name;
+    bool (*apply)(std::string_view text, Style& style);
+    void (*copy)(const Style& from, Style& to);
+};
+
+template <FeatureSet features>
+constexpr Property leftOut(std::string_view name) {
+    return {name, applyLeftOut<features>, copyLeftOut<features>};
+}
+
+/// Sorted by name, for the search.
+constexpr std::array<Property, kPropertyCount> kProperties{{
+    {"alignment-baseline", textProperties::applyBaseline, copyText<&TextStyle::baseline>},
+    {"baseline-shift", textProperties::applyBaselineShift, copy<&Style::baselineShift>},
+    {"clip-path", applyReference<&Style::clipPath>, copy<&Style::clipPath>},
+    {"clip-rule", applyKeyword<&Style::clipRule, kFillRules>, copy<&Style::clipRule>},
+    {"color", applyColor, copy<&Style::color>},
+    {"direction", textProperties::applyDirection, copyText<&TextStyle::isRightToLeft>},
+    {"display", applyDisplay, copy<&Style::isDisplayed>},
+    {"dominant-baseline", textProperties::applyBaseline, copyText<&TextStyle::baseline>},
+    {"fill", applyPaint<&Style::fill>, copy<&Style::fill>},
+    {"fill-opacity", applyOpacity<&Style::fillOpacity>, copy<&Style::fillOpacity>},
+    {"fill-rule", applyKeyword<&Style::fillRule, kFillRules>, copy<&Style::fillRule>},
+    leftOut<feature::kFilter>("filter"),
+    {"font", textProperties::applyFont, copyFont},
+    {"font-family", textProperties::applyFamily, copyText<&TextStyle::families>},
+    {"font-kerning", textProperties::applyKerning, copyText<&TextStyle::isKerned>},
+    {"font-size", textProperties::applySize, copy<&Style::fontSize>},
+    {"font-style", textProperties::applySlant, copyText<&TextStyle::slant>},
+    {"font-weight", textProperties::applyWeight, copyText<&TextStyle::weight>},
+    {"letter-spacing", textProperties::applyLetterSpacing, copyText<&TextStyle::letterSpacing>},
+    {"marker", applyMarkers, copyMarkers},
+    {"marker-end", applyReference<&Style::markerEnd>, copy<&Style::markerEnd>},
+    {"marker-mid", applyReference<&Style::markerMid>, copy<&Style::markerMid>},
+    {"marker-start", applyReference<&Style::markerStart>, copy<&Style::markerStart>},
+    leftOut<feature::kMask>("mask"),
+    leftOut<feature::kBlendMode>("mix-blend-mode"),
+    {"opacity", applyOpacity<&Style::opacity>, copy<&Style::opacity>},
+    {"overflow", applyKeyword<&Style::overflows, kOverflows>, copy<&Style::overflows>},
+    leftOut<feature::kPaintOrder>("paint-order"),
+    {"stop-color", applyStopColor, copy<&Style::stopColor>},
+    {"stop-opacity", applyOpacity<&Style::stopOpacity>, copy<&Style::stopOpacity>},
+    {"stroke", applyPaint<&Style::stroke>, copy<&Style::stroke>},
+    {"stroke-dasharray", applyDashes, copy<&Style::dashes>},
+    {"stroke-dashoffset", applyDashOffset, copy<&Style::dashOffset>},
+    {"stroke-linecap", applyKeyword<&Style::cap, kCaps>, copy<&Style::cap>},
+    {"stroke-linejoin", applyKeyword<&Style::join, kJoins>, copy<&Style::join>},
+    {"stroke-miterlimit", applyMiterLimit, copy<&Style::miterLimit>},
+    {"stroke-opacity", applyOpacity<&Style::strokeOpacity>, copy<&Style::strokeOpacity>},
+    {"stroke-width", applyStrokeWidth, copy<&Style::strokeWidth>},
+    {"text-anchor", textProperties::applyAnchor, copyText<&TextStyle::anchor>},
+    {"text-decoration", textProperties::applyDecoration, copyText<&TextStyle::decorations>},
+    {"text-decoration-line", textProperties::applyDecoration, copyText<&TextStyle::decorations>},
+    {"transform", applyTransform, copy<&Style::transform>},
+    leftOut<feature::kFixedStrokeWidth>("vector-effect"),
+    {"visibility", applyKeyword<&Style::isVisible, kVisibilities>, copy<&Style::isVisible>},
+    {"white-space", textProperties::applyWhiteSpace, copyText<&TextStyle::keepsSpace>},
+    {"word-spacing", textProperties::applyWordSpacing, copyText<&TextStyle::wordSpacing>},
+}};
+
+constexpr std::optional<std::size_t> find(std::string_view name) {
+    const auto* found = std::lower_bound(
+        kProperties.begin(), kProperties.end(), name,
+        [](const Property& property, std::string_view key) { return property.name < key; });
+    if (found == kProperties.end() || found->name != name)
+        return std::nullopt;
+    return static_cast<std::size_t>(found - kProperties.begin());
+}
+
+}  // namespace
+
+// NOLINTBEGIN(cert-err58-cpp): the table is searched when this is compiled.
+constinit const std::size_t fontSizeProperty = find("font-size").value();
+constinit const std::size_t fontProperty = find("font").value();
+constinit const std::array<std::size_t, 4> fontLonghands{
+    find("font-family").value(), fontSizeProperty, find("font-style").value(),
+    find("font-weight").value()};
+// NOLINTEND(cert-err58-cpp)
+
+std::optional<std::size_t> findProperty(std::string_view name) {
+    return find(name);
+}
+
+bool applyProperty(std::size_t property, std::string_view text, ComputedStyle& style,
+                   const ComputedStyle& parent) {
+    const std::string_view value = trimmed(text);
+    if (value == "inherit") {
+        kProperties[property].copy(parent, style);
+        return true;
+    }
+    if (value == "initial") {
+        kProperties[property].copy(ComputedStyle(), style);
+        return true;
+    }
+    return kProperties[property].apply(value, style);
+}
+
+ComputedStyle ComputedStyle::childOf(const ComputedStyle& parent) {
+    ComputedStyle child;
+    // NOLINTNEXTLINE(cppcoreguidelines-slicing): children inherit just this part.
+    static_cast<InheritedStyle&>(child) = parent;
+    child.leftOut = parent.leftOut & feature::kInherited;
+    return child;
+}
+
+}  // namespace psrender::svg

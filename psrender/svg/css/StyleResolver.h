@@ -1,0 +1,45 @@
+#pragma once
+
+#include "psrender/svg/css/ComputedStyle.h"
+#include "psrender/svg/css/RuleIndex.h"
+#include "psrender/svg/css/StyleSheet.h"
+#include "psrender/svg/xml/XmlTree.h"
+
+#include <vector>
+
+namespace psrender {
+class Warnings;
+}
+
+namespace psrender::svg {
+
+/// Works out the style of elements from presentation attributes, style sheets and style
+/// attributes, in that order of strength.
+class StyleResolver {
+public:
+    /// Reads the document's style sheets. Tree and warnings must outlive the resolver.
+    StyleResolver(const XmlTree& tree, Warnings& warnings);
+
+    /// The style of `element` inside of something with the style `parent`. Throws `InputError`
+    /// when the style sheets make for too much work.
+    ComputedStyle resolve(pugi::xml_node element, const ComputedStyle& parent);
+
+    /// The style of an element where it stands, worked out from the root downwards.
+    ComputedStyle resolveInPlace(pugi::xml_node element);
+
+private:
+    class Cascade;
+
+    void addSheetRules(pugi::xml_node element, Cascade& cascade);
+    void addStyleAttribute(std::string_view text, Cascade& cascade);
+
+    const XmlTree& tree_;
+    Warnings& warnings_;
+    StyleSheet sheet_;
+    RuleIndex index_;
+    SelectorMatcher matcher_;
+    std::uint64_t declarationSteps_ = 0;
+    std::vector<Declaration> inline_;  ///< kept for its memory
+};
+
+}  // namespace psrender::svg

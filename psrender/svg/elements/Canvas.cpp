@@ -1,0 +1,51 @@
+#include "psrender/svg/elements/Canvas.h"
+
+#include "psrender/base/Warnings.h"
+#include "psrender/svg/path/ShapeOutlines.h"
+#include "psrender/svg/xml/XmlTree.h"
+
+#include <cmath>
+#include <utility>
+
+namespace psrender::svg {
+
+using scene::Paint;
+
+void Canvas::add(scene::Shape shape, pugi::xml_node element) {
+    if (!hasInside(*shape.outline))
+        shape.fill = {};
+    if (shape.fill.kind != Paint::Kind::none || shape.stroke.kind != Paint::Kind::none)
+        require(items_.add(std::move(shape)), element);
+}
+
+void Canvas::add(scene::Text text, pugi::xml_node element) {
+    if (text.fill.kind != Paint::Kind::none || text.stroke.kind != Paint::Kind::none)
+        require(items_.add(std::move(text)), element);
+}
+
+void Canvas::add(scene::Picture picture, pugi::xml_node element) {
+    require(items_.add(std::move(picture)), element);
+}
+
+void Canvas::place(const Symbol& symbol, const scene::Affine& toPage, pugi::xml_node element) {
+    if (!symbol.items->items.empty())
+        require(items_.add({symbol.items, toPage}, symbol.size), element);
+}
+
+bool Canvas::canShow(const scene::Affine& toPage) {
+    const double determinant = toPage.determinant();
+    if (determinant != 0 && std::isfinite(determinant) && toPage.isFinite())
+        return true;
+    if (determinant != 0)
+        warnings_.add("shapes that are enlarged beyond all measure are left out");
+    return false;
+}
+
+void Canvas::require(bool isAdded, pugi::xml_node element) const {
+    if (!isAdded)
+        tree_.fail(element,
+                   "the picture has more than 2 million shapes or 50 million points; "
+                   "split it or simplify its paths");
+}
+
+}  // namespace psrender::svg

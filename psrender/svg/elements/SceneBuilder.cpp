@@ -1,0 +1,170 @@
+#include "psrender/svg/elements/SceneBuilder.h"
+
+#include "psrender/base/Warnings.h"
+#include "psrender/svg/css/LeftOut.h"
+#include "psrender/svg/elements/Viewport.h"
+#include "psrender/svg/xml/Conditions.h"
+#include "psrender/svg/xml/XmlWalk.h"
+
+namespace psrender::svg {
+
+using scene::Affine;
+using scene::Rect;
+
+namespace {
+
+constexpr double kPointsPerPixel = 0.75;
+constexpr std::size_t kDeepestNesting = 1000;
+
+void warnOfElement(ElementKind kind, Warnings& warnings) {
+    if (kind == ElementKind::foreignObject)
+        warnings.add("content that is not SVG is left out (<foreignObject>)");
+    else
+        warnings.add("elements that SVG does not know are left out");
+}
+
+/// A clip path takes the area of shapes and nothing of their looks.
+void makeSilhouette(ComputedStyle& style) {
+    style.fill = {};
+    style.fill.plain.kind = PlainPaint::Kind::color;
+    style.stroke = {};
+    style.fillOpacity = style.opacity = 1;
+    style.fillRule = style.clipRule;
+    style.markerStart = style.markerMid = style.markerEnd = {};
+    style.leftOut = 0;
+}
+
+}  // namespace
+
+SceneBuilder::SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warnings& warnings)
+    : tree_(tree),
+      warnings_(warnings),
+      styles_(tree, warnings),
+      paints_(tree, styles_, warnings,
+              [this](pugi::xml_node pattern, const PaintPlace& place) {
+                  return patterns_.read(pattern, place);
+              }),
+      shapePaints_(paints_),
+      outlines_(warnings),
+      links_(images, warnings),
+      canvas_(tree, warnings),
+      references_(tree, canvas_.items()),
+      uses_(tree, canvas_, references_, *this, warnings),
+      clips_(tree, styles_, canvas_.items(), references_, *this),
+      markers_(tree, styles_, canvas_, references_, *this, warnings),
+      patterns_(tree, styles_, references_, *this, warnings),
+      images_(canvas_, links_, warnings),
+      texts_(tree, styles_, outlines_, shapePaints_, canvas_, warnings),
+      shapes_(outlines_, shapePaints_, markers_, canvas_) {}
+
+scene::Page SceneBuilder::build() {
+    const pugi::xml_node root = tree_.root();
+    const ComputedStyle initial;
+    const Rect area = drawingArea(tree_, styles_.resolve(root, initial).fontSize);
+    const Affine toPage = Affine::scaling(kPointsPerPixel, kPointsPerPixel);
+    draw(root, {initial, toPage, {area.width, area.height}}, &area);
+    scene::Page page;
+    page.items = canvas_.items().takeItems();
+    page.width = area.width * kPointsPerPixel;
+    page.height = area.height * kPointsPerPixel;
+    return page;
+}
+
+void SceneBuilder::draw(pugi::xml_node element, const Surroundings& around, const Rect* area) {
+    const ElementKind kind = elementKind(element.name());
+    if ((!isShown(kind) && area == nullptr) || !conditionsHold(element))
+        return;
+    checkEffort(element, around);
+    ComputedStyle style = styles_.resolve(element, around.style);
+    if (around.isClip)
+        makeSilhouette(style);
+    if (!style.isDisplayed || style.opacity <= 0)
+        return;
+    warnOfLeftOut(style, kind, warnings_);
+    Surroundings inside{style,
+                        around.toPage * style.transform,
+                        around.measures,
+                        around.depth + 1,
+                        around.isReferred,
+                        around.isClip};
+    inside.measures.fontSize = style.fontSize;
+    if (!style.clipPath.empty())
+        clips_.drawWithin(inside, [&] { drawContent(kind, element, inside, area); });
+    else if (style.opacity == 1)
+        drawContent(kind, element, inside, area);
+    else
+        canvas_.items().group(style.opacity, {}, [&] { drawContent(kind, element, inside, area); });
+}
+
+void SceneBuilder::drawContent(ElementKind kind, pugi::xml_node element, const Surroundings& inside,
+                               const Rect* area) {
+    if (isShape(kind))
+        shapes_.draw(kind, element, inside);
+    else if (kind == ElementKind::image)
+        images_.draw(element, inside);
+    else if (kind == ElementKind::text)
+        texts_.draw(element, inside);
+    else if (kind == ElementKind::group)
+        drawChildren(element, inside);
+    else if (kind == ElementKind::use)
+        uses_.draw(element, inside);
+    else if (kind == ElementKind::choice)
+        drawChoice(element, inside);
+    else if (kind == ElementKind::svg || kind == ElementKind::symbol)
+        drawViewport(element,
+                     area != nullptr ? *area : nestedArea(element, inside.measures, warnings_),
+                     inside);
+    else
+        warnOfElement(kind, warnings_);
+}
+
+void SceneBuilder::drawChildren(pugi::xml_node element, const Surroundings& inside) {
+    for (auto child = firstChildElement(element); child; child = nextElement(child))
+        draw(child, inside, nullptr);
+}
+
+/// Draws the first child that is fit to be shown. Foreign content is never it, so that a plain
+/// drawing that stands beside it as its replacement gets its turn.
+void SceneBuilder::drawChoice(pugi::xml_node element, const Surroundings& inside) {
+    bool hasForeign = false;
+    for (auto child = firstChildElement(element); child; child = nextElement(child)) {
+        const ElementKind kind = elementKind(child.name());
+        if (!isShown(kind) || !conditionsHold(child))
+            continue;
+        if (kind != ElementKind::foreignObject) {
+            draw(child, inside, nullptr);
+            return;
+        }
+        hasForeign = true;
+    }
+    if (hasForeign)
+        warnOfElement(ElementKind::foreignObject, warnings_);
+}
+
+void SceneBuilder::drawViewport(pugi::xml_node element, const Rect& area,
+                                const Surroundings& inside) {
+    const auto viewport = openViewport(element, area, warnings_);
+    if (!viewport)
+        return;
+    Surroundings within = inside;
+    within.toPage = inside.toPage * viewport->map;
+    within.measures.width = viewport->width;
+    within.measures.height = viewport->height;
+    const bool isPage = element == tree_.root() && !inside.isReferred;
+    if (isPage || inside.style.overflows)
+        drawChildren(element, within);
+    else
+        canvas_.items().group(1, scene::rectangleClip(area, inside.toPage),
+                              [&] { drawChildren(element, within); });
+}
+
+void SceneBuilder::checkEffort(pugi::xml_node element, const Surroundings& around) {
+    if (around.depth > kDeepestNesting)
+        tree_.fail(element,
+                   "elements and references are nested more than 1000 deep; "
+                   "remove groups that hold one group only");
+    if (around.isReferred)
+        references_.spendOn(element);
+}
+
+}  // namespace psrender::svg

@@ -1,0 +1,49 @@
+#include "psrender/svg/elements/ShapeDrawer.h"
+
+#include "psrender/scene/OutlineBox.h"
+#include "psrender/svg/elements/Canvas.h"
+#include "psrender/svg/elements/MarkerReader.h"
+#include "psrender/svg/paint/ShapePaints.h"
+#include "psrender/svg/path/ShapeReader.h"
+
+#include <optional>
+#include <utility>
+
+namespace psrender::svg {
+
+namespace {
+
+bool isPainted(const PaintValue& value) {
+    return value.hasReference || value.plain.kind != PlainPaint::Kind::none;
+}
+
+/// The box that paints which refer to something may go by.
+std::optional<scene::Rect> boxFor(const ComputedStyle& style, const scene::Outline& outline) {
+    if (!style.fill.hasReference && !style.stroke.hasReference)
+        return std::nullopt;
+    const auto box = scene::tightBox(outline);
+    return box && box->width > 0 && box->height > 0 ? box : std::nullopt;
+}
+
+}  // namespace
+
+void ShapeDrawer::draw(ElementKind kind, pugi::xml_node element, const Surroundings& inside) {
+    const ComputedStyle& style = inside.style;
+    if (!style.isVisible || !canvas_.canShow(inside.toPage))
+        return;
+    const bool isMarked = MarkerReader::hasMarkers(kind, style);
+    if (!isMarked && !isPainted(style.fill) && !isPainted(style.stroke))
+        return;
+    const SharedOutline outline = shapes_.read(element, kind, inside.measures, inside.isReferred);
+    if (!outline)
+        return;
+    scene::Shape shape =
+        paints_.resolve(style, {boxFor(style, *outline), inside.measures, inside.depth});
+    shape.transform = inside.toPage;
+    shape.outline = outline;
+    canvas_.add(std::move(shape), element);
+    if (isMarked)
+        markers_.draw(element, *outline, inside);
+}
+
+}  // namespace psrender::svg

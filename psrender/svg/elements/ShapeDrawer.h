@@ -1,0 +1,32 @@
+#pragma once
+
+#include "psrender/svg/elements/Surroundings.h"
+#include "psrender/svg/xml/ElementKind.h"
+
+#include <pugixml.hpp>
+
+namespace psrender::svg {
+
+class Canvas;
+class MarkerReader;
+class ShapePaints;
+class ShapeReader;
+
+/// Draws the basic shapes and paths: an outline, its paints, and the markers on it. Touches the
+/// canvas.
+class ShapeDrawer {
+public:
+    /// All must outlive the drawer.
+    ShapeDrawer(ShapeReader& shapes, ShapePaints& paints, MarkerReader& markers, Canvas& canvas)
+        : shapes_(shapes), paints_(paints), markers_(markers), canvas_(canvas) {}
+
+    void draw(ElementKind kind, pugi::xml_node element, const Surroundings& inside);
+
+private:
+    ShapeReader& shapes_;
+    ShapePaints& paints_;
+    MarkerReader& markers_;
+    Canvas& canvas_;
+};
+
+}  // namespace psrender::svg

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "psrender/svg/elements/Surroundings.h"
+#include "psrender/svg/paint/PaintServer.h"
+#include "psrender/svg/path/ShapeReader.h"
+#include "psrender/svg/text/TextLayout.h"
+#include "psrender/svg/text/TextRuns.h"
+
+#include <pugixml.hpp>
+
+namespace psrender::svg {
+
+class Canvas;
+class ShapePaints;
+class StyleResolver;
+class XmlTree;
+
+/// Reads `text` elements: their glyphs are runs, and the lines along them shapes. Touches the
+/// canvas and, for text along a path, the shape that it runs along; keeps the fonts of the drawing.
+class TextReader {
+public:
+    /// All must outlive the reader.
+    TextReader(const XmlTree& tree, StyleResolver& styles, ShapeReader& shapes, ShapePaints& paints,
+               Canvas& canvas, Warnings& warnings)
+        : tree_(tree),
+          styles_(styles),
+          shapes_(shapes),
+          paints_(paints),
+          canvas_(canvas),
+          warnings_(warnings) {}
+
+    void draw(pugi::xml_node element, const Surroundings& inside);
+
+private:
+    void layOut(const TextChunk& chunk, const TextContent& content, const Surroundings& inside,
+                TextLayout& layout);
+    void layOutAlong(const TextChunk& chunk, const TextSpan& span, const Surroundings& inside,
+                     TextLayout& layout);
+    SharedOutline outlineOf(pugi::xml_node target, const Surroundings& inside);
+    void drawRun(const LaidRun& run, const TextSpan& span, const PaintPlace& place,
+                 const Surroundings& inside);
+    void drawDecorations(const TextContent& content, const TextLayout& layout, DecorationSet lines,
+                         const PaintPlace& place, const Surroundings& inside);
+
+    const XmlTree& tree_;
+    StyleResolver& styles_;
+    ShapeReader& shapes_;
+    ShapePaints& paints_;
+    Canvas& canvas_;
+    Warnings& warnings_;
+    FontChooser fonts_;
+    Shaper shaper_;
+};
+
+}  // namespace psrender::svg

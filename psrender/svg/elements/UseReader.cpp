@@ -1,0 +1,85 @@
+#include "psrender/svg/elements/UseReader.h"
+
+#include "psrender/base/Warnings.h"
+#include "psrender/svg/elements/Canvas.h"
+#include "psrender/svg/elements/References.h"
+#include "psrender/svg/elements/Viewport.h"
+#include "psrender/svg/xml/ElementKind.h"
+#include "psrender/svg/xml/LengthReader.h"
+#include "psrender/svg/xml/XmlTree.h"
+
+#include <string_view>
+
+namespace psrender::svg {
+
+using scene::Affine;
+using scene::Rect;
+
+namespace {
+
+/// References from which on a target is drawn once and placed.
+constexpr std::size_t kWorthSharing = 3;
+
+}  // namespace
+
+void UseReader::draw(pugi::xml_node use, const Surroundings& inside) {
+    const pugi::xml_node target = findTarget(use);
+    if (!target)
+        return;
+    if (references_.isWithin(target))
+        tree_.fail(use, "<use> refers to something that it is part of; remove the circle");
+    const LengthReader lengths(use, inside.measures, warnings_);
+    Surroundings around = inside;
+    around.isReferred = true;
+    around.toPage = inside.toPage * Affine::translation(lengths.get("x", Axis::horizontal),
+                                                        lengths.get("y", Axis::vertical));
+    references_.drawWithin(target, [&] { drawTarget(use, target, around); });
+}
+
+pugi::xml_node UseReader::findTarget(pugi::xml_node use) {
+    const std::string_view href = hrefOf(use);
+    if (!href.empty() && href.front() != '#') {
+        warnings_.add("references to other files are not followed (<use>)");
+        return {};
+    }
+    const pugi::xml_node target = tree_.byId(href.empty() ? href : href.substr(1));
+    if (!target)
+        warnings_.add("references to what is not in the file are left out (<use>)");
+    return target;
+}
+
+void UseReader::drawTarget(pugi::xml_node use, pugi::xml_node target, const Surroundings& inside) {
+    const ElementKind kind = elementKind(target.name());
+    std::optional<Rect> area;
+    if (kind == ElementKind::svg || kind == ElementKind::symbol)
+        area = areaOf(use, target, inside.measures);
+    if (inside.isClip || tree_.timesUsed(target.attribute("id").value()) < kWorthSharing)
+        walker_.draw(target, inside, area ? &*area : nullptr);
+    else if (canvas_.canShow(inside.toPage))
+        canvas_.place(symbolOf(target, inside, area), inside.toPage, use);
+}
+
+/// The target as it is drawn at the origin.
+const Symbol& UseReader::symbolOf(pugi::xml_node target, const Surroundings& inside,
+                                  const std::optional<Rect>& area) {
+    Appearance appearance{inside.style, inside.measures, area};
+    appearance.style.transform = {};
+    return references_.symbolOf(target, appearance, [&] {
+        Surroundings around = inside;
+        around.toPage = {};
+        walker_.draw(target, around, area ? &*area : nullptr);
+    });
+}
+
+/// The reference's own size goes before the size of a drawing that it refers to; a symbol
+/// has none.
+Rect UseReader::areaOf(pugi::xml_node use, pugi::xml_node target, const Measures& measures) {
+    const bool isSymbol = elementKind(target.name()) == ElementKind::symbol;
+    const Rect own = isSymbol ? Rect{0, 0, measures.width, measures.height}
+                              : nestedArea(target, measures, warnings_);
+    const LengthReader lengths(use, measures, warnings_);
+    return {own.x, own.y, lengths.findSize("width", Axis::horizontal).value_or(own.width),
+            lengths.findSize("height", Axis::vertical).value_or(own.height)};
+}
+
+}  // namespace psrender::svg

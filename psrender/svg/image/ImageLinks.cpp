@@ -1,0 +1,116 @@
+#include "psrender/svg/image/ImageLinks.h"
+
+#include "psrender/base/Warnings.h"
+#include "psrender/image/ImageError.h"
+#include "psrender/svg/image/DataUri.h"
+#include "psrender/svg/values/Characters.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace psrender::svg {
+
+using image::ImageError;
+using image::UprightImage;
+namespace fs = std::filesystem;
+
+namespace {
+
+/// So many times the largest image may all images of a drawing together be.
+constexpr std::uint64_t kLargestSum = 10;
+constexpr std::size_t kLongestName = 100;
+
+/// A name as messages show it: of bounded length, and without what a terminal would obey.
+std::string printable(std::string_view name) {
+    std::string text(name.substr(0, kLongestName));
+    std::ranges::replace_if(
+        text, [](unsigned char c) { return c < ' ' || c == 127; }, '?');
+    return name.size() <= kLongestName ? text : text + "...";
+}
+
+/// A scheme, as in "http:", before any slash.
+bool isAddress(std::string_view text) {
+    const std::size_t end = text.find_first_of(":/?#");
+    return end != std::string_view::npos && end > 0 && text[end] == ':';
+}
+
+bool looksLikeSvg(std::string_view bytes) {
+    const std::string_view start = trimmed(bytes.substr(0, 1000));
+    return start.starts_with("<") || start.starts_with("\xEF\xBB\xBF<") ||
+           start.starts_with("\x1F\x8B");
+}
+
+bool liesWithin(const fs::path& path, const fs::path& folder) {
+    return std::mismatch(folder.begin(), folder.end(), path.begin(), path.end()).first ==
+           folder.end();
+}
+
+}  // namespace
+
+ImageLinks::ImageLinks(ImageAccess access, Warnings& warnings)
+    : access_(std::move(access)),
+      warnings_(warnings),
+      mostPixels_(access_.store == nullptr ? 0
+                                           : access_.store->decodedPixels() +
+                                                 kLargestSum * access_.store->mostPixels()) {}
+
+const UprightImage* ImageLinks::find(std::string_view address) {
+    if (access_.store == nullptr) {
+        warnings_.add("images are left out (<image>)");
+        return nullptr;
+    }
+    const auto [entry, isNew] = known_.try_emplace(address, nullptr);
+    if (isNew)
+        entry->second = load(address);
+    return entry->second;
+}
+
+const UprightImage* ImageLinks::load(std::string_view address) {
+    const bool isData = equalsIgnoringCase(address.substr(0, 5), "data:");
+    const std::string name = isData ? "an embedded image" : printable(address);
+    try {
+        if (access_.store->decodedPixels() > mostPixels_)
+            throw ImageError(
+                "comes after more than ten times the pixels of --max-pixels; split "
+                "the drawing or raise the limit");
+        if (!isData)
+            return &loadFile(address);
+        const auto bytes = decodeDataUri(address);
+        if (!bytes)
+            throw ImageError("has a damaged data address; embed it anew");
+        if (looksLikeSvg(*bytes))
+            throw ImageError("is a drawing itself; place its elements instead");
+        return &access_.store->fromBytes(*bytes, name);
+    } catch (const ImageError& error) {
+        warnings_.add("left out (<image>): " + name + " " + error.what());
+        return nullptr;
+    }
+}
+
+const UprightImage& ImageLinks::loadFile(std::string_view address) {
+    if (isAddress(address))
+        throw ImageError("is not fetched; embed it, or put the file beside the drawing");
+    const std::string name = percentDecoded(address.substr(0, address.find_first_of("?#")));
+    return access_.store->fromFile(pathOf(name), name);
+}
+
+/// Links in the file system are followed first, so that none leads out of the folder.
+std::string ImageLinks::pathOf(const std::string& name) const {
+    const fs::path relative(name);
+    std::error_code error;
+    const fs::path folder = fs::canonical(access_.folder, error);
+    const bool climbs = std::find(relative.begin(), relative.end(), "..") != relative.end();
+    if (access_.folder.empty() || error || relative.is_absolute() || climbs || name.empty() ||
+        name.find('\0') != std::string::npos)
+        throw ImageError("is not in the folder of the drawing; put it there or embed it");
+    const fs::path path = fs::canonical(folder / relative, error);
+    if (error)
+        throw ImageError("cannot be read (" + error.message() + "); check its name");
+    if (!liesWithin(path, folder))
+        throw ImageError("is not in the folder of the drawing; put it there or embed it");
+    return path.string();
+}
+
+}  // namespace psrender::svg

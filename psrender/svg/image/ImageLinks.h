@@ -1,0 +1,37 @@
+#pragma once
+
+#include "psrender/image/ImageStore.h"
+#include "psrender/svg/image/ImageAccess.h"
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace psrender {
+class Warnings;
+}
+
+namespace psrender::svg {
+
+/// Finds the images that a drawing refers to: in the reference itself, or in files beside the
+/// drawing. Nothing else is ever opened: no network, no other folders.
+class ImageLinks {
+public:
+    ImageLinks(ImageAccess access, Warnings& warnings);
+
+    /// Null, and counted in the warnings, for what is left out. The text behind `address` must
+    /// outlive the links.
+    const image::UprightImage* find(std::string_view address);
+
+private:
+    const image::UprightImage* load(std::string_view address);
+    const image::UprightImage& loadFile(std::string_view address);
+    [[nodiscard]] std::string pathOf(const std::string& name) const;
+
+    ImageAccess access_;
+    Warnings& warnings_;
+    std::unordered_map<std::string_view, const image::UprightImage*> known_;
+    std::uint64_t mostPixels_;  ///< that the store may have decoded in the end
+};
+
+}  // namespace psrender::svg

@@ -1,0 +1,267 @@
+#include "psrender/job/CommandLine.h"
+#include "psrender/job/InputFile.h"
+#include "tests/psrender/image/ImageFiles.h"
+#include "tests/support/Interpreter.h"
+#include "tests/support/Raises.h"
+
+#include <gmock/gmock.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace {
+
+namespace fs = std::filesystem;
+using psrender::image::Bytes;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+const std::string kRed =
+    "<svg xmlns='http://www.w3.org/2000/svg' width='40pt' height='20pt' viewBox='0 0 40 20'>"
+    "<rect width='20' height='20' fill='red'/></svg>";
+
+/// Runs the program in an empty folder of its own.
+class Psrender : public testing::Test {
+protected:
+    Psrender() {
+        std::string name = (fs::temp_directory_path() / "psrender-test-XXXXXX").string();
+        folder_ = ::mkdtemp(name.data());
+        write("red.svg", kRed);
+        write("bad.svg", "<svg><rect");
+    }
+    ~Psrender() override { fs::remove_all(folder_); }
+
+    void write(const std::string& name, const std::string& content) {
+        std::ofstream(folder_ / name, std::ios::binary) << content;
+    }
+    std::string read(const std::string& name) {
+        std::ifstream in(folder_ / name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+    std::vector<std::string> files() {
+        std::vector<std::string> names;
+        for (const auto& entry : fs::directory_iterator(folder_))
+            names.push_back(entry.path().filename());
+        return names;
+    }
+    /// The exit code; what is said on standard error is in `said`. `before` is shell text that
+    /// runs first.
+    int run(const std::string& arguments, const std::string& before = "") {
+        const std::string command = "cd " + folder_.string() + "; " + before + " " +
+                                    PSRENDER_PROGRAM + " " + arguments + " 2>said";
+        const int status = std::system(command.c_str());
+        said = read("said");
+        fs::remove(folder_ / "said");
+        return WEXITSTATUS(status);
+    }
+
+    fs::path folder_;
+    std::string said;
+};
+
+TEST_F(Psrender, MakesAPageADrawing) {
+    ASSERT_EQ(0, run("red.svg red.svg -o out.ps")) << said;
+    EXPECT_EQ("", said);
+    const Interpretation seen = interpret(read("out.ps"));
+    EXPECT_EQ("", seen.messages);
+    ASSERT_EQ(2U, seen.pages.size());
+    EXPECT_EQ(40, seen.pages[1].width);
+    EXPECT_EQ((Picture::Pixel{254, 0, 0}), seen.pages[1].at(5, 5));
+    EXPECT_EQ((Picture::Pixel{255, 255, 255}), seen.pages[1].at(30, 5));
+}
+
+TEST_F(Psrender, FitsDrawingsToPaper) {
+    const auto pixels = [&](const std::string& options) {
+        EXPECT_EQ(0, run("red.svg -o out.ps --paper 200x100pt " + options)) << said;
+        return interpret(read("out.ps")).pages.at(0);
+    };
+    const Picture natural = pixels("");
+    EXPECT_EQ(200, natural.width);
+    EXPECT_EQ((Picture::Pixel{254, 0, 0}), natural.at(85, 45)) << "20 points, in the middle";
+    EXPECT_EQ((Picture::Pixel{255, 255, 255}), natural.at(75, 45));
+    EXPECT_EQ((Picture::Pixel{254, 0, 0}), pixels("--fit --margin 0pt").at(5, 95));
+    EXPECT_EQ((Picture::Pixel{255, 255, 255}), pixels("--fit --margin 10pt").at(5, 50));
+    ASSERT_EQ(0, run("red.svg -o out.ps --paper a4 --landscape --fit"));
+    EXPECT_THAT(read("out.ps"), HasSubstr("<</PageSize [841.8898 595.2756]"));
+}
+
+TEST_F(Psrender, WorksInAPipeAndPassesPrintingOptions) {
+    ASSERT_EQ(0, run("- -o - --duplex --copies 2 --tray 3 --media-color 'a(b' <red.svg >out.ps"));
+    EXPECT_THAT(read("out.ps"), HasSubstr("<</Duplex true \n/MediaPosition 3\n/MediaColor "
+                                          "(a\\050b)\n/NumCopies 2\n/Jog 0\n"));
+    EXPECT_EQ("", interpret(read("out.ps")).messages);
+}
+
+TEST_F(Psrender, RendersPreviews) {
+    fs::create_directory(folder_ / "a%d b");
+    ASSERT_EQ(0, run("red.svg red.svg -o out.ps --preview 'a%d b/p'")) << said;
+    EXPECT_TRUE(fs::exists(folder_ / "a%d b/p-2.png"));
+    EXPECT_EQ(1, run("red.svg -o out.ps --preview none/p"));
+    EXPECT_THAT(said, HasSubstr("no preview: "));
+    EXPECT_EQ(1, run("red.svg -o out.ps --preview p", "PATH=/nowhere"));
+    EXPECT_THAT(said, HasSubstr("Ghostscript (gs) was not found"));
+}
+
+TEST_F(Psrender, RefusesAWrongCommandLine) {
+    for (const char* arguments :
+         {"", "red.svg", "-o out.ps", "red.svg -o out.ps --paper B9", "red.svg -o out.ps --fit",
+          "red.svg -o out.ps --margin 3", "red.svg -o out.ps --copies 0", "- - -o out.ps",
+          "red.svg -o out.ps --opacity 50%", "red.svg -o - --preview p",
+          "red.svg -o out.ps --no-such-option"}) {
+        EXPECT_EQ(2, run(arguments)) << arguments;
+        EXPECT_NE("", said) << arguments;
+    }
+    EXPECT_EQ(0, run("--help >help"));
+    EXPECT_THAT(read("help"), AllOf(HasSubstr("Examples:"), HasSubstr("--keep-going")));
+    EXPECT_EQ(0, run("--version >version"));
+    EXPECT_THAT(read("version"), StartsWith("psrender 0."));
+}
+
+TEST_F(Psrender, NamesWhatIsWrongWithAnInput) {
+    write("empty.svg", "");
+    write("huge.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='2e9' height='9'/>");
+    const std::pair<const char*, const char*> cases[] = {
+        {"missing.svg", "missing.svg: cannot be read (No such file or directory)"},
+        {".", ".: this is a folder"},
+        {"empty.svg", "empty.svg: is empty"},
+        {"/dev/zero", "/dev/zero: is larger than 256 MiB"},
+        {"huge.svg", "huge.svg: the page would be 1.5e+09 by 6.75 points"},
+        {"bad.svg", "bad.svg:1:"}};
+    write("out.ps", "before");
+    for (const auto& [input, sentence] : cases) {
+        EXPECT_EQ(1, run(std::string("red.svg ") + input + " -o out.ps"));
+        EXPECT_THAT(said, StartsWith(std::string("psrender: ") + sentence));
+        EXPECT_EQ(1, std::ranges::count(said, '\n')) << said;
+        EXPECT_EQ("before", read("out.ps"));
+    }
+    EXPECT_EQ(0, run("huge.svg -o out.ps --paper A4 --fit")) << said;
+}
+
+TEST_F(Psrender, UnpacksDrawings) {
+    EXPECT_EQ(0, run("red.svg -o plain.ps"));
+    EXPECT_EQ(0, run("red.svgz -o out.ps", "gzip -c red.svg >red.svgz;")) << said;
+    EXPECT_EQ(read("plain.ps"), read("out.ps"));
+    EXPECT_EQ(0, run("- -o - <red.svgz | cmp - plain.ps")) << "from standard input";
+    EXPECT_EQ(0, run("two -o out.ps",
+                     "head -c 50 red.svg | gzip >two; tail -c +51 red.svg | gzip >>two;"));
+    EXPECT_EQ(read("plain.ps"), read("out.ps")) << "of two members";
+
+    EXPECT_EQ(1, run("cut -o out.ps", "head -c 60 red.svgz >cut;"));
+    EXPECT_THAT(said, StartsWith("psrender: cut: the gzip data is damaged or cut off"));
+    EXPECT_EQ(1, run("bomb -o out.ps", "head -c 300000000 /dev/zero | gzip >bomb;"));
+    EXPECT_THAT(said, StartsWith("psrender: bomb: the gzip data unpacks to more than"));
+    EXPECT_EQ(read("plain.ps"), read("out.ps")) << "nothing is lost";
+}
+
+TEST_F(Psrender, KeepsGoingIfAsked) {
+    EXPECT_EQ(3, run("red.svg bad.svg red.svg -o out.ps --keep-going"));
+    EXPECT_THAT(said, HasSubstr("(page skipped)"));
+    EXPECT_EQ(2U, interpret(read("out.ps")).pages.size());
+    fs::remove(folder_ / "out.ps");
+    EXPECT_EQ(1, run("bad.svg missing.svg -o out.ps --keep-going"));
+    EXPECT_FALSE(fs::exists(folder_ / "out.ps"));
+}
+
+TEST_F(Psrender, LosesNothingWhenTheDiskIsFull) {
+    write("out.ps", "before");
+    EXPECT_EQ(1, run("red.svg -o out.ps", "trap '' XFSZ; ulimit -f 1;"));
+    EXPECT_THAT(said, HasSubstr("cannot write to"));
+    EXPECT_EQ("before", read("out.ps"));
+    EXPECT_EQ(3U, files().size()) << "no temporary file stays";
+    EXPECT_EQ(1, run("red.svg -o /dev/full"));
+    EXPECT_EQ(1, run("red.svg -o - >/dev/full"));
+    EXPECT_EQ(1, run("red.svg -o none/out.ps"));
+    EXPECT_THAT(said, AllOf(HasSubstr("none/out.ps"), HasSubstr("No such file")));
+    EXPECT_EQ(0, run("red.svg -o /dev/null"));
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST_F(Psrender, KeepsLinksAndPermissions) {
+    write("target.ps", "before");
+    fs::permissions(folder_ / "target.ps", fs::perms(0640));
+    fs::create_symlink("target.ps", folder_ / "out.ps");
+    ASSERT_EQ(0, run("red.svg -o out.ps")) << said;
+    EXPECT_TRUE(fs::is_symlink(folder_ / "out.ps"));
+    EXPECT_THAT(read("target.ps"), StartsWith("%!PS"));
+    EXPECT_EQ(fs::perms(0640), fs::status(folder_ / "target.ps").permissions());
+    ASSERT_EQ(0, run("red.svg -o new.ps", "umask 027;"));
+    EXPECT_EQ(fs::perms(0640), fs::status(folder_ / "new.ps").permissions());
+}
+
+TEST_F(Psrender, CleansUpWhenItIsStopped) {
+    write("out.ps", "before");
+    for (const char* signal : {"TERM", "INT"}) {
+        EXPECT_EQ(124,
+                  run("- -o out.ps", std::string("sleep 0.4 | timeout -s ") + signal + " 0.2"));
+        EXPECT_EQ("before", read("out.ps"));
+        EXPECT_EQ(3U, files().size()) << "no temporary file stays";
+    }
+}
+
+TEST_F(Psrender, WritesPipesAndNamesOfAnyBytes) {
+    EXPECT_EQ(0, run("red.svg -o pipe; wait", "mkfifo pipe; cat pipe >copy &")) << said;
+    EXPECT_THAT(read("copy"), StartsWith("%!PS"));
+    EXPECT_TRUE(fs::is_fifo(folder_ / "pipe"));
+    fs::create_directory(folder_ / "d\xE9j\xE0");
+    EXPECT_EQ(0, run("red.svg -o 'd\xE9j\xE0/vu.ps'")) << said;
+    EXPECT_THAT(read("d\xE9j\xE0/vu.ps"), StartsWith("%!PS"));
+}
+
+TEST_F(Psrender, WarnsOfSlips) {
+    EXPECT_EQ(1, run("red.svg -o ./red.svg"));
+    EXPECT_THAT(said, HasSubstr("red.svg: would be replaced by the output"));
+    EXPECT_EQ(kRed, read("red.svg"));
+    EXPECT_EQ(0, run("red.svg -o out.ps --paper 30x30pt"));
+    EXPECT_THAT(said, HasSubstr("larger than the paper"));
+    EXPECT_EQ(0, run("red.svg -o out.ps --paper 30x30pt --fit --margin 1mm"));
+    EXPECT_EQ("", said);
+    EXPECT_EQ(1, run("red.svg -o out.ps --paper 30x30pt --fit --margin 15pt"));
+    EXPECT_THAT(said, HasSubstr("no room"));
+}
+
+TEST_F(Psrender, PrintsPicturesAsPages) {
+    psrender::image::PngFile scan{50, 25, psrender::image::noise(3 * 50 * 25)};
+    scan.dotsPerMetre = 72 / 0.0254 / 2;
+    write("scan.png", encode(scan));
+    const Bytes pixels = scan.samples;
+    ASSERT_EQ(0, run("scan.png - scan.png -o out.ps <scan.png")) << said;
+    const Interpretation seen = interpret(read("out.ps"), 36);
+    EXPECT_EQ("", seen.messages);
+    ASSERT_EQ(3U, seen.pages.size());
+    for (const Picture& page : seen.pages)
+        EXPECT_EQ(pixels, page.bytes) << "two points a pixel, by the resolution that it tells";
+    const std::string document = read("out.ps");
+    EXPECT_EQ(document.find("\n/ImageData_"), document.rfind("\n/ImageData_")) << "once for all";
+    ASSERT_EQ(0, run("scan.png -o out.ps --paper 60x45pt --margin 5pt"));
+    const Picture fitted = interpret(read("out.ps")).pages.at(0);
+    EXPECT_EQ((Picture::Pixel{255, 255, 255}), fitted.at(30, 8));
+    EXPECT_EQ((Picture::Pixel{pixels[0], pixels[1], pixels[2]}), fitted.at(5, 10));
+    ASSERT_EQ(0, run("scan.png -o out.ps --max-dpi 18"));
+    EXPECT_THAT(read("out.ps"), HasSubstr("/Width 25\n/Height 13"));
+    EXPECT_EQ(1, run("scan.png -o none.ps --max-pixels 1249"));
+    EXPECT_THAT(said, StartsWith("psrender: scan.png: has 50 x 25 pixels, more than the limit"));
+    write("scan.png", encode(scan).substr(0, 2000));
+    EXPECT_EQ(3, run("scan.png red.svg -o out.ps --keep-going"));
+    EXPECT_THAT(said, HasSubstr("scan.png: is a PNG image that is cut short; fetch"));
+    EXPECT_EQ(1, run("scan.png -o none.ps"));
+    EXPECT_FALSE(fs::exists(folder_ / "none.ps"));
+}
+
+TEST_F(Psrender, WarnsOnceAKind) {
+    write("text.svg",
+          "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'>"
+          "<foreignObject/><foreignObject/></svg>");
+    EXPECT_EQ(0, run("text.svg -o out.ps"));
+    EXPECT_THAT(said, AllOf(StartsWith("psrender: warning: text.svg: "), HasSubstr("(2 times)\n")));
+    EXPECT_EQ(0, run("text.svg -o out.ps --quiet"));
+    EXPECT_EQ("", said);
+    EXPECT_EQ(0, run("red.svg -o out.ps --verbose"));
+    EXPECT_THAT(said, HasSubstr("40.0 x 20.0 pt, 1 shapes"));
+}
+
+}  // namespace
