@@ -94,8 +94,7 @@ std::vector<std::size_t> breaksOf(const Core::ByteArray& file, const std::string
         if (!glyf.empty() && offset < glyf.size())
             breaks.push_back(start + offset);
     std::ranges::sort(breaks);
-    const auto repeated = std::ranges::unique(breaks);
-    breaks.erase(repeated.begin(), repeated.end());
+    breaks.erase(std::unique(breaks.begin(), breaks.end()), breaks.end());
     return breaks;
 }
 

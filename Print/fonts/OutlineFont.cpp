@@ -38,7 +38,7 @@ void OutlineFont::define(Core::IO::Stream& stream) const {
     ProgramText out(stream);
     std::string scale;
     PS::appendNumber(1.0 / unitsPerEm_, scale);
-    BoxSink box;
+    OutlineBox box;
     for (const CodedPart& part : parts())
         for (const CodedGlyph* coded : part)
             if (coded != nullptr)

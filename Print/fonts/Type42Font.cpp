@@ -73,7 +73,7 @@ void Type42Font::define(Core::IO::Stream& stream) const {
 
     ProgramText out(stream);
     const std::string file = sharedName("s");
-    BoxSink box;
+    OutlineBox box;
     for (const GlyphId glyph : glyphs)
         font_->decomposeGlyph(glyph, box);
     out << "/" + file + "[";
