@@ -16,7 +16,9 @@ void PrintedPictures::show(Id id, int width, int height) {
     height_ += height;
 }
 
-std::string PrintedPictures::page() {
+const std::string& PrintedPictures::page() {
+    if (!page_.empty())
+        return page_;
     const auto stream = Core::makeObject<MemoryStream>();
     const auto write = [&](const auto&... parts) {
         std::ostringstream text;
@@ -35,7 +37,7 @@ std::string PrintedPictures::page() {
         write("grestore\n");
     }
     write("count 0 ne{(operands are left)=}if showpage\n");
-    return std::string(stream->view());
+    return page_ = stream->view();
 }
 
 Picture PrintedPictures::rendered() {

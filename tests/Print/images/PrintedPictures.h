@@ -20,7 +20,7 @@ public:
     /// Shows the picture on the page with the next free points below at its left; a point a pixel.
     void show(Id id, int width, int height);
     /// The page, 40 points wide, its background yellow; each picture below the one before.
-    [[nodiscard]] std::string page();
+    [[nodiscard]] const std::string& page();
     /// The page as Ghostscript shows it, a pixel a point.
     [[nodiscard]] Picture rendered();
 
@@ -38,4 +38,5 @@ private:
     Drawing::Print::PictureStore store_;
     std::vector<Place> places_;
     int height_ = 0;
+    std::string page_;
 };
