@@ -43,12 +43,12 @@ std::string decodeText(const PictureData& data, const PictureLook& look) {
     return text + "]";
 }
 
-/// What an image and its mask have in common.
+/// What an image and its mask have in common. In lines of at most 255 characters, as DSC asks for.
 std::string dictionary(const PictureData& data, const PictureLook& look, const std::string& source,
                        int bits, const std::string& decode) {
     const std::string width = std::to_string(data.size.width);
     const std::string height = std::to_string(data.size.height);
-    return "<</DataSource " + source + "/ImageType 1/Width " + width + "/Height " + height +
+    return "\n<</DataSource " + source + "\n/ImageType 1/Width " + width + "/Height " + height +
            "/ImageMatrix[" + width + " 0 0 " + height + " 0 0]/BitsPerComponent " +
            std::to_string(bits) + "/Decode" + decode +
            (look.isInterpolated ? "/Interpolate true>>" : ">>");
