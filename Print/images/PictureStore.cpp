@@ -18,13 +18,29 @@ std::string pictureName(PictureStore::Id id) {
     return "I" + std::to_string(id + 1);
 }
 
-/// Kept as it is compressed: decoded pictures would fill an interpreter.
-void defineStream(const std::string& name, Spool& spool, const Spool::Extent& piece,
-                  Core::IO::Stream& output) {
-    output.write("/" + name +
-                 " currentfile<</Filter/ASCII85Decode>>/ReusableStreamDecode filter\n");
+/// An interpreter shows decoded samples many times faster, but they must not fill it: those that
+/// take more than this, of one picture or of all in a document, stay compressed.
+constexpr std::uint64_t kMostDecoded = std::uint64_t{1} << 19;
+constexpr std::uint64_t kMostDecodedInAll = std::uint64_t{1} << 23;
+
+/// A byte a pixel, or less, is neglected for pictures of bits.
+std::uint64_t decodedSize(const PictureData& data) {
+    return static_cast<std::uint64_t>(data.size.width) *
+           static_cast<std::uint64_t>(data.size.height) *
+           static_cast<std::uint64_t>(data.components);
+}
+
+void defineStream(const std::string& name, const std::string& stream, Spool& spool,
+                  const Spool::Extent& piece, Core::IO::Stream& output) {
+    output.write("/" + name + " " + stream + "\n");
     spool.copyTo(output, piece);
     output.write("def\n");
+}
+
+/// A form (PLRM 4.7), so that programs that make PDF put the picture there once, and need not
+/// compress it anew to see that it is the same.
+std::string formText(const std::string& paint) {
+    return "<</FormType 1/BBox[0 0 1 1]/Matrix[1 0 0 1 0 0]/PaintProc{pop " + paint + "}bind>>";
 }
 
 }  // namespace
@@ -106,18 +122,31 @@ void PictureStore::defineSamples(std::size_t index, Core::IO::Stream& output) {
     Samples& samples = samples_[index];
     if (std::exchange(samples.isDefined, true))
         return;
-    if (samples.data.mask)
-        defineStream(maskName(index), spool_, *samples.data.mask, output);
-    defineStream(samplesName(index), spool_, samples.data.samples, output);
+    const PictureData& data = samples.data;
+    const std::uint64_t size = decodedSize(data);
+    samples.isDecoded = data.coding != PictureCoding::jpeg && size <= kMostDecoded &&
+                        decodedInAll_ + size <= kMostDecodedInAll;
+    decodedInAll_ += samples.isDecoded ? size : 0;
+    if (data.mask)
+        defineStream(maskName(index), samples.isDecoded ? decodedMaskStream() : encodedStream(),
+                     spool_, *data.mask, output);
+    defineStream(samplesName(index),
+                 samples.isDecoded ? decodedSamplesStream(data) : encodedStream(), spool_,
+                 data.samples, output);
 }
 
 void PictureStore::writeDefinition(Id id, Core::IO::Stream& output) {
     const Picture& picture = pictures_.at(id);
     defineSamples(picture.samples, output);
-    output.write("/" + pictureName(id) + "{" +
-                 namedPicture(samplesOf(id).data, picture.look, samplesName(picture.samples),
-                              maskName(picture.samples)) +
-                 "}bind def\n");
+    const Samples& samples = samplesOf(id);
+    const std::string name = pictureName(id);
+    const std::string paint = namedPicture(samples.data, picture.look, samplesName(picture.samples),
+                                           maskName(picture.samples), samples.isDecoded);
+    if (samples.data.space.empty())  // forms may be kept with the colour that a stencil had first
+        output.write("/" + name + "{" + paint + "}bind def\n");
+    else
+        output.write("/" + name + "f" + formText(paint) + "def/" + name + "{" + name +
+                     "f execform}bind def\n");
 }
 
 void PictureStore::writeUse(Id id, Core::IO::Stream& output) {

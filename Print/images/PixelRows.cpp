@@ -81,8 +81,8 @@ PixelRows::Band PixelRows::read() {
 
 void PixelRows::fetch(std::int32_t count) {
     if (rows_ != nullptr) {
-        rows_->readRows(selector_, next_, count, pixels_.data(),
-                        alpha_.empty() ? nullptr : alpha_.data());
+        rows_->readPixelRows(selector_, next_, count, pixels_.data(),
+                             alpha_.empty() ? nullptr : alpha_.data());
         return;
     }
     const std::size_t first = static_cast<std::size_t>(next_);

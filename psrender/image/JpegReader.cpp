@@ -169,6 +169,7 @@ private:
         readExif();
         readDensity();
         readProfile();
+        facts_.isPlainJpeg = !profile_.changesColors();
     }
 
     /// Programs that write the Adobe marker write CMYK with 255 for no ink.

@@ -19,6 +19,7 @@ struct ImageFacts {
     double horizontalResolution = 0;  ///< dots per inch as stored; 0 if not told
     double verticalResolution = 0;
     bool isProfileIgnored = false;  ///< colours stand as they are despite a profile
+    bool isPlainJpeg = false;       ///< a JPEG file whose samples are the pixels
 
     [[nodiscard]] std::size_t componentCount() const {
         return colorSpace == Drawing::ColorSpaceType::cmyk  ? 4U

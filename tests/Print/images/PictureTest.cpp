@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <random>
+#include <sstream>
 
 namespace {
 
@@ -64,6 +65,26 @@ TEST(Pictures, EveryPixelArrivesOnceAndShared) {
             ASSERT_EQ((Pixel{value, value, value}), page.at(x, 44 + y)) << x << " " << y;
         }
     EXPECT_EQ(kPaper, page.at(38, 20));
+}
+
+/// More than is compressed at a time, of kinds that are compressed in different ways.
+TEST(Pictures, LargeOnesOfNoiseAndLettersArriveWhole) {
+    constexpr int kSide = 700;
+    std::mt19937 random(3);
+    Bytes pixels;
+    for (int i = 0; i < kSide * kSide * 3; ++i)
+        pixels.push_back(static_cast<std::uint8_t>(i / (kSide * 3) % 400 < 200 ? random()
+                                                   : i % 5000 < 40             ? i * 37
+                                                                               : 255));
+    PrintedPictures prints;
+    prints.show(
+        prints.store().add(PrintedPictures::image(kSide, kSide, ColorSpaceType::rgb, pixels), 0),
+        kSide, kSide);
+    EXPECT_EQ(pixels, prints.rendered().bytes);
+    EXPECT_LT(prints.page().size(), pixels.size() * 3 / 4);
+    std::istringstream lines(prints.page());
+    for (std::string line; std::getline(lines, line);)
+        EXPECT_TRUE(line.size() <= 255 && (line[0] != '%' || line == "%!PS")) << line;
 }
 
 TEST(Pictures, AlphaMasksAndMixesWithWhite) {
