@@ -67,10 +67,10 @@ std::size_t PictureStore::addSamples(const Image& image, int selector, Kind kind
     SamplesKey key{image.getHashKey(), selector, kind};
     if (const auto found = samplesByKey_.find(key); found != samplesByKey_.end())
         return found->second;
-    PictureData data = kind == Kind::stencil
-                           ? encodeStencil(spool_, image, selector)
-                           : encodePicture(spool_, image, selector, converter_.get());
-    samples_.push_back({.data = std::move(data)});
+    Samples samples;
+    samples.data = kind == Kind::stencil ? encodeStencil(spool_, image, selector)
+                                         : encodePicture(spool_, image, selector, converter_.get());
+    samples_.push_back(std::move(samples));
     return samplesByKey_[std::move(key)] = samples_.size() - 1;
 }
 
