@@ -99,6 +99,8 @@ private:
 }  // namespace
 
 struct FlateWriter::Deflater {
+    explicit Deflater(Core::IO::Stream& to) : output(to) {}
+
     Core::IO::Stream& output;
     Compressor compressor{kRuns};
     Compressor matches{kMatches};

@@ -14,10 +14,6 @@ std::string maskName(std::size_t index) {
     return "I" + std::to_string(index + 1) + "m";
 }
 
-std::string pictureName(PictureStore::Id id) {
-    return "I" + std::to_string(id + 1);
-}
-
 /// An interpreter shows decoded samples many times faster, but they must not fill it: those that
 /// take more than this, of one picture or of all in a document, stay compressed.
 constexpr std::uint64_t kMostDecoded = std::uint64_t{1} << 19;
@@ -71,10 +67,10 @@ std::size_t PictureStore::addSamples(const Image& image, int selector, Kind kind
     SamplesKey key{image.getHashKey(), selector, kind};
     if (const auto found = samplesByKey_.find(key); found != samplesByKey_.end())
         return found->second;
-    PictureData data = kind == Kind::stencil
-                           ? encodeStencil(spool_, image, selector)
-                           : encodePicture(spool_, image, selector, converter_.get());
-    samples_.emplace_back(std::move(data));
+    Samples samples;
+    samples.data = kind == Kind::stencil ? encodeStencil(spool_, image, selector)
+                                         : encodePicture(spool_, image, selector, converter_.get());
+    samples_.push_back(std::move(samples));
     return samplesByKey_[std::move(key)] = samples_.size() - 1;
 }
 
@@ -85,7 +81,7 @@ PictureStore::Id PictureStore::addPicture(std::size_t samples, PictureLook look)
     const auto [entry, isNew] =
         picturesByKey_.try_emplace(std::move(key), static_cast<Id>(pictures_.size()));
     if (isNew)
-        pictures_.push_back({samples, std::move(look)});
+        pictures_.push_back({samples, std::move(look), "I" + std::to_string(entry->second + 1)});
     return entry->second;
 }
 
@@ -139,7 +135,7 @@ void PictureStore::writeDefinition(Id id, Core::IO::Stream& output) {
     const Picture& picture = pictures_.at(id);
     defineSamples(picture.samples, output);
     const Samples& samples = samplesOf(id);
-    const std::string name = pictureName(id);
+    const std::string& name = picture.name;
     const std::string paint = namedPicture(samples.data, picture.look, samplesName(picture.samples),
                                            maskName(picture.samples), samples.isDecoded);
     if (samples.data.space.empty())  // forms may be kept with the colour that a stencil had first
@@ -162,7 +158,7 @@ void PictureStore::writeUse(Id id, Core::IO::Stream& output) {
 }
 
 std::string PictureStore::callText(Id id) const {
-    return pictureName(id);
+    return pictures_.at(id).name;
 }
 
 }  // namespace Drawing::Print

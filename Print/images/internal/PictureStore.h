@@ -79,6 +79,7 @@ private:
     struct Picture {
         std::size_t samples;
         PictureLook look;
+        std::string name;
     };
     enum class Kind { colors, stencil };
     /// Hash key, selector, kind. A tint that cannot be left to `Decode` has a key of its own.

@@ -1,7 +1,10 @@
 #include "Drawing/EncodedImage.h"
 #include "tests/Print/images/PrintedPictures.h"
 
-#include <cmath>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
 
 namespace {
 
