@@ -23,7 +23,7 @@ namespace psrender::svg {
 
 /// Walks a document and lays what it shows on a page: the styles on the way down, groups, nested
 /// viewports and choices. Every other kind of element has a reader of its own.
-class SceneBuilder : private ElementWalker {
+class SceneBuilder final : private ElementWalker {
 public:
     /// Tree and warnings must outlive the builder.
     SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warnings& warnings);
