@@ -5,6 +5,8 @@
 
 #include <xxhash.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <utility>
 
 namespace Drawing {
@@ -54,6 +56,17 @@ Core::ByteArray RasterImage::getPixelBytes(int /*selector*/) const {
 
 Core::ByteArray RasterImage::getAlphaBytes(int /*selector*/) const {
     return alpha_;
+}
+
+void RasterImage::readRows(int /*selector*/, std::int32_t first, std::int32_t count,
+                           std::uint8_t* pixels, std::uint8_t* alpha) const {
+    const auto width = static_cast<std::size_t>(size_.width);
+    const auto stride = width * static_cast<std::size_t>(colorSpace_->getComponentCount());
+    const auto begin = static_cast<std::size_t>(first);
+    const auto rows = static_cast<std::size_t>(count);
+    std::copy_n(pixels_.data() + begin * stride, rows * stride, pixels);
+    if (hasAlpha())
+        std::copy_n(alpha_.data() + begin * width, rows * width, alpha);
 }
 
 }  // namespace Drawing

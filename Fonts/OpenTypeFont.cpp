@@ -75,4 +75,12 @@ std::uint32_t OpenTypeFont::getGlyphCount() const {
     return face_->glyphCount;
 }
 
+bool OpenTypeFont::isSubsettable() const {
+    return EmbeddingRights::allowSubsetting(face_->licenceBits);
+}
+
+std::uint32_t OpenTypeFont::getUnitsPerEm() const {
+    return hb_face_get_upem(face_->face.get());
+}
+
 }  // namespace Fonts

@@ -29,6 +29,10 @@ public:
     [[nodiscard]] std::optional<FontFile> getFile() const override;
 
     [[nodiscard]] std::uint32_t getGlyphCount() const;
+    /// Whether the font's licence bits let a document carry only some of its glyphs.
+    [[nodiscard]] bool isSubsettable() const;
+    /// Of its coordinates: outlines are exact in these units.
+    [[nodiscard]] std::uint32_t getUnitsPerEm() const;
 
 protected:
     explicit OpenTypeFont(std::unique_ptr<const OpenTypeFace> face);

@@ -84,6 +84,10 @@ std::optional<int> StandardFont::getKerning(GlyphId first, GlyphId second,
     return data_.kerning->find(first, second);
 }
 
+std::uint32_t StandardFont::getGlyphCount() const {
+    return static_cast<std::uint32_t>(data_.widths.size());
+}
+
 float StandardFont::getAdvance(GlyphId glyph) const {
     return glyph < data_.widths.size() ? static_cast<float>(data_.widths[glyph]) : 0;
 }

@@ -39,6 +39,8 @@ public:
                                                 bool secondIsMark) const override;
     [[nodiscard]] float getAdvance(GlyphId glyph) const override;
 
+    [[nodiscard]] std::uint32_t getGlyphCount() const;
+
 private:
     [[nodiscard]] GlyphId glyphOf(char32_t character) const;
 

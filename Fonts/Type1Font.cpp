@@ -21,6 +21,14 @@ bool Type1Font::isEmbeddable() const {
     return EmbeddingRights::allowEmbedding(face_->licenceBits());
 }
 
+std::uint32_t Type1Font::getGlyphCount() const {
+    return static_cast<std::uint32_t>(face_->glyphs().size());
+}
+
+bool Type1Font::isSubsettable() const {
+    return EmbeddingRights::allowSubsetting(face_->licenceBits());
+}
+
 std::vector<FontProgram::GlyphId> Type1Font::mapGlyphs(const FontScript& run) const {
     return mapCharacters(run, [this](char32_t character) { return face_->glyphOf(character); });
 }

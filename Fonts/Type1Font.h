@@ -30,6 +30,10 @@ public:
     [[nodiscard]] float getAdvance(GlyphId glyph) const override;
     void decomposeGlyph(GlyphId glyph, GlyphSink& sink) const override;
 
+    [[nodiscard]] std::uint32_t getGlyphCount() const;
+    /// Whether the font's licence bits let a document carry only some of its glyphs.
+    [[nodiscard]] bool isSubsettable() const;
+
 private:
     std::unique_ptr<const Type1Face> face_;
     Core::ByteArray segments_;

@@ -8,7 +8,9 @@ class ContentWriter;
 class DocumentParts;
 class PrintDocument;
 class PrintForm;
+struct Place;
 struct PrintSettings;
 struct PrintingRequest;
+struct TextRun;
 
 }  // namespace Drawing::Print

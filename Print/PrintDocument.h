@@ -116,6 +116,9 @@ public:
 
     /// "title", "author", "subject", "keywords" and "creator" (the program that drew) describe the
     /// document, in any script; other names are passed over.
+    /// What this document shares with its nested contexts; for them alone.
+    [[nodiscard]] const Core::SmartPtr<DocumentParts>& parts() const { return documentParts; }
+
     void setProperty(const Core::String& name, const Core::String& value) override;
 
     /// Holds from the next page on; before the first page for the whole file. What is not asked
@@ -128,10 +131,20 @@ protected:
     /// A nested context of `parent`, which records what is drawn.
     PrintDocument(const PrintDocument& parent, SizeF size);
 
-    [[nodiscard]] const Core::SmartPtr<DocumentParts>& parts() const { return documentParts; }
     [[nodiscard]] const Core::SmartPtr<ContentWriter>& content() const { return contentWriter; }
 
 private:
+    [[nodiscard]] Place place() const;
+    /// Raises `PrintException` outside of a page.
+    void checkPage() const;
+    void writePageBegin(const SizeF& size);
+    void showPicture(std::uint32_t id, const Image& image, float x, float y, float width,
+                     float height, Brush* fill);
+    void showText(const TextRun& run);
+    void showOutlines(const Fonts::FontProgram& program, double size,
+                      std::span<const Fonts::FontProgram::GlyphId> glyphs,
+                      std::span<const XPointF> positions);
+
     Core::SmartPtr<DocumentParts> documentParts;  ///< shared with all nested contexts
     Core::SmartPtr<ContentWriter> contentWriter;  ///< of this context
 };

@@ -16,6 +16,7 @@ struct HarfBuzzDeleter {
     void operator()(hb_font_t* font) const { hb_font_destroy(font); }
     void operator()(hb_set_t* set) const { hb_set_destroy(set); }
     void operator()(hb_subset_input_t* input) const { hb_subset_input_destroy(input); }
+    void operator()(hb_subset_plan_t* plan) const { hb_subset_plan_destroy(plan); }
 };
 
 /// One reference to a HarfBuzz object.

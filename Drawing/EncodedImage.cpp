@@ -1,0 +1,7 @@
+#include "Drawing/EncodedImage.h"
+
+namespace Drawing {
+
+EncodedImage::~EncodedImage() = default;
+
+}  // namespace Drawing

@@ -1,0 +1,7 @@
+#include "Drawing/RowSource.h"
+
+namespace Drawing {
+
+RowSource::~RowSource() = default;
+
+}  // namespace Drawing
