@@ -3,6 +3,7 @@
 #include "PS/PSDocument.h"
 #include "psrender/InputError.h"
 #include "psrender/InputFile.h"
+#include "psrender/Message.h"
 #include "psrender/OutputFile.h"
 #include "psrender/PageReader.h"
 #include "psrender/Preview.h"
@@ -122,7 +123,7 @@ private:
 
     void say(const std::string& sentence) {
         progress_.clear();
-        std::fprintf(stderr, "psrender: %s\n", sentence.c_str());
+        tell(sentence);
     }
 
     const JobRequest& request_;
