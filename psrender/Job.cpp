@@ -1,6 +1,8 @@
 #include "psrender/Job.h"
 
+#include "Core/Exception.h"
 #include "PS/PSDocument.h"
+#include "psrender/Absence.h"
 #include "psrender/InputError.h"
 #include "psrender/InputFile.h"
 #include "psrender/Message.h"
@@ -12,13 +14,14 @@
 #include "psrender/paint/Painter.h"
 #include "psrender/plan/Planner.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
 #include <cstdio>
-#include <filesystem>
+#include <optional>
 #include <stdexcept>
-#include <system_error>
 #include <utility>
 
 namespace psrender {
@@ -27,12 +30,24 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
+/// Nothing for what is not there.
+std::optional<struct stat> statusOf(const std::string& name) {
+    struct stat status {};
+    if (::stat(name.c_str(), &status) == 0)
+        return status;
+    if (!isAbsence(errno))
+        throw Core::IOException("cannot find out about", name, errno);
+    return std::nullopt;
+}
+
 /// `a.svg -o a.svg` is a slip that would cost the drawing.
 const std::string& outputOf(const JobRequest& request) {
-    std::error_code none;
+    const auto output = statusOf(request.output);
+    if (!output || !S_ISREG(output->st_mode))
+        return request.output;
     for (const std::string& input : request.inputs)
-        if (std::filesystem::equivalent(input, request.output, none) &&
-            std::filesystem::is_regular_file(input, none))
+        if (const auto status = statusOf(input);
+            status && status->st_dev == output->st_dev && status->st_ino == output->st_ino)
             throw InputError({input},
                              "would be replaced by the output; choose another name for -o");
     return request.output;
@@ -93,8 +108,17 @@ private:
             throw InputError({name}, error.what());
         }
         page = planner_.plan(std::move(page), warnings);
-        painter_.paintPage(page);
+        paint(page);
         report(name, page, warnings, Clock::now() - start);
+    }
+
+    /// A page that was begun cannot be skipped any more.
+    void paint(const scene::Page& page) {
+        try {
+            painter_.paintPage(page);
+        } catch (const InputError& error) {
+            throw std::runtime_error(error.what());
+        }
     }
 
     /// An image has no size that its author had in mind, so paper is to be filled with it.

@@ -2,6 +2,7 @@
 
 #include "Core/Exception.h"
 #include "Core/FileStream.h"
+#include "psrender/Absence.h"
 #include "psrender/InputError.h"
 #include "psrender/InputFile.h"
 
@@ -45,20 +46,22 @@ void removeWhenInterrupted(const std::string& file) {
             std::signal(signal, SIG_IGN);
 }
 
-/// What a symbolic link leads to, so that the link stays a link.
-std::string resolved(const std::string& name) {
-    std::array<char, PATH_MAX> path{};
-    return ::realpath(name.c_str(), path.data()) ? path.data() : name;
-}
-
 [[noreturn]] void fail(const std::string& action, const std::string& name) {
     throw Core::IOException(action, name, errno);
 }
 
-mode_t modeFor(const std::string& target) {
-    struct stat status {};
-    if (::stat(target.c_str(), &status) == 0)
-        return status.st_mode & 07777;
+/// What a symbolic link leads to, so that the link stays a link.
+std::string resolved(const std::string& name) {
+    std::array<char, PATH_MAX> path{};
+    if (::realpath(name.c_str(), path.data()) != nullptr)
+        return path.data();
+    if (!isAbsence(errno))
+        fail("cannot write to", name);
+    return name;
+}
+
+/// The permissions of a file that anyone makes.
+mode_t usualMode() {
     const mode_t mask = ::umask(0);
     ::umask(mask);
     return 0666 & ~mask;
@@ -69,6 +72,7 @@ std::string folderOf(const std::string& name) {
     return slash == std::string::npos ? "" : name.substr(0, slash + 1);
 }
 
+constexpr mode_t kPermissions = 07777;
 constexpr const char* kHiddenName = ".psrender-";
 
 /// A file that is gone when it is closed unless it gets a name; negative where there are none, or
@@ -76,7 +80,8 @@ constexpr const char* kHiddenName = ".psrender-";
 int openNameless(const std::string& target) {
     if (::access(kOpenFiles, X_OK) != 0)
         return -1;
-    return ::open((folderOf(target) + ".").c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    return ::open((folderOf(target) + ".").c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC,
+                  S_IRUSR | S_IWUSR);
 }
 
 /// Root may write what is protected, but whoever took all rights to write meant it.
@@ -94,7 +99,8 @@ bool store(int descriptor) {
 
 }  // namespace
 
-OutputFile::Temporary::Temporary(const std::string& target) : descriptor_(openNameless(target)) {
+OutputFile::Temporary::Temporary(const std::string& target, mode_t mode)
+    : descriptor_(openNameless(target)) {
     if (descriptor_ < 0) {
         name_ = folderOf(target) + kHiddenName + "XXXXXX";
         descriptor_ = ::mkostemp(name_.data(), O_CLOEXEC);
@@ -103,7 +109,7 @@ OutputFile::Temporary::Temporary(const std::string& target) : descriptor_(openNa
         removeWhenInterrupted(name_);
     }
     // A file system without permissions has none to lose.
-    static_cast<void>(::fchmod(descriptor_, modeFor(target)));
+    static_cast<void>(::fchmod(descriptor_, mode));
 }
 
 OutputFile::Temporary::~Temporary() {
@@ -117,8 +123,8 @@ void OutputFile::Temporary::giveName(const std::string& target) {
     if (!name_.empty())
         return;
     std::random_device random;
-    const std::string name = folderOf(target) + kHiddenName + std::to_string(random()) + "-" +
-                             std::to_string(random());
+    const std::string name =
+        folderOf(target) + kHiddenName + std::to_string(random()) + "-" + std::to_string(random());
     const std::string self = kOpenFiles + std::to_string(descriptor_);
     removeWhenInterrupted(name);
     if (::linkat(AT_FDCWD, self.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) != 0)
@@ -144,11 +150,15 @@ int OutputFile::open() {
         return STDOUT_FILENO;
     }
     struct stat status {};
-    const bool exists = ::stat(target_.c_str(), &status) == 0;
-    if (exists && S_ISREG(status.st_mode))
+    if (::stat(target_.c_str(), &status) != 0) {
+        if (!isAbsence(errno))
+            fail("cannot write to", target_);
+        return temporary_.emplace(target_, usualMode()).descriptor();
+    }
+    if (S_ISREG(status.st_mode)) {
         requireWritable(status, target_);
-    if (!exists || S_ISREG(status.st_mode))
-        return temporary_.emplace(target_).descriptor();
+        return temporary_.emplace(target_, status.st_mode & kPermissions).descriptor();
+    }
     const int descriptor = ::open(target_.c_str(), O_WRONLY | O_CLOEXEC);
     if (descriptor < 0)
         fail("cannot write to", target_);

@@ -4,6 +4,8 @@
 #include "Core/Stream.h"
 #include "psrender/Descriptor.h"
 
+#include <sys/types.h>
+
 #include <optional>
 #include <string>
 
@@ -30,8 +32,8 @@ private:
     /// A new file that is gone again unless it is renamed.
     class Temporary {
     public:
-        /// In the folder of `target`, with the permissions that `target` has or would get.
-        explicit Temporary(const std::string& target);
+        /// In the folder of `target`, with the permissions `mode`.
+        Temporary(const std::string& target, mode_t mode);
         Temporary(const Temporary&) = delete;
         Temporary& operator=(const Temporary&) = delete;
         ~Temporary();

@@ -73,7 +73,8 @@ int runAndWait(std::vector<std::string> arguments) {
     const Silence silence;
     const UsualSignals signals;
     pid_t child = 0;
-    if (::posix_spawnp(&child, pointers[0], silence.get(), signals.get(), pointers.data(), environ) != 0)
+    if (::posix_spawnp(&child, pointers[0], silence.get(), signals.get(), pointers.data(),
+                       environ) != 0)
         throw std::runtime_error(
             "no preview: Ghostscript (gs) was not found; install it or leave out --preview");
     int status = 0;

@@ -95,6 +95,7 @@ private:
     std::optional<scene::Paint> paintOfPattern(pugi::xml_node pattern, const PaintPlace& place);
     const Symbol& symbolOfPattern(pugi::xml_node holder, const Measures& measures,
                                   std::size_t depth);
+    const image::UprightImage* findImage(std::string_view address, pugi::xml_node element);
     void drawImage(pugi::xml_node element, const Surroundings& inside);
     void drawText(pugi::xml_node element, const Surroundings& inside);
     void layOut(const TextChunk& chunk, const TextContent& content, const Surroundings& inside,

@@ -2,6 +2,7 @@
 
 #include "psrender/Warnings.h"
 #include "psrender/image/DerivedImages.h"
+#include "psrender/image/ImageError.h"
 #include "psrender/svg/Characters.h"
 #include "psrender/svg/SceneBuilder.h"
 #include "psrender/svg/ViewBox.h"
@@ -79,11 +80,19 @@ scene::Picture placed(const UprightImage& image, const Affine& toArea, const Rec
 
 }  // namespace
 
+const UprightImage* SceneBuilder::findImage(std::string_view address, pugi::xml_node element) {
+    try {
+        return images_.find(address);
+    } catch (const image::ImageLost& error) {
+        tree_.fail(element, error.what());
+    }
+}
+
 void SceneBuilder::drawImage(pugi::xml_node element, const Surroundings& inside) {
     const std::string_view address = trimmed(hrefOf(element));
     if (!inside.style.isVisible || address.empty() || !canBeDrawn(inside.toPage))
         return;
-    const UprightImage* image = images_.find(address);
+    const UprightImage* image = findImage(address, element);
     if (image == nullptr)
         return;
     const Rect area = imageArea(LengthReader(element, inside.measures, warnings_), *image);
