@@ -13,6 +13,7 @@
 #include "psrender/Warnings.h"
 #include "psrender/paint/Painter.h"
 #include "psrender/plan/Planner.h"
+#include "psrender/scene/UnseenText.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -107,17 +108,20 @@ private:
         } catch (const std::runtime_error& error) {
             throw InputError({name}, error.what());
         }
+        scene::dropUnseenText(page, warnings);
         page = planner_.plan(std::move(page), warnings);
-        paint(page);
+        paint(name, page);
         report(name, page, warnings, Clock::now() - start);
     }
 
     /// A page that was begun cannot be skipped any more.
-    void paint(const scene::Page& page) {
+    void paint(const std::string& name, const scene::Page& page) {
         try {
             painter_.paintPage(page);
         } catch (const InputError& error) {
             throw std::runtime_error(error.what());
+        } catch (const Core::NumberRangeException& error) {
+            throw std::runtime_error(name + ": " + error.getMessage());
         }
     }
 

@@ -2,6 +2,7 @@
 
 #include "psrender/Message.h"
 #include "tests/psrender/Program.h"
+#include "tests/support/Interpreter.h"
 
 #include <gmock/gmock.h>
 
@@ -45,7 +46,8 @@ TEST_F(Psrender, SaysWhatSignalsWouldHide) {
 TEST_F(Psrender, LeavesNothingBehindWhateverStopsIt) {
     write("out.ps", "before");
     write("stop", "mkfifo input; exec 9<>input; " PSRENDER_PROGRAM
-                  " - -o out.ps <&9 9>&- & until ls -l /proc/$!/fd | grep -q 'psrender-test.*[#]'; do :; done\n"
+                  " - -o out.ps <&9 9>&- & until ls -l /proc/$!/fd | grep -q 'psrender-test.*[#]'; "
+                  "do :; done\n"
                   "kill -$1 $!; wait $!; code=$?; rm input; exit $code\n");
     for (const int signal : {1, 9, 15}) {
         const std::string command =
@@ -53,6 +55,36 @@ TEST_F(Psrender, LeavesNothingBehindWhateverStopsIt) {
         EXPECT_EQ(128 + signal, WEXITSTATUS(std::system(command.c_str())));
         EXPECT_EQ("before", read("out.ps"));
         EXPECT_EQ(4U, files().size()) << "nothing is left behind by " << signal;
+    }
+}
+
+/// What nobody can see is left out, whatever its numbers, and all else is there.
+TEST_F(Psrender, LeavesOutWhatNoInterpreterDraws) {
+    const std::string text =
+        "<text id='t' y='20' font-size='12' font-family='DejaVu Sans'>K</text>";
+    const std::string tile = "<rect width='4' height='4'/></pattern><rect width='9' height='9' ";
+    const std::string cases[] = {
+        "<svg viewBox='0 0 4e7 4e7'>" + text + "</svg>",
+        "<svg viewBox='0 0 1e-30 1e30' preserveAspectRatio='none'>" + text + "</svg>",
+        "<g transform='scale(1 1e-5)'>" + text + "</g>",
+        "<g transform='scale(1.5 1e38)'>" + text + "</g>",
+        "<text font-size='1e38'><tspan font-size='300%'>a</tspan></text>",
+        "<text baseline-shift='1e38'>a<tspan baseline-shift='3e38'>b</tspan></text>",
+        "<text textLength='1e-38' lengthAdjust='spacingAndGlyphs'>ab</text>",
+        text +
+            "<use href='#t' x='9'/><use href='#t' x='20'/>"
+            "<use href='#t' transform='scale(1e-6)'/>",
+        "<pattern id='p' width='9' height='9' patternUnits='userSpaceOnUse' viewBox='0 0 4e7 "
+        "4e7'>" +
+            text + tile + "x='30' fill='url(#p)'/>",
+        "<pattern id='p' width='.1' height='.1' y='1e38'>" + tile + "x='30' fill='url(#p)'/>"};
+    for (const std::string& body : cases) {
+        write("far.svg", std::string(kRed).insert(kRed.rfind("</svg>"), body));
+        EXPECT_EQ(0, run("far.svg -o out.ps")) << body << said;
+        EXPECT_THAT(said, HasSubstr("left out (<")) << body;
+        const Interpretation seen = interpret(read("out.ps"));
+        EXPECT_EQ("", seen.messages) << body;
+        EXPECT_EQ((Picture::Pixel{254, 0, 0}), seen.pages.at(0).at(18, 1)) << body;
     }
 }
 
