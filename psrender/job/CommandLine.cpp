@@ -1,11 +1,15 @@
 #include "psrender/job/CommandLine.h"
 
+#include "psrender/job/InputFile.h"
+#include "psrender/job/Message.h"
+
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <functional>
+#include <iostream>
 #include <optional>
 #include <string>
 
@@ -112,7 +116,17 @@ public:
     }
 
     ExitCode explain(const CLI::ParseError& error) {
-        return app_.exit(error) == 0 ? success : wrongUsage;
+        if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
+            app_.exit(error);
+            std::cout.flush();
+            if (std::cout)
+                return success;
+            tell(std::string("cannot write to ") + kStandardOutput);
+            return failure;
+        }
+        tell(error.what());
+        tell("run with --help for more information");
+        return wrongUsage;
     }
 
     JobRequest request() {

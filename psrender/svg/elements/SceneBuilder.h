@@ -23,13 +23,10 @@ namespace psrender::svg {
 
 /// Walks a document and lays what it shows on a page: the styles on the way down, groups, nested
 /// viewports and choices. Every other kind of element has a reader of its own.
-class SceneBuilder final : private ElementWalker {
+class SceneBuilder : private ElementWalker {
 public:
     /// Tree and warnings must outlive the builder.
     SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warnings& warnings);
-    SceneBuilder(const SceneBuilder&) = delete;
-    SceneBuilder& operator=(const SceneBuilder&) = delete;
-    ~SceneBuilder() = default;
 
     /// To be called once. Throws `InputError`.
     scene::Page build();

@@ -4,6 +4,7 @@
 #include <hb.h>
 
 #include <algorithm>
+#include <new>
 
 namespace psrender::svg {
 
@@ -38,7 +39,7 @@ std::vector<std::uint8_t> embeddingLevels(const TextContent& content) {
     std::vector<FriBidiLevel> found(text.size());
     if (fribidi_get_par_embedding_levels_ex(types.data(), brackets.data(), count, &base,
                                             found.data()) == 0)
-        return levels;
+        throw std::bad_alloc();
     std::ranges::transform(found, levels.begin(),
                            [](FriBidiLevel level) { return static_cast<std::uint8_t>(level); });
     return levels;
