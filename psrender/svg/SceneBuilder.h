@@ -24,7 +24,8 @@ namespace psrender::svg {
 class SceneBuilder {
 public:
     /// Tree and warnings must outlive the builder.
-    SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warnings& warnings)
+    SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warnings& warnings,
+                 const ReadingLimits& limits)
         : tree_(tree),
           warnings_(warnings),
           styles_(tree, warnings),
@@ -33,7 +34,9 @@ public:
                       return paintOfPattern(pattern, place);
                   }),
           shapes_(warnings),
-          images_(images, warnings) {}
+          images_(images, warnings),
+          items_(limits),
+          fonts_(warnings) {}
 
     /// To be called once. Throws `InputError`.
     scene::Page build();

@@ -10,6 +10,7 @@
 #include <cmath>
 #include <numeric>
 #include <optional>
+#include <string>
 
 namespace psrender::svg {
 
@@ -133,9 +134,11 @@ void SceneBuilder::addShape(Shape shape, pugi::xml_node element) {
 }
 
 void SceneBuilder::failOfSize(pugi::xml_node element) const {
-    tree_.fail(element,
-               "the picture has more than 2 million shapes or 50 million points; "
-               "split it or simplify its paths");
+    const ReadingLimits& limits = items_.limits();
+    tree_.fail(element, "the picture has more than " + std::to_string(limits.shapes) +
+                            " shapes or " + std::to_string(limits.points()) +
+                            " points; split it, simplify its paths, or raise the limit with "
+                            "--max-shapes");
 }
 
 /// A map that flattens everything shows nothing.

@@ -16,6 +16,8 @@ namespace {
 constexpr double kEm = 1000;
 /// In ems: less than can be seen at any size that text is read at.
 constexpr double kDrift = 0.01;
+/// Drawn by outlines, more of them would be one path that interpreters have no room for.
+constexpr std::size_t kMostGlyphs = 1000;
 
 void append(std::u16string& text, char32_t code) {
     if (code < 0x10000) {
@@ -54,7 +56,7 @@ private:
     }
 
     [[nodiscard]] bool goesOn(const LaidGlyph& glyph) {
-        if (!run_ || glyph.font != last_.font || glyph.span != last_.span || glyph.rotation != 0 ||
+        if (!run_ || run_->glyphs.size() == kMostGlyphs || glyph.font != last_.font || glyph.span != last_.span || glyph.rotation != 0 ||
             last_.rotation != 0 || glyph.isPlain != last_.isPlain || glyph.stretch != last_.stretch)
             return false;
         return !glyph.isPlain || followsByItself(glyph);
