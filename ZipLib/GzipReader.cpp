@@ -35,25 +35,29 @@ public:
         do {
             member();
         } while (GzipReader::isGzip(bytes_));
+        content_.resize(size_);
         return std::move(content_);
     }
 
 private:
     /// A member tells its size only in its last bytes and then modulo 4 GiB, so the room grows
-    /// until it is enough.
+    /// until it is enough. It is kept for the members behind: making it anew for each would take
+    /// the square of their number.
     void member() {
-        const std::size_t before = content_.size();
-        std::size_t room = std::max(kLeastRoom, bytes_.size() * kUsualRatio);
+        const std::size_t before = size_;
+        std::size_t room = content_.size() - before;
+        if (room == 0)
+            room = std::max(kLeastRoom, bytes_.size() * kUsualRatio);
         for (;; room *= 2) {
             room = std::min(room, most_ - before);
-            content_.resize(before + room);
+            content_.resize(std::max(content_.size(), before + room));
             std::size_t read = 0;
             std::size_t written = 0;
             const libdeflate_result result =
                 libdeflate_gzip_decompress_ex(decompressor_.get(), bytes_.data(), bytes_.size(),
                                               content_.data() + before, room, &read, &written);
             if (result == LIBDEFLATE_SUCCESS) {
-                content_.resize(before + written);
+                size_ = before + written;
                 bytes_.remove_prefix(read);
                 return;
             }
@@ -69,7 +73,8 @@ private:
     std::unique_ptr<libdeflate_decompressor, Release> decompressor_;
     std::string_view bytes_;
     std::size_t most_;
-    std::string content_;
+    std::string content_;   ///< and room for more behind it
+    std::size_t size_ = 0;  ///< of what is unpacked
 };
 
 }  // namespace

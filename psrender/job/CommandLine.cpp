@@ -228,6 +228,11 @@ private:
                         "resolution of the preview; default 96")
             ->option_text("N")
             ->check(CLI::Range(1, 2400));
+        app_.add_option("--max-shapes", request_.limits.shapes,
+                        "refuse drawings with more shapes or twice as many elements; default " +
+                            std::to_string(request_.limits.shapes))
+            ->option_text("N")
+            ->check(CLI::Range(std::size_t{1}, std::size_t{1} << 32));
         app_.add_flag("--keep-going", request_.keepGoing, "skip a bad drawing, exit code 3");
         app_.add_option("--opacity", opacity_,
                         "blend (the default): translucent shapes show what is beneath; white: they "

@@ -60,7 +60,7 @@ public:
         : request_(request),
           output_(outputOf(request)),
           document_(Core::makeObject<Drawing::PS::PSDocument>(output_.stream(), true)),
-          reader_(request.mostPixels),
+          reader_(request.mostPixels, request.limits),
           planner_({request.mostDotsPerInch, request.opacity}),
           painter_(*document_),
           progress_(request.inputs.size(), !request.quiet && ::isatty(STDERR_FILENO) == 1) {}

@@ -36,7 +36,8 @@ void makeSilhouette(ComputedStyle& style) {
 
 }  // namespace
 
-SceneBuilder::SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warnings& warnings)
+SceneBuilder::SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warnings& warnings,
+                           const ReadingLimits& limits)
     : tree_(tree),
       warnings_(warnings),
       styles_(tree, warnings),
@@ -47,7 +48,7 @@ SceneBuilder::SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warni
       shapePaints_(paints_),
       outlines_(warnings),
       links_(images, warnings),
-      canvas_(tree, warnings),
+      canvas_(tree, limits, warnings),
       references_(tree, canvas_.items()),
       uses_(tree, canvas_, references_, *this, warnings),
       clips_(tree, styles_, canvas_.items(), references_, *this),
