@@ -128,6 +128,9 @@ void FileImage::readRows(std::int32_t first, std::int32_t count, std::uint8_t* p
     } catch (const ImageError& error) {
         *last_ = {};
         throw InputError({name_}, error.what());
+    } catch (const ImageLost& error) {
+        *last_ = {};
+        throw InputError({name_}, error.what());
     }
 }
 

@@ -38,8 +38,8 @@ public:
 
     [[nodiscard]] const ImageFacts& facts() const { return facts_; }
     /// The next row: colour components side by side, 8 bits each, sRGB, grey in sRGB's steps, or
-    /// CMYK with 255 full ink; and, if the image has alpha, a byte a pixel. Throws `ImageError`.
-    /// Not to be called after the last row or after an error.
+    /// CMYK with 255 full ink; and, if the image has alpha, a byte a pixel. Throws `ImageError`
+    /// and `ImageLost`. Not to be called after the last row or after an error.
     virtual void readRow(std::uint8_t* pixels, std::uint8_t* alpha) = 0;
 
 protected:
@@ -47,7 +47,7 @@ protected:
 };
 
 /// A reader for a PNG or JPEG file of at most `mostPixels` pixels, its head read. Throws
-/// `ImageError` for everything else.
+/// `ImageError` for everything else, and `ImageLost`.
 std::unique_ptr<PixelReader> openImage(ByteReader bytes, std::uint64_t mostPixels);
 
 /// Throws `ImageError` if an image of this size is larger than `mostPixels`.
