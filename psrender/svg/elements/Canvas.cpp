@@ -5,6 +5,7 @@
 #include "psrender/svg/xml/XmlTree.h"
 
 #include <cmath>
+#include <string>
 #include <utility>
 
 namespace psrender::svg {
@@ -42,10 +43,13 @@ bool Canvas::canShow(const scene::Affine& toPage) {
 }
 
 void Canvas::require(bool isAdded, pugi::xml_node element) const {
-    if (!isAdded)
-        tree_.fail(element,
-                   "the picture has more than 2 million shapes or 50 million points; "
-                   "split it or simplify its paths");
+    if (isAdded)
+        return;
+    const ReadingLimits& limits = items_.limits();
+    tree_.fail(element, "the picture has more than " + std::to_string(limits.shapes) +
+                            " shapes or " + std::to_string(limits.points()) +
+                            " points; split it, simplify its paths, or raise the limit with "
+                            "--max-shapes");
 }
 
 }  // namespace psrender::svg

@@ -10,9 +10,6 @@ namespace {
 
 using scene::Shape;
 
-constexpr std::size_t kMostShapes = 2'000'000;
-constexpr std::size_t kMostPoints = 50'000'000;
-
 /// Fill and stroke overlap, so with both the opacity has to stay around the two.
 template <class Painted>
 bool takeOver(double opacity, Painted& item) {
@@ -119,7 +116,7 @@ bool PageItems::add(scene::Placement placement, Size size) {
 
 bool PageItems::grow(Size size) {
     size_ = size_ + size;
-    return size_.shapes <= kMostShapes && size_.points <= kMostPoints;
+    return size_.shapes <= limits_.shapes && size_.points <= limits_.points();
 }
 
 PageItems::Mark PageItems::beginGroup(double opacity, std::optional<scene::Clip> clip) {

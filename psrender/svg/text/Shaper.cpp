@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 #include <string>
 
 namespace psrender::svg {
@@ -83,8 +84,10 @@ public:
             features.assign(kNoLigatures.begin(), kNoLigatures.end());
         if (!run.isKerned)
             features.push_back(kNoKerning);
-        hb_shape(font_.get(), buffer.get(), features.data(),
-                 static_cast<unsigned>(features.size()));
+        const bool isShaped = hb_shape_full(font_.get(), buffer.get(), features.data(),
+                                            static_cast<unsigned>(features.size()), nullptr) != 0;
+        if (!isShaped || hb_buffer_allocation_successful(buffer.get()) == 0)
+            throw std::bad_alloc();
         return glyphsOf(buffer.get(), text, run);
     }
 

@@ -17,6 +17,8 @@ namespace {
 constexpr double kEm = 1000;
 /// In ems: less than can be seen at any size that text is read at.
 constexpr double kDrift = 0.01;
+/// Drawn by outlines, more of them would be one path that interpreters have no room for.
+constexpr std::size_t kMostGlyphs = 1000;
 
 class Gatherer {
 public:
@@ -48,8 +50,9 @@ private:
     }
 
     [[nodiscard]] bool goesOn(const LaidGlyph& glyph) {
-        if (!run_ || glyph.font != last_.font || glyph.span != last_.span || glyph.rotation != 0 ||
-            last_.rotation != 0 || glyph.isPlain != last_.isPlain || glyph.stretch != last_.stretch)
+        if (!run_ || run_->glyphs.size() == kMostGlyphs || glyph.font != last_.font ||
+            glyph.span != last_.span || glyph.rotation != 0 || last_.rotation != 0 ||
+            glyph.isPlain != last_.isPlain || glyph.stretch != last_.stretch)
             return false;
         return !glyph.isPlain || followsByItself(glyph);
     }

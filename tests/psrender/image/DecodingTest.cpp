@@ -1,3 +1,5 @@
+#include "Core/MemoryStream.h"
+#include "Drawing/EncodedImage.h"
 #include "psrender/image/ImageError.h"
 #include "psrender/image/ImageStore.h"
 #include "tests/psrender/image/ImageFiles.h"
@@ -104,6 +106,32 @@ TEST(Jpeg, KeepsColoursAndTurnsAdobesInkRound) {
                 EXPECT_NEAR(components == 4 ? 255 - samples[i] : samples[i], marked[i], 2);
             }
         }
+}
+
+/// The bytes that a back end may pass on; "" if it has to decode.
+std::string passedOn(const std::string& file) {
+    const auto image = decode(file);
+    const auto output = Core::makeObject<Core::IO::MemoryStream>();
+    const auto* encoded = dynamic_cast<const Drawing::EncodedImage*>(image.get());
+    const bool isPassed = encoded->writeJpeg(0, *output);
+    EXPECT_EQ(isPassed, output->length() > 0);
+    return std::string(output->view());
+}
+
+TEST(Jpeg, GivesItsFileAwayUnlessColoursAreConverted) {
+    const std::string file = encode(JpegFile{40, 40, 3, noise(4800)});
+    const auto with = [&](const std::string& profile) {
+        const std::size_t size = profile.size() + 16;
+        std::string tagged = file;
+        return tagged.insert(2, std::string("\xFF\xE2") + static_cast<char>(size >> 8) +
+                                    static_cast<char>(size) + std::string("ICC_PROFILE\0\1\1", 14) +
+                                    profile);
+    };
+    const std::string tagged = with(profileOf(std::nullopt));
+    EXPECT_EQ(file, passedOn(file));
+    EXPECT_EQ(tagged, passedOn(tagged)) << "sRGB by name";
+    EXPECT_EQ("", passedOn(with(profileOf(1.2))));
+    EXPECT_EQ("", passedOn(encode(PngFile{8, 8, noise(192)})));
 }
 
 TEST(ImageStore, FindsWhatIsNotClear) {

@@ -1,6 +1,7 @@
 #include "psrender/job/CommandLine.h"
 #include "psrender/job/InputFile.h"
 #include "tests/psrender/image/ImageFiles.h"
+#include "tests/psrender/job/Program.h"
 #include "tests/support/Interpreter.h"
 #include "tests/support/Raises.h"
 
@@ -20,49 +21,6 @@ using psrender::image::Bytes;
 using testing::AllOf;
 using testing::HasSubstr;
 using testing::StartsWith;
-
-const std::string kRed =
-    "<svg xmlns='http://www.w3.org/2000/svg' width='40pt' height='20pt' viewBox='0 0 40 20'>"
-    "<rect width='20' height='20' fill='red'/></svg>";
-
-/// Runs the program in an empty folder of its own.
-class Psrender : public testing::Test {
-protected:
-    Psrender() {
-        std::string name = (fs::temp_directory_path() / "psrender-test-XXXXXX").string();
-        folder_ = ::mkdtemp(name.data());
-        write("red.svg", kRed);
-        write("bad.svg", "<svg><rect");
-    }
-    ~Psrender() override { fs::remove_all(folder_); }
-
-    void write(const std::string& name, const std::string& content) {
-        std::ofstream(folder_ / name, std::ios::binary) << content;
-    }
-    std::string read(const std::string& name) {
-        std::ifstream in(folder_ / name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
-    std::vector<std::string> files() {
-        std::vector<std::string> names;
-        for (const auto& entry : fs::directory_iterator(folder_))
-            names.push_back(entry.path().filename());
-        return names;
-    }
-    /// The exit code; what is said on standard error is in `said`. `before` is shell text that
-    /// runs first.
-    int run(const std::string& arguments, const std::string& before = "") {
-        const std::string command = "cd " + folder_.string() + "; " + before + " " +
-                                    PSRENDER_PROGRAM + " " + arguments + " 2>said";
-        const int status = std::system(command.c_str());
-        said = read("said");
-        fs::remove(folder_ / "said");
-        return WEXITSTATUS(status);
-    }
-
-    fs::path folder_;
-    std::string said;
-};
 
 TEST_F(Psrender, MakesAPageADrawing) {
     ASSERT_EQ(0, run("red.svg red.svg -o out.ps")) << said;
@@ -191,16 +149,6 @@ TEST_F(Psrender, KeepsLinksAndPermissions) {
     EXPECT_EQ(fs::perms(0640), fs::status(folder_ / "target.ps").permissions());
     ASSERT_EQ(0, run("red.svg -o new.ps", "umask 027;"));
     EXPECT_EQ(fs::perms(0640), fs::status(folder_ / "new.ps").permissions());
-}
-
-TEST_F(Psrender, CleansUpWhenItIsStopped) {
-    write("out.ps", "before");
-    for (const char* signal : {"TERM", "INT"}) {
-        EXPECT_EQ(124,
-                  run("- -o out.ps", std::string("sleep 0.4 | timeout -s ") + signal + " 0.2"));
-        EXPECT_EQ("before", read("out.ps"));
-        EXPECT_EQ(3U, files().size()) << "no temporary file stays";
-    }
 }
 
 TEST_F(Psrender, WritesPipesAndNamesOfAnyBytes) {
