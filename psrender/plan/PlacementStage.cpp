@@ -1,7 +1,7 @@
 #include "psrender/plan/PlacementStage.h"
 
-#include "psrender/plan/blend/Translucency.h"
 #include "psrender/plan/Carried.h"
+#include "psrender/plan/blend/Translucency.h"
 #include "psrender/plan/geometry/ItemBox.h"
 
 #include <algorithm>
@@ -20,12 +20,12 @@ namespace {
 constexpr std::size_t kFewestPlacements = 3;
 constexpr std::size_t kFewestPoints = 6;
 
-void countPlacements(const ItemList& list,
-                     std::unordered_map<const ItemList*, std::size_t>& counts) {
+template <class Symbols>
+void countPlacements(const ItemList& list, Symbols& symbols) {
     for (const Item& item : list.items)
         if (const auto* placement = std::get_if<Placement>(&item))
-            if (++counts[placement->symbol.get()] == 1)
-                countPlacements(*placement->symbol, counts);
+            if (++symbols[placement->symbol.get()].count == 1)
+                countPlacements(*placement->symbol, symbols);
 }
 
 std::size_t countPoints(const ItemList& list) {
@@ -47,39 +47,37 @@ double scaleOf(const Affine& map) {
 
 PlacementStage::PlacementStage(const ItemList& page, PlanAlone planAlone, Sink& next)
     : Stage(next), planAlone_(std::move(planAlone)) {
-    countPlacements(page, counts_);
+    countPlacements(page, symbols_);
 }
 
 void PlacementStage::on(Placement placement) {
-    if (isWorthIt(placement)) {
-        if (const List& fragment = fragmentFor(placement); !fragment->items.empty())
-            pass(Placement{fragment, placement.transform});
+    Known& known = symbols_[placement.symbol.get()];
+    if (!known.isPlanned)
+        plan(placement, known);
+    const bool isWithin = known.box && placement.transform.isInvertible() &&
+                          kWithinReach.contains(known.box->mapped(placement.transform));
+    if (known.fragment && isWithin) {
+        if (!known.fragment->items.empty())
+            pass(Placement{known.fragment, placement.transform});
         return;
     }
     for (Item& item : itemsOf(placement))
         take(std::move(item));
 }
 
-bool PlacementStage::isWorthIt(const Placement& placement) const {
-    const auto count = counts_.find(placement.symbol.get());
-    if (count == counts_.end() || count->second < kFewestPlacements ||
-        countPoints(*placement.symbol) < kFewestPoints || hasTranslucency(*placement.symbol) ||
-        !placement.transform.isInvertible())
-        return false;
-    const auto box = boxOf(Item(placement));
-    return box && kWithinReach.contains(*box);
-}
-
-const PlacementStage::List& PlacementStage::fragmentFor(const Placement& placement) {
-    List& fragment = fragments_[placement.symbol.get()];
-    if (fragment)
-        return fragment;
+void PlacementStage::plan(const Placement& placement, Known& known) const {
+    const ItemList& symbol = *placement.symbol;
+    known.isPlanned = true;
+    known.box = boxOf(symbol);
+    if (known.count < kFewestPlacements || countPoints(symbol) < kFewestPoints ||
+        hasTranslucency(symbol) || !placement.transform.isInvertible())
+        return;
     const double scale = scaleOf(placement.transform);
-    ItemList drawn = *placement.symbol;
+    ItemList drawn = symbol;
     transform(drawn, Affine::scaling(scale, scale));
     ItemList planned{planAlone_(std::move(drawn.items))};
     transform(planned, Affine::scaling(1 / scale, 1 / scale));
-    return fragment = std::make_shared<const ItemList>(std::move(planned));
+    known.fragment = std::make_shared<const ItemList>(std::move(planned));
 }
 
 }  // namespace psrender::plan

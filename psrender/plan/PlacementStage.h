@@ -3,7 +3,9 @@
 #include "psrender/plan/Stage.h"
 #include "psrender/plan/pattern/PatternStage.h"
 
+#include <cstddef>
 #include <memory>
+#include <optional>
 #include <unordered_map>
 #include <utility>
 
@@ -21,15 +23,18 @@ protected:
     void on(scene::Placement placement) override;
 
 private:
-    using List = std::shared_ptr<const scene::ItemList>;
+    /// What is known of a symbol.
+    struct Known {
+        std::size_t count = 0;  ///< placements on the page
+        bool isPlanned = false;
+        std::shared_ptr<const scene::ItemList> fragment;  ///< null if it is laid out
+        std::optional<scene::Rect> box;                   ///< of the symbol
+    };
 
-    [[nodiscard]] bool isWorthIt(const scene::Placement& placement) const;
-    /// The symbol as a fragment shows it.
-    const List& fragmentFor(const scene::Placement& placement);
+    void plan(const scene::Placement& placement, Known& known) const;
 
     PlanAlone planAlone_;
-    std::unordered_map<const scene::ItemList*, std::size_t> counts_;  ///< placements on the page
-    std::unordered_map<const scene::ItemList*, List> fragments_;
+    std::unordered_map<const scene::ItemList*, Known> symbols_;
 };
 
 }  // namespace psrender::plan

@@ -127,9 +127,8 @@ Appearance over(const Appearance& above, const Appearance& below) {
 }
 
 bool operator==(const Appearance& a, const Appearance& b) {
-    return std::ranges::equal(a.layers_, b.layers_, [](const LayerPtr& x, const LayerPtr& y) {
-        return x->equals(*y);
-    });
+    return std::ranges::equal(a.layers_, b.layers_,
+                              [](const LayerPtr& x, const LayerPtr& y) { return x->equals(*y); });
 }
 
 }  // namespace psrender::plan

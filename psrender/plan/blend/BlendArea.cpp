@@ -64,8 +64,7 @@ std::optional<Shape> shapeOf(const Item& item) {
 
 }  // namespace
 
-std::vector<BlendArea> BlendArea::areasOf(const Item& item, const ChainPtr& clips,
-                                          Budget& budget) {
+std::vector<BlendArea> BlendArea::areasOf(const Item& item, const ChainPtr& clips, Budget& budget) {
     std::vector<Item> parts;
     if (const auto* shape = std::get_if<Shape>(&item))
         addParts(*shape, parts);
@@ -123,10 +122,11 @@ std::optional<ClipRegion> BlendArea::findRegion(Budget& budget) const {
     const auto shape = shapeOf(item_);
     if (!shape)
         return std::nullopt;
-    auto area = isPainted(shape->fill) ? fillArea(*shape, budget)
-                                       : strokeArea(*shape, box_, budget);
+    auto area =
+        isPainted(shape->fill) ? fillArea(*shape, budget) : strokeArea(*shape, box_, budget);
     const ClipRegion* clip = chain_->region(budget);
-    if (area && clip != nullptr && clip->find(area->box().value_or(box_)) != ClipRegion::Place::inside)
+    if (area && clip != nullptr &&
+        clip->find(area->box().value_or(box_)) != ClipRegion::Place::inside)
         area = area->common(clip->polygons(), budget);
     return area ? std::optional(ClipRegion(std::move(*area))) : std::nullopt;
 }
@@ -142,8 +142,7 @@ ClippedItem BlendArea::shown(Budget& budget, Recoloring& recoloring) const {
     if (tinted && tinted->original->picture() != nullptr)
         return shownPicture(*tinted, budget);
     ClippedItem result{chain_->clips(), item_};
-    const Paint own =
-        moved(paint(budget, recoloring), transformOf(result.item)->inverse());
+    const Paint own = moved(paint(budget, recoloring), transformOf(result.item)->inverse());
     if (auto* shape = std::get_if<Shape>(&result.item))
         paintOf(*shape) = own;
     else if (auto* text = std::get_if<Text>(&result.item))

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "psrender/plan/blend/Appearance.h"
-#include "psrender/plan/clip/ClipChain.h"
 #include "psrender/plan/blend/Recoloring.h"
+#include "psrender/plan/clip/ClipChain.h"
 #include "psrender/scene/DisplayList.h"
 
 #include <memory>

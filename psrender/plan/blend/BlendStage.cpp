@@ -45,10 +45,9 @@ void BlendStage::takePicture(Picture picture, const ChainPtr& clips, std::size_t
         const BlendLayer& layer = levels_.back().layer;
         auto ground = backdropOf(layer, picture.transform,
                                  picture.image->hasAlpha() ? layer.size() : beneath, budget_);
-        picture.image =
-            ground.colors.size() == 1 && !picture.image->hasAlpha()
-                ? tinted(picture.image, {ground.colors.front(), 1 - picture.opacity})
-                : image::flattened(picture.image, picture.opacity, std::move(ground));
+        picture.image = ground.colors.size() == 1 && !picture.image->hasAlpha()
+                            ? tinted(picture.image, {ground.colors.front(), 1 - picture.opacity})
+                            : image::flattened(picture.image, picture.opacity, std::move(ground));
         picture.opacity = 1;
     }
     const ChainPtr around = std::exchange(clips_, clips);
@@ -130,9 +129,8 @@ std::vector<std::size_t> BlendStage::place(const BlendArea& area, std::size_t be
     const BlendLayer& layer = levels_.back().layer;
     BlendLayer::Mix mix{{area}, {}, 0};
     if (area.isText() && area.region(budget_) == nullptr)
-        mix.areas = {
-            area.with(over(area.appearance(),
-                           layer.appearanceAt(area.box().centre(), beneath, budget_)))};
+        mix.areas = {area.with(
+            over(area.appearance(), layer.appearanceAt(area.box().centre(), beneath, budget_)))};
     else if (!area.appearance().isOpaque())
         mix = layer.mix(area, beneath, budget_);
     for (std::size_t i = 0; i < mix.averages; ++i)
@@ -172,9 +170,9 @@ void BlendStage::finish() {
     for (Entry& entry : entries_) {
         if (isHidden(entry))
             continue;
-        ClippedItem shown =
-            entry.item ? ClippedItem{entry.clips->clips(), std::move(*entry.item)}
-                       : levels_.front().layer[entry.firstArea].shown(budget_, recoloring);
+        ClippedItem shown = entry.item
+                                ? ClippedItem{entry.clips->clips(), std::move(*entry.item)}
+                                : levels_.front().layer[entry.firstArea].shown(budget_, recoloring);
         groups.change(shown.clips);
         pass(std::move(shown.item));
     }

@@ -17,10 +17,10 @@ using scene::Rect;
 
 namespace {
 
-constexpr double kTolerance = 2.5;    // levels of 255
-constexpr double kClosest = 0.75;     // points between two samples
-constexpr double kFarthest = 12;      // points, at first, as long as that makes
-constexpr double kMostFirst = 32;     // steps to a side at most
+constexpr double kTolerance = 2.5;  // levels of 255
+constexpr double kClosest = 0.75;   // points between two samples
+constexpr double kFarthest = 12;    // points, at first, as long as that makes
+constexpr double kMostFirst = 32;   // steps to a side at most
 constexpr std::size_t kMostSamples = 10'000;
 /// What a sample of one layer takes, in comparisons of edges.
 constexpr std::size_t kSampleCost = 40;
@@ -81,10 +81,9 @@ private:
                  column += isAcross ? 2 : 1) {
                 const std::size_t i = row * columns_ + column;
                 for (std::size_t part = 0; part < 3; ++part)
-                    worst = std::max(worst, std::abs(samples_[i][part] -
-                                                     (samples_[i - step][part] +
-                                                      samples_[i + step][part]) /
-                                                         2));
+                    worst = std::max(
+                        worst, std::abs(samples_[i][part] -
+                                        (samples_[i - step][part] + samples_[i + step][part]) / 2));
             }
         return worst;
     }

@@ -32,8 +32,7 @@ Paint Recoloring::beneath(const Tint& tint, const Paint& paint) {
     if (const Color* color = paint.color())
         result.source = beneathTint(tint, *color);
     else if (const scene::Gradient* gradient = paint.gradient())
-        result.source =
-            withStops(*gradient, over({{0, tint.color, tint.alpha}}, *gradient->stops));
+        result.source = withStops(*gradient, over({{0, tint.color, tint.alpha}}, *gradient->stops));
     else if (const scene::Pattern* pattern = paint.pattern()) {
         auto other = std::make_shared<scene::Pattern>(*pattern);
         other->content = beneath(tint, pattern->content);

@@ -16,9 +16,8 @@ namespace {
 class Search {
 public:
     bool find(const ItemList& list) {
-        return std::ranges::any_of(list.items, [this](const scene::Item& item) {
-            return std::visit(*this, item);
-        });
+        return std::ranges::any_of(
+            list.items, [this](const scene::Item& item) { return std::visit(*this, item); });
     }
 
     template <class Painted>

@@ -129,10 +129,9 @@ bool ClipShapes::collect(const ItemList& list, const Affine& toPage, std::vector
     for (const Item& item : list.items) {
         const auto* placement = std::get_if<scene::Placement>(&item);
         const auto* group = std::get_if<scene::BeginGroup>(&item);
-        const bool isPlain =
-            placement != nullptr
-                ? collect(*placement->symbol, toPage * placement->transform, shapes)
-                : group == nullptr || !group->clip;
+        const bool isPlain = placement != nullptr ? collect(*placement->symbol,
+                                                            toPage * placement->transform, shapes)
+                                                  : group == nullptr || !group->clip;
         if (!isPlain)
             return false;
         if (auto shape = shapeOf(item, toPage); shape && !shape->outline->empty())
@@ -145,8 +144,9 @@ bool ClipShapes::collect(const ItemList& list, const Affine& toPage, std::vector
 std::optional<Shape> ClipShapes::shapeOf(const Item& item, const Affine& toPage) {
     const auto* text = std::get_if<scene::Text>(&item);
     const auto* shape = std::get_if<Shape>(&item);
-    auto result = text != nullptr ? outlinesOf(*text)
-                                  : shape != nullptr ? std::optional(*shape) : std::nullopt;
+    auto result = text != nullptr    ? outlinesOf(*text)
+                  : shape != nullptr ? std::optional(*shape)
+                                     : std::nullopt;
     if (text != nullptr && !result)
         warnings_.add("clips in the form of text without outlines hide everything");
     if (!result)
@@ -163,9 +163,9 @@ std::optional<Polygons> ClipShapes::areaOf(const ItemList& list, const Affine& t
     std::vector<std::optional<Polygons>> clips;
     for (const Item& item : list.items) {
         if (const auto* group = std::get_if<scene::BeginGroup>(&item)) {
-            clips.push_back(group->clip ? areaOf(*group->clip->area,
-                                                 toPage * group->clip->transform)
-                                        : std::nullopt);
+            clips.push_back(group->clip
+                                ? areaOf(*group->clip->area, toPage * group->clip->transform)
+                                : std::nullopt);
         } else if (std::holds_alternative<scene::EndGroup>(item)) {
             if (!clips.empty())
                 clips.pop_back();

@@ -57,8 +57,7 @@ std::optional<Rect> boxOf(const scene::ItemList& list) {
 }
 
 double reachOf(const scene::StrokeStyle& style) {
-    const double ofJoin =
-        style.join == scene::Join::miter ? std::max(1.0, style.miterLimit) : 1;
+    const double ofJoin = style.join == scene::Join::miter ? std::max(1.0, style.miterLimit) : 1;
     const double ofCap = style.cap == scene::Cap::square ? std::numbers::sqrt2 : 1;
     return style.width / 2 * std::max(ofJoin, ofCap);
 }

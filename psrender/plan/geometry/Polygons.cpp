@@ -61,8 +61,8 @@ std::optional<ClipperLib::Paths> execute(ClipperLib::ClipType how, const Clipper
         ClipperLib::Clipper clipper;
         const bool hasSubject = clipper.AddPaths(subject, ClipperLib::ptSubject, true);
         const bool hasOther = clipper.AddPaths(other, ClipperLib::ptClip, true);
-        const auto fillType = rule == scene::FillRule::evenOdd ? ClipperLib::pftEvenOdd
-                                                               : ClipperLib::pftNonZero;
+        const auto fillType =
+            rule == scene::FillRule::evenOdd ? ClipperLib::pftEvenOdd : ClipperLib::pftNonZero;
         ClipperLib::Paths result;
         if ((!hasSubject && !hasOther) ||
             clipper.Execute(how, result, fillType, ClipperLib::pftNonZero))
@@ -118,9 +118,8 @@ std::optional<Polygons> Polygons::combined(ClipperLib::ClipType how, scene::Fill
     if (sweep == Sweep::tooLong || !budget.spend(static_cast<std::size_t>(comparisons)))
         return std::nullopt;
     const bool isSideways = sweep == Sweep::sideways;
-    auto result = isSideways
-                      ? execute(how, laidOnSide(paths_), rule, laidOnSide(other.paths_))
-                      : execute(how, paths_, rule, other.paths_);
+    auto result = isSideways ? execute(how, laidOnSide(paths_), rule, laidOnSide(other.paths_))
+                             : execute(how, paths_, rule, other.paths_);
     if (!result)
         return std::nullopt;
     return Polygons(isSideways ? laidOnSide(std::move(*result)) : std::move(*result));

@@ -14,8 +14,7 @@ constexpr double kMostChords = 500;
 /// The chords of a cubic deviate by at most sqrt(3)/18 of its bend in n^2 parts; the bend is how
 /// far its controls are from those of a straight line at even speed.
 int chordCount(Point p0, Point p1, Point p2, Point p3, double tolerance) {
-    const double bend = std::max(distance(p0 + p2, p1 * 2),
-                                 distance(p1 + p3, p2 * 2));
+    const double bend = std::max(distance(p0 + p2, p1 * 2), distance(p1 + p3, p2 * 2));
     return static_cast<int>(
         std::clamp(std::ceil(std::sqrt(0.75 * bend / tolerance)), 1.0, kMostChords));
 }

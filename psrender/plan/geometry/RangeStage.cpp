@@ -15,9 +15,9 @@ namespace {
 template <class Painted>
 void removeFineDashes(Painted& item, Warnings& warnings) {
     auto& dashes = item.strokeStyle.dashes;
-    if (dashes.empty() || std::accumulate(dashes.begin(), dashes.end(), 0.0) *
-                                  item.transform.meanScale() >
-                              kFinestDashes)
+    if (dashes.empty() ||
+        std::accumulate(dashes.begin(), dashes.end(), 0.0) * item.transform.meanScale() >
+            kFinestDashes)
         return;
     dashes.clear();
     if (isPainted(item.stroke))

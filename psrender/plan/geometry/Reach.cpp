@@ -56,8 +56,7 @@ std::optional<std::pair<Point, Point>> cutLine(Point a, Point b) {
     }
     if (first > last)
         return std::nullopt;
-    return std::pair{first > 0 ? lerp(a, b, first) : a,
-                     last < 1 ? lerp(a, b, last) : b};
+    return std::pair{first > 0 ? lerp(a, b, first) : a, last < 1 ? lerp(a, b, last) : b};
 }
 
 bool isWithin(const Polyline& line) {

@@ -146,7 +146,7 @@ private:
 }  // namespace
 
 std::vector<Polyline> ringsAround(const std::vector<Polyline>& lines,
-                                 const scene::StrokeStyle& style, double tolerance) {
+                                  const scene::StrokeStyle& style, double tolerance) {
     if (!(style.width > 0))
         return {};
     Pen pen(style, tolerance);

@@ -77,8 +77,7 @@ private:
 }  // namespace
 
 ColorStop between(const ColorStop& a, const ColorStop& b, double share) {
-    return {std::lerp(a.position, b.position, share),
-            scene::Color::mixed(a.color, b.color, share),
+    return {std::lerp(a.position, b.position, share), scene::Color::mixed(a.color, b.color, share),
             std::lerp(a.opacity, b.opacity, share)};
 }
 

@@ -126,9 +126,9 @@ private:
                                     const ShapingRun& run) {
         if (run.isRightToLeft)
             return i == 0 ? run.end : glyphs[i - 1].cluster;
-        const auto next = std::ranges::find_if(glyphs.subspan(i), [&](const hb_glyph_info_t& glyph) {
-            return glyph.cluster != glyphs[i].cluster;
-        });
+        const auto next = std::ranges::find_if(
+            glyphs.subspan(i),
+            [&](const hb_glyph_info_t& glyph) { return glyph.cluster != glyphs[i].cluster; });
         return next == glyphs.end() ? run.end : next->cluster;
     }
 

@@ -29,9 +29,8 @@ Picture shown(const std::string& body) {
         "viewBox='0 0 100 100'><defs><linearGradient id='rb'><stop stop-color='red'/>"
         "<stop offset='1' stop-color='blue'/></linearGradient></defs>" +
         body + "</svg>";
-    const Interpretation seen =
-        interpret(psrender::tests::printed(psrender::svg::readSvg(drawing, "test", warnings)),
-                  72 * kScale);
+    const Interpretation seen = interpret(
+        psrender::tests::printed(psrender::svg::readSvg(drawing, "test", warnings)), 72 * kScale);
     EXPECT_EQ("", seen.messages) << body;
     return seen.pages.empty() ? Picture{} : seen.pages[0];
 }

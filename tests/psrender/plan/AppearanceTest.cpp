@@ -144,8 +144,8 @@ TEST(Appearance, StaysSmall) {
 /// A field's colour at a place, run together from the four samples around it.
 Sample seenAt(const scene::ColorField& field, Point p) {
     const auto spot = [](double at, double begin, double length, std::size_t count) {
-        const double steps = std::clamp((at - begin) / length, 0.0, 1.0) *
-                             static_cast<double>(count - 1);
+        const double steps =
+            std::clamp((at - begin) / length, 0.0, 1.0) * static_cast<double>(count - 1);
         const double first = std::min(std::floor(steps), static_cast<double>(count) - 2);
         return std::pair{static_cast<std::size_t>(first), steps - first};
     };
@@ -181,9 +181,8 @@ TEST(Fields, AreNoFinerThanNeeded) {
     const scene::Rect page{0, 0, 100, 100};
     Budget budget;
     EXPECT_NE(nullptr, fieldOf(Appearance(Tint{{1, 2, 3}, 1}), page, budget).color());
-    const Appearance faint =
-        over(look(linear({0, 0}, {0, 100}, {{0, {9, 9, 9}, .02}, {1, {}, 0}})),
-             look(linear({0, 0}, {100, 0}, kOpaque)));
+    const Appearance faint = over(look(linear({0, 0}, {0, 100}, {{0, {9, 9, 9}, .02}, {1, {}, 0}})),
+                                  look(linear({0, 0}, {100, 0}, kOpaque)));
     EXPECT_LE(fieldOf(faint, page, budget).field()->colors.size(), 400U) << "nearly straight";
     const Appearance rings = over(look(radial({5, 20}, 0, {5, 20}, 4)), faint);
     Budget spent(1);
@@ -193,8 +192,7 @@ TEST(Fields, AreNoFinerThanNeeded) {
 TEST(Appearance, KnowsPicturesAndPatternsBeneathATint) {
     auto tile = std::make_shared<scene::Pattern>();
     tile->content = std::make_shared<const scene::ItemList>();
-    const LayerPtr pattern =
-        patternLayer({std::shared_ptr<const scene::Pattern>(std::move(tile))});
+    const LayerPtr pattern = patternLayer({std::shared_ptr<const scene::Pattern>(std::move(tile))});
     const Appearance whole(pattern);
     ASSERT_TRUE(whole.tinted());
     EXPECT_EQ(0, whole.tinted()->tint.alpha);

@@ -98,9 +98,8 @@ TEST(Areas, AreThoseOfTheFillRule) {
     for (int i = 0; i < 5; ++i)
         star.push_back(
             {50 + 40 * std::sin(i * 4 * M_PI / 5), 50 - 40 * std::cos(i * 4 * M_PI / 5)});
-    for (const auto& outline :
-         {polygon({star}), polygon({square(10, 60), square(40, 90)}),
-          polygon({square(10, 90), square(10, 90), square(20, 40)})})
+    for (const auto& outline : {polygon({star}), polygon({square(10, 60), square(40, 90)}),
+                                polygon({square(10, 90), square(10, 90), square(20, 40)})})
         for (const FillRule rule : {FillRule::evenOdd, FillRule::nonZero})
             expectArea(outline, rule);
 }

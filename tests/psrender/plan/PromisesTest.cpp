@@ -3,14 +3,14 @@
 
 #include "psrender/plan/Carried.h"
 #include "psrender/plan/PlacementStage.h"
+#include "psrender/plan/Planner.h"
 #include "psrender/plan/blend/BlendStage.h"
 #include "psrender/plan/blend/Translucency.h"
-#include "psrender/plan/clip/ClipStage.h"
 #include "psrender/plan/blend/WhiteStage.h"
+#include "psrender/plan/clip/ClipStage.h"
 #include "psrender/plan/geometry/ItemBox.h"
 #include "psrender/plan/geometry/RangeStage.h"
 #include "psrender/plan/gradient/GradientStage.h"
-#include "psrender/plan/Planner.h"
 #include "psrender/svg/SvgReader.h"
 
 #include <gtest/gtest.h>
@@ -66,9 +66,8 @@ bool isOpaqueSymbol(const Item& item) {
 bool hasPlannedTiles(const Item& item) {
     return isEach(item, [](const Paint& paint) {
         const Pattern* pattern = paint.pattern();
-        return pattern == nullptr ||
-               (pattern->tile.x == 0 && pattern->tile.y == 0 && pattern->isClipped &&
-                !hasTranslucency(*pattern->content));
+        return pattern == nullptr || (pattern->tile.x == 0 && pattern->tile.y == 0 &&
+                                      !hasTranslucency(*pattern->content));
     });
 }
 
@@ -185,9 +184,8 @@ TEST(Clips, AreLeftOutWhereTheyDoNothing) {
     Warnings warnings;
     const auto groupsOf = [&](const std::string& body) {
         const Page page = Planner().plan(drawing(body), warnings);
-        return std::ranges::count_if(page.items, [](const Item& item) {
-            return std::holds_alternative<BeginGroup>(item);
-        });
+        return std::ranges::count_if(
+            page.items, [](const Item& item) { return std::holds_alternative<BeginGroup>(item); });
     };
     const auto within = [](const std::string& body) {
         return "<svg width='50' height='50' overflow='hidden'>" + body + "</svg>";
