@@ -40,7 +40,7 @@ void BlendStage::on(Picture picture) {
 }
 
 /// On the page it becomes opaque, over the lowest `beneath` areas.
-void BlendStage::takePicture(Picture picture, const ChainPtr& clips, std::size_t beneath) {
+void BlendStage::takePicture(Picture picture, ChainPtr clips, std::size_t beneath) {
     if (isPage() && isTranslucent(picture)) {
         const BlendLayer& layer = levels_.back().layer;
         auto ground = backdropOf(layer, picture.transform,
@@ -50,9 +50,9 @@ void BlendStage::takePicture(Picture picture, const ChainPtr& clips, std::size_t
                             : image::flattened(picture.image, picture.opacity, std::move(ground));
         picture.opacity = 1;
     }
-    const ChainPtr around = std::exchange(clips_, clips);
+    std::swap(clips_, clips);
     takePainted(std::move(picture));
-    clips_ = around;
+    clips_ = std::move(clips);
 }
 
 /// Symbols that are still placed are opaque.

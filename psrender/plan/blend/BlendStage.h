@@ -56,7 +56,7 @@ private:
     [[nodiscard]] bool isPage() const { return levels_.size() == 1; }
     void endLevel();
     void takePainted(scene::Item item);
-    void takePicture(scene::Picture picture, const ChainPtr& clips, std::size_t beneath);
+    void takePicture(scene::Picture picture, ChainPtr clips, std::size_t beneath);
     /// The areas of items that are opaque, each under its own clips as well; how many there are.
     std::size_t addAreasOf(const std::vector<scene::Item>& items);
     /// Puts an area on top, as it looks over the lowest `beneath` areas; tells which of these it

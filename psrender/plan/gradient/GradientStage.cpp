@@ -75,4 +75,12 @@ Paint GradientStage::limited(const Paint& paint, const Rect& box, const Affine& 
     return paint;
 }
 
+void GradientStage::on(scene::Shape shape) {
+    limitPaints(std::move(shape));
+}
+
+void GradientStage::on(scene::Text text) {
+    limitPaints(std::move(text));
+}
+
 }  // namespace psrender::plan

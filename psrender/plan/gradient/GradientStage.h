@@ -13,8 +13,8 @@ public:
     GradientStage(Warnings& warnings, Sink& next) : Stage(next), warnings_(warnings) {}
 
 protected:
-    void on(scene::Shape shape) override { limitPaints(std::move(shape)); }
-    void on(scene::Text text) override { limitPaints(std::move(text)); }
+    void on(scene::Shape shape) override;
+    void on(scene::Text text) override;
 
 private:
     template <class Painted>

@@ -4,7 +4,9 @@
 #include "psrender/plan/geometry/ItemBox.h"
 #include "psrender/plan/gradient/GradientStage.h"
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace psrender::plan {
 
@@ -69,6 +71,14 @@ std::shared_ptr<const ItemList> PatternStage::contentFor(const scene::Pattern& p
     transform(drawn, Affine::scaling(scale, scale) *
                          Affine::translation(-pattern.tile.x, -pattern.tile.y));
     return std::make_shared<const ItemList>(ItemList{planAlone_(std::move(drawn.items))});
+}
+
+void PatternStage::on(scene::Shape shape) {
+    planPaints(std::move(shape));
+}
+
+void PatternStage::on(scene::Text text) {
+    planPaints(std::move(text));
 }
 
 }  // namespace psrender::plan

@@ -24,8 +24,8 @@ public:
         : Stage(next), planAlone_(std::move(planAlone)), warnings_(warnings) {}
 
 protected:
-    void on(scene::Shape shape) override { planPaints(std::move(shape)); }
-    void on(scene::Text text) override { planPaints(std::move(text)); }
+    void on(scene::Shape shape) override;
+    void on(scene::Text text) override;
 
 private:
     /// Content, scale, sides and whether it is cut off at the sides.
