@@ -6,8 +6,6 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <functional>
 #include <iostream>
 #include <optional>
@@ -51,28 +49,20 @@ struct Printing {
     }
 };
 
-/// The text as a PostScript string; what is special in one is written in octal.
-std::string postScriptString(const std::string& text) {
-    std::string result = "(";
-    for (const char c : text) {
-        const bool plain = c >= ' ' && c < 127 && c != '(' && c != ')' && c != '\\';
-        std::array<char, 5> octal{};
-        std::snprintf(octal.data(), octal.size(), "\\%03o", static_cast<unsigned char>(c));
-        result += plain ? std::string(1, c) : octal.data();
-    }
-    return result + ")";
-}
-
-Drawing::PS::PSPrintingOptions optionsOf(const Printing& printing) {
-    Drawing::PS::PSPrintingOptions options;
-    options.Duplex = printing.duplex;
-    options.NumCopies = std::max(1, printing.copies);
-    options.Jog = std::max(0, printing.jog);
+/// What was not asked for is left to the printer.
+Drawing::Print::PrintingRequest requestOf(const Printing& printing) {
+    Drawing::Print::PrintingRequest request;
+    if (printing.duplex)
+        request.duplex = true;
+    if (printing.copies > 0)
+        request.copies = printing.copies;
+    if (printing.jog >= 0)
+        request.jog = printing.jog;
     if (printing.tray >= 0)
-        options.MediaPosition = printing.tray;
+        request.mediaPosition = printing.tray;
     if (!printing.mediaColor.empty())
-        options.MediaColor = postScriptString(printing.mediaColor);
-    return options;
+        request.mediaColor = printing.mediaColor;
+    return request;
 }
 
 std::optional<plan::OpacityWay> opacityNamed(const std::string& name) {
@@ -139,7 +129,7 @@ public:
         if (!opacity_.empty())
             request_.opacity = *opacityNamed(opacity_);
         if (printing_.any())
-            request_.printing = optionsOf(printing_);
+            request_.printing = requestOf(printing_);
         if (!preview_.empty())
             request_.previewPrefix = preview_;
         return request_;
@@ -205,7 +195,7 @@ private:
             ->option_text("N")
             ->check(CLI::Range(1, kMostCopies))
             ->group("Printing");
-        app_.add_option("--tray", printing_.tray, "media position; 1 if only others are given")
+        app_.add_option("--tray", printing_.tray, "media position")
             ->option_text("N")
             ->check(CLI::Range(0, 255))
             ->group("Printing");

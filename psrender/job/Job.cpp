@@ -68,7 +68,7 @@ public:
     ExitCode run() {
         document_->startDocument();
         if (request_.printing)
-            document_->setPrintingOptions(*request_.printing);
+            document_->requestPrinting(*request_.printing);
         for (const std::string& input : request_.inputs)
             addOrSkip(input);
         if (pages_ == 0)

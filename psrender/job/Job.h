@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PS/PSPrintingOptions.h"
+#include "Print/PrintSettings.h"
 #include "psrender/job/PageFrame.h"
 #include "psrender/plan/Planner.h"
 #include "psrender/svg/SvgReader.h"
@@ -24,7 +24,7 @@ struct JobRequest {
     std::uint64_t mostPixels = kMostPixels;  ///< of one image
     svg::ReadingLimits limits;               ///< of one drawing
     plan::OpacityWay opacity = plan::OpacityWay::blend;
-    std::optional<Drawing::PS::PSPrintingOptions> printing;
+    std::optional<Drawing::Print::PrintingRequest> printing;
     std::optional<std::string> previewPrefix;
     int previewResolution = 96;  ///< dots per inch
     bool keepGoing = false;      ///< a bad page is skipped

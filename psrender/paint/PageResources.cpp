@@ -3,7 +3,6 @@
 #include "Drawing/ColorFieldBrush.h"
 #include "Drawing/GradientBrush.h"
 #include "Drawing/PatternBrush.h"
-#include "Print/PrintForm.h"
 #include "psrender/paint/Conversions.h"
 #include "psrender/paint/ItemPainter.h"
 
@@ -111,12 +110,8 @@ SmartPtr<Drawing::IOutputContext> PageResources::tileOf(const scene::Pattern& pa
     if (!tile) {
         tile = document_.createPatternOutputContext(static_cast<float>(pattern.tile.width),
                                                     static_cast<float>(pattern.tile.height));
-        auto& form = dynamic_cast<Drawing::Print::PrintForm&>(*tile);
-        const scene::Rect& shown = pattern.bounds;
-        if (!pattern.isClipped)
-            form.setBounds(static_cast<float>(shown.x), static_cast<float>(shown.y),
-                           static_cast<float>(shown.width), static_cast<float>(shown.height));
-        ItemPainter(form, *this).paint(*pattern.content);
+        ItemPainter(dynamic_cast<Drawing::Print::PrintDocument&>(*tile), *this)
+            .paint(*pattern.content);
     }
     return tile;
 }

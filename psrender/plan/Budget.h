@@ -9,7 +9,7 @@ namespace psrender::plan {
 class Budget {
 public:
     /// In comparisons of two edges of polygons; what costs more or less is counted as so many.
-    static constexpr std::size_t kPage = 250'000'000;
+    static constexpr std::size_t kPage = 200'000'000;
 
     explicit Budget(std::size_t amount = kPage) : left_(amount) {}
 

@@ -187,7 +187,6 @@ struct Pattern {
     std::shared_ptr<const ItemList> content;
     Affine transform;       ///< from the pattern's space to that of the outline that is painted
     bool isClipped = true;  ///< whether content beyond the tile is hidden
-    Rect bounds{};          ///< around the content of one that is not clipped, once planned
 };
 
 /// Colours at the crossings of a grid that is spread over a box, the outermost ones on its edges.

@@ -12,6 +12,8 @@ using scene::Point;
 namespace {
 
 constexpr double kMostSpots = 128;  // to a side
+/// What a spot takes at least, in comparisons of edges.
+constexpr std::size_t kSpotCost = 20;
 
 std::size_t spotsFor(double points) {
     return static_cast<std::size_t>(std::clamp(std::ceil(points), 1.0, kMostSpots));
@@ -29,7 +31,7 @@ Backdrop backdropOf(const BlendLayer& layer, const Affine& picture, std::size_t 
         spotsFor(std::hypot(picture.a, picture.b)), spotsFor(std::hypot(picture.c, picture.d)), {}};
     for (std::size_t y = 0; y < result.height; ++y)
         for (std::size_t x = 0; x < result.width; ++x) {
-            if (budget.isSpent())
+            if (!budget.spend(kSpotCost))
                 return {1, 1, {scene::kWhite}};
             const Point p = picture.apply({placeOf(x, result.width), placeOf(y, result.height)});
             result.colors.push_back(colorOf(layer.appearanceAt(p, count, budget).at(p)));

@@ -3,7 +3,7 @@
 #include "psrender/image/DerivedImages.h"
 #include "psrender/plan/blend/Backdrop.h"
 #include "psrender/plan/blend/Translucency.h"
-#include "psrender/plan/picture/TintedPicture.h"
+#include "psrender/plan/picture/PictureCrop.h"
 
 #include <algorithm>
 #include <memory>
@@ -39,20 +39,43 @@ void BlendStage::on(Picture picture) {
     takePicture(std::move(picture), clips_, levels_.back().layer.size());
 }
 
-/// On the page it becomes opaque, over the lowest `beneath` areas.
+/// On the page it becomes opaque.
 void BlendStage::takePicture(Picture picture, ChainPtr clips, std::size_t beneath) {
-    if (isPage() && isTranslucent(picture)) {
-        const BlendLayer& layer = levels_.back().layer;
-        auto ground = backdropOf(layer, picture.transform,
-                                 picture.image->hasAlpha() ? layer.size() : beneath, budget_);
-        picture.image = ground.colors.size() == 1 && !picture.image->hasAlpha()
-                            ? tinted(picture.image, {ground.colors.front(), 1 - picture.opacity})
-                            : image::flattened(picture.image, picture.opacity, std::move(ground));
-        picture.opacity = 1;
-    }
     std::swap(clips_, clips);
-    takePainted(std::move(picture));
+    const bool isDone = isPage() && isTranslucent(picture) && placeInPieces(picture, beneath);
+    if (!isDone) {
+        if (isPage() && isTranslucent(picture))
+            flatten(picture, beneath);
+        takePainted(std::move(picture));
+    }
     clips_ = std::move(clips);
+}
+
+bool BlendStage::placeInPieces(const Picture& picture, std::size_t beneath) {
+    if (picture.image->hasAlpha())
+        return false;
+    BlendLayer& layer = levels_.back().layer;
+    for (const BlendArea& area : BlendArea::areasOf(picture, clips_, budget_)) {
+        auto mix = layer.mix(area.with(area.appearance().faded(picture.opacity)), beneath, budget_);
+        const auto isEven = [](const BlendArea& piece) {
+            return piece.appearance().tinted().has_value();
+        };
+        if (budget_.isSpent() || !std::ranges::all_of(mix.areas, isEven))
+            return false;
+        show(mix);
+        hide(mix.hidden);
+    }
+    return true;
+}
+
+void BlendStage::flatten(Picture& picture, std::size_t beneath) {
+    const BlendLayer& layer = levels_.back().layer;
+    if (const ClipRegion* clip = clips_->region(budget_))
+        cropTo(picture, clip->box());
+    auto ground = backdropOf(layer, picture.transform,
+                             picture.image->hasAlpha() ? layer.size() : beneath, budget_);
+    picture.image = image::flattened(picture.image, picture.opacity, std::move(ground));
+    picture.opacity = 1;
 }
 
 /// Symbols that are still placed are opaque.
@@ -137,11 +160,15 @@ std::vector<std::size_t> BlendStage::place(const BlendArea& area, std::size_t be
         warnings_.add("patterns and changing colours are blended with an average colour");
     if (budget_.isSpent())
         warnings_.add("translucent shapes are blended over white where there are too many");
+    show(mix);
+    return std::move(mix.hidden);
+}
+
+void BlendStage::show(BlendLayer::Mix& mix) {
     for (BlendArea& piece : mix.areas) {
         levels_.back().layer.add(std::move(piece));
         remember(std::nullopt, 1);
     }
-    return std::move(mix.hidden);
 }
 
 void BlendStage::hide(const std::vector<std::size_t>& areas) {

@@ -56,7 +56,12 @@ private:
     [[nodiscard]] bool isPage() const { return levels_.size() == 1; }
     void endLevel();
     void takePainted(scene::Item item);
+    /// A picture under clips that may be translucent, over the lowest `beneath` areas.
     void takePicture(scene::Picture picture, ChainPtr clips, std::size_t beneath);
+    /// Places it in pieces that are pictures beneath even tints; false if they would not be.
+    bool placeInPieces(const scene::Picture& picture, std::size_t beneath);
+    void flatten(scene::Picture& picture, std::size_t beneath);
+    void show(BlendLayer::Mix& mix);
     /// The areas of items that are opaque, each under its own clips as well; how many there are.
     std::size_t addAreasOf(const std::vector<scene::Item>& items);
     /// Puts an area on top, as it looks over the lowest `beneath` areas; tells which of these it

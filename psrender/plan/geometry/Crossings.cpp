@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -15,6 +16,10 @@ constexpr std::int64_t kMostComparisons = 50'000'000;
 constexpr std::int64_t kMostPairs = 500'000;
 /// Each pair of edges on one line makes Clipper walk around a polygon once: pairs times edges.
 constexpr std::int64_t kMostJoining = 100'000'000;
+
+/// At a crossing Clipper walks around the polygons that meet there, which grow with the crossings
+/// of each edge.
+constexpr std::int64_t kComparisonsAWalk = 5;
 
 struct Edge {
     IntPoint from, to;
@@ -74,7 +79,8 @@ bool isEasy(const std::vector<Edge>& edges, std::int64_t comparisons) {
            comparisons * static_cast<std::int64_t>(edges.size()) <= kMostJoining;
 }
 
-bool hasTooManyCrossings(const std::vector<Edge>& edges) {
+/// Pairs of edges that may cross; nothing if there are too many, or too many on one line.
+std::optional<std::int64_t> countCrossings(const std::vector<Edge>& edges) {
     std::int64_t close = 0;
     std::int64_t onOneLine = 0;
     for (auto edge = edges.begin(); edge != edges.end() && close <= kMostPairs; ++edge)
@@ -88,7 +94,9 @@ bool hasTooManyCrossings(const std::vector<Edge>& edges) {
                 ++onOneLine;
         }
     const auto count = static_cast<std::int64_t>(edges.size());
-    return close > kMostPairs || onOneLine * count > kMostJoining;
+    if (close > kMostPairs || onOneLine * count > kMostJoining)
+        return std::nullopt;
+    return close;
 }
 
 }  // namespace
@@ -102,9 +110,13 @@ SweepChoice chooseSweep(const ClipperLib::Paths& polygons) {
     const auto sideComparisons = comparisons(side);
     const bool isDown = downComparisons <= sideComparisons;
     const auto fewer = std::min(downComparisons, sideComparisons);
-    if (fewer > kMostComparisons || hasTooManyCrossings(isDown ? down : side))
+    const auto crossings =
+        fewer > kMostComparisons ? std::nullopt : countCrossings(isDown ? down : side);
+    if (!crossings)
         return {Sweep::tooLong, fewer};
-    return {isDown ? Sweep::downwards : Sweep::sideways, fewer};
+    const std::int64_t anEdge = *crossings / std::ssize(down) + 1;
+    return {isDown ? Sweep::downwards : Sweep::sideways,
+            fewer + kComparisonsAWalk * *crossings * anEdge};
 }
 
 }  // namespace psrender::plan

@@ -20,7 +20,7 @@ inline constexpr std::size_t kMostEdges = 1'000'000;
 
 struct SweepChoice {
     Sweep sweep;
-    std::int64_t comparisons;  ///< of edges on the sweep's line, which is what cutting takes
+    std::int64_t comparisons;  ///< of edges on the sweep's line, and what else takes as long
 };
 
 /// `tooLong` from 50 million pairs of edges on the sweep's line, from half a million pairs that

@@ -3,6 +3,7 @@
 #include "psrender/plan/Carried.h"
 #include "psrender/plan/geometry/ItemBox.h"
 #include "psrender/plan/geometry/Range.h"
+#include "psrender/plan/geometry/SquareDots.h"
 
 #include <numeric>
 #include <utility>
@@ -28,8 +29,12 @@ void removeFineDashes(Painted& item, Warnings& warnings) {
 
 void RangeStage::on(scene::Shape shape) {
     removeFineDashes(shape, warnings_);
-    for (scene::Shape& part : bringInRange(shape, warnings_))
+    for (scene::Shape& part : bringInRange(shape, warnings_)) {
+        auto dots = squareDots(part);
         pass(std::move(part));
+        if (dots)
+            pass(std::move(*dots));
+    }
 }
 
 void RangeStage::on(scene::Text text) {

@@ -16,6 +16,34 @@ using scene::ItemList;
 using scene::Paint;
 using scene::Rect;
 
+namespace {
+
+constexpr int kMostNeighbours = 3;
+
+/// How many tiles to either side are reached by what is `low` to `high` wide.
+int reachOf(double low, double high, double step) {
+    const double tiles = std::max({0.0, std::ceil(-low / step), std::ceil(high / step) - 1});
+    return static_cast<int>(std::min<double>(tiles, kMostNeighbours));
+}
+
+/// Content that reaches into the neighbouring tiles, as one tile shows it: its own and theirs.
+/// Interpreters paint tiles that overlap each other in ways of their own.
+std::vector<scene::Item> overlapping(const ItemList& content, const Rect& tile) {
+    const Rect box = boxOf(content).value_or(Rect{});
+    const int across = reachOf(box.x - tile.x, box.right() - tile.x, tile.width);
+    const int down = reachOf(box.y - tile.y, box.bottom() - tile.y, tile.height);
+    std::vector<scene::Item> items;
+    for (int row = -down; row <= down; ++row)
+        for (int column = -across; column <= across; ++column) {
+            ItemList copy = content;
+            transform(copy, Affine::translation(column * tile.width, row * tile.height));
+            std::ranges::move(copy.items, std::back_inserter(items));
+        }
+    return items;
+}
+
+}  // namespace
+
 template <class Painted>
 void PatternStage::planPaints(Painted item) {
     if (item.fill.pattern() != nullptr || item.stroke.pattern() != nullptr) {
@@ -57,8 +85,6 @@ std::shared_ptr<const scene::Pattern> PatternStage::tileFor(const scene::Pattern
         known = {pattern.content, contentFor(pattern, scale)};
     auto result = std::make_shared<scene::Pattern>();
     result->tile = scaled;
-    result->isClipped = pattern.isClipped;
-    result->bounds = boxOf(*known.content).value_or(scaled);
     result->content = known.content;
     result->transform = pattern.transform * Affine::translation(tile.x, tile.y) *
                         Affine::scaling(1 / scale, 1 / scale);
@@ -67,7 +93,8 @@ std::shared_ptr<const scene::Pattern> PatternStage::tileFor(const scene::Pattern
 
 std::shared_ptr<const ItemList> PatternStage::contentFor(const scene::Pattern& pattern,
                                                          double scale) const {
-    ItemList drawn = *pattern.content;
+    ItemList drawn{pattern.isClipped ? pattern.content->items
+                                     : overlapping(*pattern.content, pattern.tile)};
     transform(drawn, Affine::scaling(scale, scale) *
                          Affine::translation(-pattern.tile.x, -pattern.tile.y));
     return std::make_shared<const ItemList>(ItemList{planAlone_(std::move(drawn.items))});

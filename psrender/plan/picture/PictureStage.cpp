@@ -2,6 +2,7 @@
 
 #include "psrender/image/DerivedImages.h"
 #include "psrender/plan/Carried.h"
+#include "psrender/plan/picture/PictureCrop.h"
 
 #include <algorithm>
 #include <cmath>
@@ -22,13 +23,6 @@ constexpr double kPointsAnInch = 72;
 std::int32_t pixelsFor(double length, double most, std::int32_t pixels) {
     const double wanted = std::round(length / kPointsAnInch * most);
     return static_cast<std::int32_t>(std::clamp<double>(wanted, 1, pixels));
-}
-
-/// The part of the square of side 1 that `part` of an image covers, as a map of the whole.
-Affine shareOf(const PixelRect& part, const Drawing::PixelSize& size) {
-    const double width = size.width;
-    const double height = size.height;
-    return {part.width / width, 0, 0, part.height / height, part.x / width, part.y / height};
 }
 
 /// Takes the margin away in which all pixels are clear. False if nothing is left.

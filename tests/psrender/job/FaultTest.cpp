@@ -50,7 +50,7 @@ protected:
               "<circle r='6' fill='blue'/></pattern><clipPath id='c'><circle r='50'/></clipPath>"
               "<style>.a{fill:url(#g)}</style></defs><g clip-path='url(#c)'>"
               "<rect class='a' width='90' height='90'/></g>"
-              "<rect fill='url(#p)' opacity='.5' x='9' width='50' height='20'/>"
+              "<rect fill='url(#p)' opacity='.5' x='60' width='50' height='20'/>"
               "<text y='30' font-family='Helvetica'>Lost?</text>"
               "<text y='60' font-family='DejaVu Sans'>fi\xD0\x96 \xD7\x90\xD7\x91</text>"
               "<image width='20' height='20' href='data:image/png;base64," +

@@ -20,6 +20,7 @@ namespace fs = std::filesystem;
 using psrender::image::Bytes;
 using testing::AllOf;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 TEST_F(Psrender, MakesAPageADrawing) {
@@ -29,7 +30,7 @@ TEST_F(Psrender, MakesAPageADrawing) {
     EXPECT_EQ("", seen.messages);
     ASSERT_EQ(2U, seen.pages.size());
     EXPECT_EQ(40, seen.pages[1].width);
-    EXPECT_EQ((Picture::Pixel{254, 0, 0}), seen.pages[1].at(5, 5));
+    EXPECT_EQ((Picture::Pixel{255, 0, 0}), seen.pages[1].at(5, 5));
     EXPECT_EQ((Picture::Pixel{255, 255, 255}), seen.pages[1].at(30, 5));
 }
 
@@ -40,9 +41,9 @@ TEST_F(Psrender, FitsDrawingsToPaper) {
     };
     const Picture natural = pixels("");
     EXPECT_EQ(200, natural.width);
-    EXPECT_EQ((Picture::Pixel{254, 0, 0}), natural.at(85, 45)) << "20 points, in the middle";
+    EXPECT_EQ((Picture::Pixel{255, 0, 0}), natural.at(85, 45)) << "20 points, in the middle";
     EXPECT_EQ((Picture::Pixel{255, 255, 255}), natural.at(75, 45));
-    EXPECT_EQ((Picture::Pixel{254, 0, 0}), pixels("--fit --margin 0pt").at(5, 95));
+    EXPECT_EQ((Picture::Pixel{255, 0, 0}), pixels("--fit --margin 0pt").at(5, 95));
     EXPECT_EQ((Picture::Pixel{255, 255, 255}), pixels("--fit --margin 10pt").at(5, 50));
     ASSERT_EQ(0, run("red.svg -o out.ps --paper a4 --landscape --fit"));
     EXPECT_THAT(read("out.ps"), HasSubstr("<</PageSize [841.8898 595.2756]"));
@@ -50,8 +51,9 @@ TEST_F(Psrender, FitsDrawingsToPaper) {
 
 TEST_F(Psrender, WorksInAPipeAndPassesPrintingOptions) {
     ASSERT_EQ(0, run("- -o - --duplex --copies 2 --tray 3 --media-color 'a(b' <red.svg >out.ps"));
-    EXPECT_THAT(read("out.ps"), HasSubstr("<</Duplex true \n/MediaPosition 3\n/MediaColor "
-                                          "(a\\050b)\n/NumCopies 2\n/Jog 0\n"));
+    EXPECT_THAT(read("out.ps"), AllOf(HasSubstr("/Duplex true"), HasSubstr("/MediaPosition 3"),
+                                        HasSubstr("/MediaColor(a\\050b)"),
+                                        HasSubstr("/NumCopies 2"), Not(HasSubstr("/Jog"))));
     EXPECT_EQ("", interpret(read("out.ps")).messages);
 }
 
@@ -184,13 +186,14 @@ TEST_F(Psrender, PrintsPicturesAsPages) {
     for (const Picture& page : seen.pages)
         EXPECT_EQ(pixels, page.bytes) << "two points a pixel, by the resolution that it tells";
     const std::string document = read("out.ps");
-    EXPECT_EQ(document.find("\n/ImageData_"), document.rfind("\n/ImageData_")) << "once for all";
+    EXPECT_EQ(document.find("/ReusableStreamDecode"), document.rfind("/ReusableStreamDecode"))
+        << "once for all";
     ASSERT_EQ(0, run("scan.png -o out.ps --paper 60x45pt --margin 5pt"));
     const Picture fitted = interpret(read("out.ps")).pages.at(0);
     EXPECT_EQ((Picture::Pixel{255, 255, 255}), fitted.at(30, 8));
     EXPECT_EQ((Picture::Pixel{pixels[0], pixels[1], pixels[2]}), fitted.at(5, 10));
     ASSERT_EQ(0, run("scan.png -o out.ps --max-dpi 18"));
-    EXPECT_THAT(read("out.ps"), HasSubstr("/Width 25\n/Height 13"));
+    EXPECT_THAT(read("out.ps"), HasSubstr("/Width 25/Height 13"));
     EXPECT_EQ(1, run("scan.png -o none.ps --max-pixels 1249"));
     EXPECT_THAT(said, StartsWith("psrender: scan.png: has 50 x 25 pixels, more than the limit"));
     write("scan.png", encode(scan).substr(0, 2000));

@@ -84,7 +84,7 @@ TEST_F(Psrender, LeavesOutWhatNoInterpreterDraws) {
         EXPECT_THAT(said, HasSubstr("left out (<")) << body;
         const Interpretation seen = interpret(read("out.ps"));
         EXPECT_EQ("", seen.messages) << body;
-        EXPECT_EQ((Picture::Pixel{254, 0, 0}), seen.pages.at(0).at(18, 1)) << body;
+        EXPECT_EQ((Picture::Pixel{255, 0, 0}), seen.pages.at(0).at(18, 1)) << body;
     }
 }
 
