@@ -20,7 +20,8 @@ namespace {
 constexpr double kTolerance = 2.5;  // levels of 255
 constexpr double kClosest = 0.75;   // points between two samples
 constexpr double kFarthest = 12;    // points, at first, as long as that makes
-constexpr double kMostFirst = 32;   // steps to a side at most
+constexpr double kFewestFirst = 6;  // steps to a side, unless they are too close
+constexpr double kMostFirst = 32;
 constexpr std::size_t kMostSamples = 10'000;
 /// What a sample of one layer takes, in comparisons of edges.
 constexpr std::size_t kSampleCost = 40;
@@ -28,7 +29,9 @@ constexpr std::size_t kSampleCost = 40;
 constexpr std::size_t kFieldCost = 20'000;
 
 std::size_t firstCount(double length) {
-    return 1 + static_cast<std::size_t>(std::clamp(std::ceil(length / kFarthest), 1.0, kMostFirst));
+    const double fewest = std::clamp(std::ceil(length / kClosest), 1.0, kFewestFirst);
+    return 1 +
+           static_cast<std::size_t>(std::clamp(std::ceil(length / kFarthest), fewest, kMostFirst));
 }
 
 class Grid {

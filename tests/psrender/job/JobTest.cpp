@@ -46,14 +46,14 @@ TEST_F(Psrender, FitsDrawingsToPaper) {
     EXPECT_EQ((Picture::Pixel{255, 0, 0}), pixels("--fit --margin 0pt").at(5, 95));
     EXPECT_EQ((Picture::Pixel{255, 255, 255}), pixels("--fit --margin 10pt").at(5, 50));
     ASSERT_EQ(0, run("red.svg -o out.ps --paper a4 --landscape --fit"));
-    EXPECT_THAT(read("out.ps"), HasSubstr("<</PageSize [841.8898 595.2756]"));
+    EXPECT_THAT(read("out.ps"), HasSubstr("\n841.8898 595.2756 ps"));
 }
 
 TEST_F(Psrender, WorksInAPipeAndPassesPrintingOptions) {
     ASSERT_EQ(0, run("- -o - --duplex --copies 2 --tray 3 --media-color 'a(b' <red.svg >out.ps"));
     EXPECT_THAT(read("out.ps"), AllOf(HasSubstr("/Duplex true"), HasSubstr("/MediaPosition 3"),
-                                        HasSubstr("/MediaColor(a\\050b)"),
-                                        HasSubstr("/NumCopies 2"), Not(HasSubstr("/Jog"))));
+                                      HasSubstr("/MediaColor(a\\050b)"), HasSubstr("/NumCopies 2"),
+                                      Not(HasSubstr("/Jog"))));
     EXPECT_EQ("", interpret(read("out.ps")).messages);
 }
 

@@ -195,7 +195,8 @@ TEST(Clips, AreLeftOutWhereTheyDoNothing) {
     EXPECT_EQ(0, groupsOf(within(inside + inside)));
     EXPECT_EQ(1, groupsOf(within(across + inside + across))) << "one run of items";
     EXPECT_EQ(0, groupsOf(within("<rect x='60' width='9' height='9'/>"))) << "nothing to see";
-    EXPECT_EQ(2, groupsOf("<g clip-path='url(#c)'>" + within(across) + "</g>"));
+    EXPECT_EQ(2, groupsOf("<g clip-path='url(#c)'>" +
+                          within("<rect y='45' width='60' height='9'/>") + "</g>"));
     EXPECT_TRUE(warnings.empty());
 }
 
