@@ -89,8 +89,8 @@ private:
         const bool isOverfull = hasTooManyMarks(character.code);
         const bool goesOn = !beginsChunk && !character.isMoved() &&
                             content_.characters[index - 1].rotation == 0 &&
-                            character.span == content_.characters[index - 1].span &&
-                            !isOverfull && traits.font == last_.font && traits.level == last_.level &&
+                            character.span == content_.characters[index - 1].span && !isOverfull &&
+                            traits.font == last_.font && traits.level == last_.level &&
                             (traits.script == last_.script || traits.script == HB_SCRIPT_COMMON ||
                              last_.script == HB_SCRIPT_COMMON);
         if (!goesOn)

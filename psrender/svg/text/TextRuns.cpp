@@ -56,8 +56,9 @@ private:
     }
 
     [[nodiscard]] bool goesOn(const LaidGlyph& glyph) {
-        if (!run_ || run_->glyphs.size() == kMostGlyphs || glyph.font != last_.font || glyph.span != last_.span || glyph.rotation != 0 ||
-            last_.rotation != 0 || glyph.isPlain != last_.isPlain || glyph.stretch != last_.stretch)
+        if (!run_ || run_->glyphs.size() == kMostGlyphs || glyph.font != last_.font ||
+            glyph.span != last_.span || glyph.rotation != 0 || last_.rotation != 0 ||
+            glyph.isPlain != last_.isPlain || glyph.stretch != last_.stretch)
             return false;
         return !glyph.isPlain || followsByItself(glyph);
     }
