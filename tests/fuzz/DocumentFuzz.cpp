@@ -2,7 +2,7 @@
 
 #include "Core/MemoryStream.h"
 #include "PS/PSDocument.h"
-#include "psrender/PageFrame.h"
+#include "psrender/job/PageFrame.h"
 #include "psrender/paint/Painter.h"
 #include "psrender/plan/Planner.h"
 #include "psrender/scene/UnseenText.h"
