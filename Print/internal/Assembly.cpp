@@ -51,8 +51,12 @@ void Assembly::write(Core::IO::Stream& script, std::uint32_t pageCount, const Bo
     gatherResources();
     writeHeader(pageCount, ink);
     output_.write("%%BeginProlog\n%%BeginResource: procset PSGraphicsPrint 1 0\n");
-    output_.write(kProcedureSet);
-    output_.write("%%EndResource\n%%EndProlog\n");
+    output_.write(kBasicProcedures);
+    if (parts_.usesGradients)
+        output_.write(kGradientProcedures);
+    if (parts_.usesText)
+        output_.write(kTextProcedures);
+    output_.write("end\n%%EndResource\n%%EndProlog\n");
     writeSetup();
     copyScript(script);
     output_.write("%%Trailer\nend\n%%EOF\n");

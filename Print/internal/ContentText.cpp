@@ -44,6 +44,7 @@ void ContentWriter::selectFont(const PrintFont& font, std::uint16_t part, double
 /// The font goes before the point, as it is often known already; later parts of the font show on
 /// from where the one before ended.
 void ContentWriter::writeRun(const TextRun& run, bool asOutline) {
+    parts_->usesText = true;
     bool isFirst = true;
     for (std::size_t from = 0, to = 0; from < run.glyphs.size(); from = to) {
         const std::uint16_t part = run.glyphs[from].code.part;
