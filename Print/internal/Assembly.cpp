@@ -41,7 +41,7 @@ void writeInformationText(const Core::String& text, TextBuffer& out) {
     out << '>';
 }
 
-std::string twoDigits(int number) {
+std::string twoDigits(unsigned number) {
     return (number < 10 ? "0" : "") + std::to_string(number);
 }
 
@@ -187,7 +187,7 @@ void Assembly::copyScript(Core::IO::Stream& script) {
                 marker += piece;
             else
                 output_.write(piece);
-            if (end == text.npos)
+            if (end == std::string_view::npos)
                 break;
             if (inMarker)
                 fillMarker(std::exchange(marker, {}));

@@ -19,7 +19,7 @@ constexpr int kPageDecimals = 3;
 
 /// Whether the brush leaves any paint.
 bool paints(const Brush* brush) {
-    return brush && brush->getBrushType() != BrushType::none && brush->getOpacity() > 0;
+    return brush != nullptr && brush->getBrushType() != BrushType::none && brush->getOpacity() > 0;
 }
 
 bool isSolid(const Brush& brush) {
