@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <utility>
 
 namespace Core::IO {
 
@@ -66,7 +67,12 @@ FileStream::FileStream(const String& name, bool writable, bool truncate, bool ke
 FileStream::FileStream(int descriptor, const String& name)
     : name_(name.toUtf8()), descriptor_(descriptor), owned_(false) {}
 
+/// A failure that an operation raised has been seen.
 FileStream::~FileStream() {
+    if (failure_) {
+        release();
+        return;
+    }
     try {
         close();
     } catch (const IOException& failure) {
@@ -78,28 +84,38 @@ void FileStream::fail(const char* action) const {
     throw IOException(action, name_, errno);
 }
 
+void FileStream::failForGood(const char* action) {
+    failure_ = {action, errno};
+    throw IOException(action, name_, failure_->error);
+}
+
+void FileStream::requireWhole() const {
+    if (failure_)
+        throw IOException(failure_->action, name_, failure_->error);
+}
+
+/// False if the system reports that bytes were lost.
+bool FileStream::release() {
+    const int descriptor = std::exchange(descriptor_, -1);
+    return !owned_ || descriptor < 0 || ::close(descriptor) == 0;
+}
+
 void FileStream::close() {
-    if (descriptor_ < 0)
-        return;
-    const int descriptor = owned_ ? descriptor_ : -1;
     try {
         flush();
     } catch (...) {
-        descriptor_ = -1;
-        if (descriptor >= 0)
-            ::close(descriptor);
+        release();
         throw;
     }
-    descriptor_ = -1;
-    if (descriptor >= 0 && ::close(descriptor) != 0)
-        fail("cannot close");
+    if (!release())
+        failForGood("cannot close");
 }
 
 void FileStream::writeAll(const char* bytes, std::size_t count) {
     while (count > 0) {
         const ssize_t written = ::write(descriptor_, bytes, count);
         if (written < 0 && errno != EINTR)
-            fail("cannot write to");
+            failForGood("cannot write to");
         const std::size_t done = written < 0 ? 0 : static_cast<std::size_t>(written);
         bytes += done;
         count -= done;
@@ -109,6 +125,7 @@ void FileStream::writeAll(const char* bytes, std::size_t count) {
 /// The buffer is given up before it is written: after a failure the same bytes are not written
 /// again by the destructor.
 void FileStream::flush() {
+    requireWhole();
     if (!room())
         return;
     const auto count = static_cast<std::size_t>(room() - buffer_.data());
@@ -141,7 +158,7 @@ void FileStream::dropReadAhead() {
     const auto ahead = static_cast<off_t>(readEnd_ - readNext_);
     readNext_ = readEnd_ = 0;
     if (::lseek(descriptor_, -ahead, SEEK_CUR) < 0)
-        fail("cannot seek in");
+        failForGood("cannot seek in");
 }
 
 void FileStream::fillBuffer() {

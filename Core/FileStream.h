@@ -3,6 +3,7 @@
 #include "Core/Stream.h"
 #include "Core/String.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,8 +12,11 @@ namespace Core::IO {
 /// A buffered stream over a file. Every system call is checked; a failure raises `IOException`
 /// with the file's name and the reason.
 ///
+/// After a failed write every operation raises that failure again, but for reading nothing: what
+/// was to be written is lost, and no file with a gap is to be taken for a whole one.
+///
 /// `close` tells whether all bytes reached the file. The destructor closes as well but cannot
-/// raise: it reports a failure through `Log::warning`.
+/// raise: it reports a failure that nobody has seen through `Log::warning`.
 class CORE_API FileStream : public Stream {
 public:
     /// Opens `name`.
@@ -34,14 +38,23 @@ public:
     void seek(std::int64_t offset, SeekOrigin origin) override;
     std::int64_t length() override;
     void flush() override;
-    /// Flushes and closes; nothing may be read or written afterwards. A second call does nothing.
+    /// Flushes and closes; nothing may be read or written afterwards. A second call does nothing
+    /// but raise a failure again.
     void close();
 
 protected:
     char* makeRoom(std::size_t count) override;
 
 private:
+    struct Failure {
+        const char* action;
+        int error;  ///< errno
+    };
+
     [[noreturn]] void fail(const char* action) const;
+    [[noreturn]] void failForGood(const char* action);
+    void requireWhole() const;
+    bool release();
     void fillBuffer();
     void dropReadAhead();
     void writeAll(const char* bytes, std::size_t count);
@@ -49,9 +62,10 @@ private:
     std::string name_;
     int descriptor_ = -1;
     bool owned_ = true;
-    std::vector<char> buffer_;  ///< of bytes to write, or of bytes read ahead, never both
-    std::size_t readNext_ = 0;  ///< the next byte to hand out of the bytes read ahead
-    std::size_t readEnd_ = 0;   ///< their end; equal to `readNext_` if there are none
+    std::optional<Failure> failure_;  ///< bytes were lost
+    std::vector<char> buffer_;        ///< of bytes to write, or of bytes read ahead, never both
+    std::size_t readNext_ = 0;        ///< the next byte to hand out of the bytes read ahead
+    std::size_t readEnd_ = 0;         ///< their end; equal to `readNext_` if there are none
 };
 
 }  // namespace Core::IO

@@ -20,6 +20,9 @@ enum class SeekOrigin { begin, current, end };
 /// stream's own buffer. A subclass without a buffer need not care: it overrides the five
 /// operations, and reserved room is passed on to its `write` at every commit. Used by one thread
 /// at a time; failures raise `IOException`.
+///
+/// A stream that failed to write stays failed: what follows in it would follow a gap. Every later
+/// operation raises, too.
 class CORE_API Stream : public Object {
 public:
     Stream();
@@ -42,6 +45,10 @@ public:
 
     /// Room for `count` bytes at the position, to be filled and committed before any other
     /// operation. What is not committed was never written.
+    ///
+    /// Where the room begins at the very address at which the last commit ended, the bytes of that
+    /// commit still stand in front of it and may be read, and so may those of the commit before if
+    /// its end was where that one began, and so on. A writer may copy text that it wrote before.
     char* reserve(std::size_t count) {
         return static_cast<std::size_t>(roomEnd_ - room_) >= count ? room_ : makeRoom(count);
     }
@@ -54,7 +61,8 @@ public:
 
 protected:
     /// Called when fewer than `count` bytes are free: a buffered stream empties or grows its
-    /// buffer and tells the new room by `setRoom`.
+    /// buffer and tells the new room by `setRoom`. The room must not begin where the last commit
+    /// ended unless the committed bytes stand in front of it.
     virtual char* makeRoom(std::size_t count);
 
     void setRoom(char* begin, char* end) {
@@ -70,6 +78,9 @@ private:
     char* room_ = nullptr;
     char* roomEnd_ = nullptr;
     std::unique_ptr<char[]> scratch_;
+    /// What was passed on last. Kept until new scratch is made, which therefore lies elsewhere.
+    std::unique_ptr<char[]> passedOn_;
+    bool lost_ = false;  ///< passing on failed
 };
 
 }  // namespace Core::IO

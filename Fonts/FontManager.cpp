@@ -51,6 +51,10 @@ void FontManager::registerFontFile(const Core::String& family, int weight, Drawi
     registerFont(family, weight, slant, openFontFile(fileName, faceIndex));
 }
 
+void FontManager::unregisterFont(const Program& program) {
+    registry().remove(program);
+}
+
 FontManager::Program FontManager::openFontFile(const Core::String& fileName,
                                                std::uint32_t faceIndex) {
     return registry().open(fileName.toUtf8(), faceIndex);

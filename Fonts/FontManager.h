@@ -11,7 +11,8 @@
 namespace Fonts {
 
 /// Finds the program for the description of a font. One for the process; safe to use from several
-/// threads. Programs are shared: a file is opened once per face.
+/// threads. Programs are shared: as long as somebody holds the program of a face, its file is not
+/// opened again.
 ///
 /// A description is answered by the first of these that fits:
 /// 1. a program that the host registered for the family in this style (bold or not, slanted or
@@ -40,12 +41,18 @@ public:
     /// the families "sans-serif", "serif" and "monospace". Null if there is none.
     static Program findInstalledFont(const Core::SmartPtr<Drawing::Font>& font);
 
-    /// Lets `program` answer for the family in this style from now on.
+    /// Lets `program` answer for the family in this style from now on, in place of one registered
+    /// for the same family, weight and slant before. It is held until then, or until
+    /// `unregisterFont`.
     static void registerFont(const Core::String& family, int weight, Drawing::FontSlant slant,
                              const Program& program);
     /// The same with a font file, which is opened at once and may raise `FontException`.
     static void registerFontFile(const Core::String& family, int weight, Drawing::FontSlant slant,
                                  const Core::String& fileName, std::uint32_t faceIndex = 0);
+
+    /// Takes back everything that `program` was registered for: it goes with the last document or
+    /// caller that holds it.
+    static void unregisterFont(const Program& program);
 
     /// Opens a TrueType, OpenType or Type 1 file. Raises `FontException` if it cannot be used.
     static Program openFontFile(const Core::String& fileName, std::uint32_t faceIndex = 0);

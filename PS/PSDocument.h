@@ -38,7 +38,8 @@ namespace Drawing::PS {
 ///
 /// Failures are exceptions: `NullPointerException` for a missing stream, page or object,
 /// `UnreacheableCodeException` (source "PSDocument") for values out of their range,
-/// `NumberRangeException` for a number that PostScript cannot read, `IOException` for streams.
+/// `NumberRangeException` for a number that PostScript cannot read, `FormatException` for an image
+/// whose alpha plane is too short, `IOException` for streams.
 /// What was written before stays written, whole lines at a time.
 ///
 /// A copy of a document shares its streams, its graphics state and the elements of its
@@ -115,7 +116,8 @@ public:
     [[nodiscard]] static std::uint8_t getBlendedColor(std::uint8_t component, std::uint8_t alpha);
 
     /// The pixels over white: each component is composited with full intensity, in every colour
-    /// space. The image must have alpha.
+    /// space. The image must have alpha; raises `FormatException` (source "PSDocument") if it has
+    /// fewer alpha values than pixels.
     [[nodiscard]] static Core::ByteArray getTransparentBytes(const Core::SmartPtr<Image>& image,
                                                              int selector);
 

@@ -15,6 +15,20 @@ namespace {
 /// Counts the fragments of the process, whatever their document.
 constinit Core::Threading::MTInteger fragmentCounter;
 
+constexpr int kNestedFragment = 1;
+constexpr int kFragmentPlacedInFragment = 2;
+
+/// All that a stream holds; its position ends up behind the last byte.
+Core::ByteArray contentOf(Core::IO::Stream& stream) {
+    Core::ByteArray content(static_cast<std::size_t>(stream.length()));
+    stream.seek(0, Core::IO::SeekOrigin::begin);
+    std::size_t done = 0;
+    while (const std::size_t count = stream.read(content, done, content.size() - done))
+        done += count;
+    content.resize(done);
+    return content;
+}
+
 }  // namespace
 
 PSDocumentFragment::PSDocumentFragment(float fragmentWidth, float fragmentHeight)
@@ -36,11 +50,11 @@ void PSDocumentFragment::setTransform(const Matrix& transform) {
 
 Core::SmartPtr<IOutputContext> PSDocumentFragment::createDocumentFragment(float /*width*/,
                                                                           float /*height*/) {
-    throw Core::UnreacheableCodeException("PSDocumentFragment", 1);
+    throw Core::UnreacheableCodeException("PSDocument", kNestedFragment);
 }
 
 void PSDocumentFragment::drawDocumentFragment(Core::SmartPtr<IOutputContext> /*fragment*/) {
-    throw Core::UnreacheableCodeException("PSDocumentFragment", 2);
+    throw Core::UnreacheableCodeException("PSDocument", kFragmentPlacedInFragment);
 }
 
 bool PSDocumentFragment::isFragmentOf(Core::SmartPtr<IOutputContext> context) const {
@@ -49,7 +63,7 @@ bool PSDocumentFragment::isFragmentOf(Core::SmartPtr<IOutputContext> context) co
 }
 
 Core::ByteArray PSDocumentFragment::getRecordedBytes() const {
-    return static_cast<const Core::IO::MemoryStream&>(*scriptStream).getBuffer();
+    return contentOf(*scriptStream);
 }
 
 Core::SmartPtr<IOutputContext> PSDocument::createDocumentFragment(float width, float height) {

@@ -28,7 +28,8 @@ public:
     [[nodiscard]] Core::String getName() const { return name; }
     [[nodiscard]] float getWidth() const { return width; }
     [[nodiscard]] float getHeight() const { return height; }
-    /// A copy of what was drawn so far.
+    /// A copy of what was drawn so far. A fragment that a document was assigned to shares its
+    /// script, so that is all that was drawn on either.
     [[nodiscard]] Core::ByteArray getRecordedBytes() const;
 
 protected:

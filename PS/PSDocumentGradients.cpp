@@ -44,9 +44,7 @@ String colorSpaceName(ColorType type) {
 }  // namespace
 
 bool PSDocument::hasGradientFill(const Core::SmartPtr<PSGradient>& gradient) const {
-    // Registration gives the name, so the search is for none that may be long.
-    return !gradient->getName().isEmpty() &&
-           std::ranges::find(gradients, gradient) != gradients.end();
+    return std::ranges::find(gradients, gradient) != gradients.end();
 }
 
 void PSDocument::assignShaderName(PSGradient& gradient) {
@@ -58,10 +56,8 @@ void PSDocument::writeGradientBrush(const GradientBrush& brush) {
     const bool linear = brush.getBrushType() == BrushType::linearGradient;
     const auto gradient = Core::makeObject<PSGradient>(
         formatCoords(brush), linear ? PSGradient::kAxial : PSGradient::kRadial, brush.getStops());
-    if (!hasGradientFill(gradient)) {
-        assignShaderName(*gradient);
-        gradients.push_back(gradient);
-    }
+    assignShaderName(*gradient);
+    gradients.push_back(gradient);
     const Matrix& m = brush.getMatrix();
     const String matrix = StringFormatStream(u"[{0} {1} {2} {3} {4} {5}] ")
                           << m.getScaleX() << m.getShearY() << m.getShearX() << m.getScaleY()

@@ -18,11 +18,21 @@ using Core::writeFixed;
 
 namespace {
 
+constexpr int kShortAlpha = 5;
+
 /// The selector is part of the key, behind the last underscore; the resource writers take it
 /// from there.
 String imageKey(const Image& image, int selector) {
     const String key = StringFormatStream(u"{0}_{1}") << image.getHashKey() << selector;
     return key.replace(u" ", u"_");
+}
+
+/// The plane comes from the host's image, which may not keep its word.
+void requireAlpha(std::size_t values, std::size_t pixels) {
+    if (values < pixels)
+        throw Core::FormatException("PSDocument", kShortAlpha,
+                                    "an image has " + std::to_string(values) +
+                                        " alpha values for " + std::to_string(pixels) + " pixels");
 }
 
 }  // namespace
@@ -48,8 +58,10 @@ Core::ByteArray PSDocument::getTransparentBytes(const Core::SmartPtr<Image>& ima
     const Core::ByteArray pixels = image->getPixelBytes(selector);
     const Core::ByteArray alpha = image->getAlphaBytes(selector);
     const auto components = static_cast<std::size_t>(image->getColorSpace()->getComponentCount());
+    const std::size_t count = pixels.size() / components;
+    requireAlpha(alpha.size(), count);
     Core::ByteArray result(pixels.size());
-    for (std::size_t pixel = 0; pixel < pixels.size() / components; ++pixel) {
+    for (std::size_t pixel = 0; pixel < count; ++pixel) {
         const float a = static_cast<float>(alpha[pixel]) / 255.0F;
         const double white = (1.0 - a) * 255.0;
         for (std::size_t i = pixel * components; i < (pixel + 1) * components; ++i)

@@ -59,14 +59,12 @@ ColorSpaceLines linesOf(ColorSpaceType type) {
     }
 }
 
-/// What both dialects share: one image, its key, and lines to one stream.
+/// What both dialects share: one image, its key, and lines to one stream. The image is asked where
+/// a line needs the answer, so what stands before a missing one is written.
 class ImageResource {
 public:
     ImageResource(Core::IO::Stream& stream, const String& key, const Image& image)
-        : stream_(stream),
-          key_(key),
-          size_(image.getPixelSize()),
-          type_(image.getColorSpace()->getType()) {}
+        : stream_(stream), key_(key), image_(image) {}
 
     void line(const String& text) {
         stream_.write(text.toUtf8());
@@ -85,25 +83,28 @@ public:
     void formHead() {
         line(StringFormatStream(u"/{0} <<") << Names::image(key_));
         line(u"/FormType 1");
-        line(StringFormatStream(u"/BBox [0 0 {0} {1}]") << size_.width << size_.height);
+        sizeLine(u"/BBox [0 0 {0} {1}]");
     }
     void imageHead() {
         line(u"<<\n/ImageType 1");
-        line(StringFormatStream(u"/Width {0}\n/Height {1} ") << size_.width << size_.height);
+        sizeLine(u"/Width {0}\n/Height {1} ");
         line(u"/BitsPerComponent 8");
     }
-    void imageMatrix() {
-        line(StringFormatStream(u"/ImageMatrix [{0} 0 0 {1} 0 0]") << size_.width << size_.height);
-    }
+    void imageMatrix() { sizeLine(u"/ImageMatrix [{0} 0 0 {1} 0 0]"); }
 
     [[nodiscard]] const String& key() const { return key_; }
-    [[nodiscard]] ColorSpaceType type() const { return type_; }
+    [[nodiscard]] ColorSpaceType type() const { return image_.getColorSpace()->getType(); }
 
 private:
+    /// `pattern` with the image's width and height in its places.
+    void sizeLine(const char16_t* pattern) {
+        const PixelSize size = image_.getPixelSize();
+        line(StringFormatStream(pattern) << size.width << size.height);
+    }
+
     Core::IO::Stream& stream_;
     const String& key_;
-    PixelSize size_;
-    ColorSpaceType type_;
+    const Image& image_;
 };
 
 /// Type 5 images are placed inline and read a hexadecimal string under the form's name. The form
@@ -144,9 +145,9 @@ void writeLevel2Data(ImageResource& resource, const ByteArray& data, ImageEncode
 
 /// The form hands the strings to `image` one after another; the counter starts again each time.
 void writeLevel2Form(ImageResource& resource) {
-    const ColorSpaceLines lines = linesOf(resource.type());
     resource.formHead();
     resource.line(u"/Matrix [1 0 0 1 0 0]\n/PaintProc\n{\npop\nuserdict /i 0 put");
+    const ColorSpaceLines lines = linesOf(resource.type());
     if (lines.space)
         resource.line(lines.space);
     resource.imageHead();
@@ -187,11 +188,11 @@ void writeLevel3Data(ImageResource& resource, const ByteArray& data, ImageEncode
 }
 
 void writeLevel3Form(ImageResource& resource) {
-    const ColorSpaceLines lines = linesOf(resource.type());
     resource.formHead();
     resource.line(u"/Matrix [1 0 0 1 0 0]\n/PaintProc\n{\npop");
     resource.line(StringFormatStream(u"{0} 0 setfileposition\n")
                   << Names::imageData(resource.key()));
+    const ColorSpaceLines lines = linesOf(resource.type());
     if (!lines.space)
         unreachable(kUnknownLevel3ColorSpace);
     resource.line(lines.space);

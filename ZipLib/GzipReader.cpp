@@ -19,7 +19,7 @@ struct Release {
     }
 };
 
-/// Room for a drawing that shrank to a quarter, which is usual.
+/// Drawings shrink to a quarter as a rule.
 constexpr std::size_t kUsualRatio = 4;
 constexpr std::size_t kLeastRoom = 65536;
 
@@ -29,47 +29,50 @@ public:
         : decompressor_(libdeflate_alloc_decompressor()), bytes_(bytes), most_(most) {
         if (!decompressor_)
             throw std::bad_alloc();
+        content_.resize(std::min(most_, std::max(kLeastRoom, bytes_.size() * kUsualRatio)));
     }
 
     std::string run() {
         do {
-            member();
+            while (!member())
+                grow();
         } while (GzipReader::isGzip(bytes_));
+        content_.resize(done_);
         return std::move(content_);
     }
 
 private:
-    /// A member tells its size only in its last bytes and then modulo 4 GiB, so the room grows
-    /// until it is enough.
-    void member() {
-        const std::size_t before = content_.size();
-        std::size_t room = std::max(kLeastRoom, bytes_.size() * kUsualRatio);
-        for (;; room *= 2) {
-            room = std::min(room, most_ - before);
-            content_.resize(before + room);
-            std::size_t read = 0;
-            std::size_t written = 0;
-            const libdeflate_result result =
-                libdeflate_gzip_decompress_ex(decompressor_.get(), bytes_.data(), bytes_.size(),
-                                              content_.data() + before, room, &read, &written);
-            if (result == LIBDEFLATE_SUCCESS) {
-                content_.resize(before + written);
-                bytes_.remove_prefix(read);
-                return;
-            }
-            if (result != LIBDEFLATE_INSUFFICIENT_SPACE)
-                throw Core::FormatException("GzipReader", 1, "the gzip data is damaged or cut off");
-            if (room == most_ - before)
-                throw Core::FormatException(
-                    "GzipReader", 2,
-                    "the gzip data unpacks to more than " + std::to_string(most_) + " bytes");
-        }
+    /// Unpacks a member behind those before it; false if it does not fit. A member tells its size
+    /// only in its last bytes and then modulo 4 GiB.
+    bool member() {
+        std::size_t read = 0;
+        std::size_t written = 0;
+        const libdeflate_result result = libdeflate_gzip_decompress_ex(
+            decompressor_.get(), bytes_.data(), bytes_.size(), content_.data() + done_,
+            content_.size() - done_, &read, &written);
+        if (result == LIBDEFLATE_INSUFFICIENT_SPACE)
+            return false;
+        if (result != LIBDEFLATE_SUCCESS)
+            throw Core::FormatException("GzipReader", 1, "the gzip data is damaged or cut off");
+        done_ += written;
+        bytes_.remove_prefix(read);
+        return true;
+    }
+
+    /// Doubled each time, so that many members take no longer than one of their size.
+    void grow() {
+        if (content_.size() == most_)
+            throw Core::FormatException(
+                "GzipReader", 2,
+                "the gzip data unpacks to more than " + std::to_string(most_) + " bytes");
+        content_.resize(content_.size() > most_ / 2 ? most_ : content_.size() * 2);
     }
 
     std::unique_ptr<libdeflate_decompressor, Release> decompressor_;
     std::string_view bytes_;
     std::size_t most_;
-    std::string content_;
+    std::string content_;   ///< with room behind what is unpacked
+    std::size_t done_ = 0;  ///< bytes unpacked
 };
 
 }  // namespace

@@ -25,13 +25,24 @@ install(TARGETS ${libraries} EXPORT PSGraphicsTargets
         FILE_SET HEADERS DESTINATION ${header_folder})
 install(EXPORT PSGraphicsTargets NAMESPACE PSGraphics:: DESTINATION ${package_folder})
 
-# Libraries and host find each other wherever the whole prefix is moved.
-set_target_properties(${libraries} PROPERTIES INSTALL_RPATH "$ORIGIN")
 if(TARGET psrender)
+  install(TARGETS psrender RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+endif()
+
+# Shared libraries and the host find each other wherever the whole prefix is moved, and lie in the
+# build tree as they will when installed. So one run path serves both: where it has to be changed at
+# installation, CMake makes room for the later one with empty entries, and each of them stands for
+# the folder that the program is started in, whatever libraries lie there.
+if(BUILD_SHARED_LIBS)
   file(RELATIVE_PATH libraries_from_host
        /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_LIBDIR})
-  set_target_properties(psrender PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries_from_host}")
-  install(TARGETS psrender RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  set_target_properties(${libraries} PROPERTIES BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH "$ORIGIN"
+    LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/${CMAKE_INSTALL_LIBDIR})
+  if(TARGET psrender)
+    set_target_properties(psrender PROPERTIES
+      BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH "$ORIGIN/${libraries_from_host}"
+      RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/${CMAKE_INSTALL_BINDIR})
+  endif()
 endif()
 
 configure_package_config_file(

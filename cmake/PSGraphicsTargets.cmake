@@ -1,15 +1,17 @@
 # What every target of the project has in common.
 include(GNUInstallDirs)
+include(PSGraphicsHardening)
 
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
-# Language, include root and warnings of one target of ours.
+# Language, include root, hardening and warnings of one target of ours.
 function(psgraphics_configure target)
   target_compile_features(${target} PUBLIC cxx_std_20)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
   target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
+  psgraphics_harden(${target})
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
                          $<$<BOOL:${PSGRAPHICS_STRICT}>:-Werror>)
   # g++ 12 reports overlaps and overflows inside its own <string> for `"literal" + text` once it

@@ -6,6 +6,7 @@
 #include "Fonts/internal/FamilyClass.h"
 #include "Fonts/internal/FontLoader.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 
@@ -38,6 +39,16 @@ FontRegistry::Program standardFont(const Drawing::Font& font) {
     return StandardFont::findByName(name);
 }
 
+/// Keeps an answer; too many are all forgotten.
+template <class Answers>
+FontRegistry::Program remember(Answers& answers, const typename Answers::key_type& key,
+                               FontRegistry::Program answer) {
+    constexpr std::size_t kMost = 10000;
+    if (answers.size() >= kMost)
+        answers.clear();
+    return answers.emplace(key, std::move(answer)).first->second;
+}
+
 FontRegistry::Program standIn(const Drawing::Font& font) {
     return StandardFont::findByStyle(standInFor(font.getFontFamily()), font.getWeight(),
                                      font.getSlant());
@@ -47,9 +58,34 @@ FontRegistry::Program standIn(const Drawing::Font& font) {
 
 void FontRegistry::add(Registration registration) {
     const std::scoped_lock lock(lock_);
+    std::erase_if(registrations_, [&](const Registration& other) {
+        return other.family.equalsNoCase(registration.family) &&
+               other.weight == registration.weight && other.slant == registration.slant;
+    });
     registrations_.push_back(std::move(registration));
+    forgetAnswers();
+}
+
+void FontRegistry::remove(const Program& program) {
+    const std::scoped_lock lock(lock_);
+    std::erase_if(registrations_,
+                  [&](const Registration& other) { return other.program == program; });
+    forgetAnswers();
+}
+
+void FontRegistry::forgetAnswers() {
     answers_.clear();
     characterAnswers_.clear();
+}
+
+/// A program that nobody but the registry holds is opened again when it is asked for. The limit
+/// doubles with what is in use, so that looking for the others takes no time to speak of.
+void FontRegistry::closeUnusedFiles() {
+    if (files_.size() < fileLimit_)
+        return;
+    forgetAnswers();
+    std::erase_if(files_, [](const auto& file) { return file.second->getReferenceCount() == 1; });
+    fileLimit_ = std::max(kKeptFiles, files_.size() * 2);
 }
 
 FontRegistry::Program FontRegistry::open(const std::string& fileName, std::uint32_t faceIndex) {
@@ -73,7 +109,7 @@ FontRegistry::Program FontRegistry::findFor(char32_t character, const Drawing::F
     const auto known = characterAnswers_.find(key);
     if (known != characterAnswers_.end())
         return known->second;
-    return characterAnswers_.emplace(key, searchFor(character, font)).first->second;
+    return remember(characterAnswers_, key, searchFor(character, font));
 }
 
 FontRegistry::Program FontRegistry::findInstalled(const Drawing::Font& font) {
@@ -90,6 +126,7 @@ FontRegistry::Program FontRegistry::openLocked(const std::string& fileName,
     const auto known = files_.find(key);
     if (known != files_.end())
         return known->second;
+    closeUnusedFiles();
     return files_.emplace(key, loadFont(FontBytes(fileName), faceIndex)).first->second;
 }
 
@@ -97,7 +134,7 @@ FontRegistry::Program FontRegistry::findLocked(const Drawing::Font& font) {
     const auto known = answers_.find(font.getHashKey());
     if (known != answers_.end())
         return known->second;
-    return answers_.emplace(font.getHashKey(), search(font)).first->second;
+    return remember(answers_, font.getHashKey(), search(font));
 }
 
 FontRegistry::Program FontRegistry::search(const Drawing::Font& font) {

@@ -6,6 +6,7 @@
 #include "Fonts/FontProgram.h"
 #include "Fonts/internal/SystemFonts.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <mutex>
@@ -17,6 +18,9 @@ namespace Fonts {
 
 /// What `FontManager` knows: the fonts that the host registered, the files that are open, and the
 /// answers given so far. Safe to use from several threads.
+///
+/// Memory does not grow with what was asked in the past: answers are forgotten when there are many,
+/// and of the open files, beyond some dozens, only those that somebody holds are kept.
 class FontRegistry {
 public:
     using Program = Core::SmartPtr<FontProgram>;
@@ -28,7 +32,10 @@ public:
         Program program;
     };
 
+    /// Takes the place of a registration of the same family, weight and slant.
     void add(Registration registration);
+    /// Takes back every registration of `program`.
+    void remove(const Program& program);
     /// A file is opened once per face.
     Program open(const std::string& fileName, std::uint32_t faceIndex);
     /// Null if no font fits.
@@ -47,11 +54,16 @@ private:
     [[nodiscard]] Program installed(const Drawing::Font& font);
     [[nodiscard]] Program openCandidate(const SystemFonts::Candidate& candidate);
     [[nodiscard]] Program searchFor(char32_t character, const Drawing::Font& font);
+    void forgetAnswers();
+    void closeUnusedFiles();
+
+    static constexpr std::size_t kKeptFiles = 64;
 
     std::mutex lock_;
     SystemFonts system_;
     std::vector<Registration> registrations_;
     std::map<std::pair<std::string, std::uint32_t>, Program> files_;
+    std::size_t fileLimit_ = kKeptFiles;       ///< beyond which unused ones are closed
     std::map<Core::String, Program> answers_;  ///< by the font's hash key; null: none fits
     std::map<std::pair<char32_t, Core::String>, Program> characterAnswers_;
 };

@@ -10,6 +10,9 @@ namespace Fonts {
 
 namespace {
 
+/// A list names every installed font, so only so many are kept.
+constexpr std::size_t kMostSorted = 200;
+
 bool flagOf(FcPattern* pattern, const char* object) {
     FcBool flag = FcFalse;
     return FcPatternGetBool(pattern, object, 0, &flag) == FcResultMatch && flag != FcFalse;
@@ -80,6 +83,8 @@ const std::vector<SystemFonts::Candidate>& SystemFonts::sortedFor(const Drawing:
     const auto found = sorted_.find(font.getHashKey());
     if (found != sorted_.end())
         return found->second.candidates;
+    if (sorted_.size() >= kMostSorted)
+        sorted_.clear();
     return sorted_.emplace(font.getHashKey(), sort(font)).first->second.candidates;
 }
 

@@ -34,8 +34,8 @@ public:
         FcPattern* pattern_;
     };
 
-    /// All usable fonts, those that fit the description best coming first. Valid as long as this
-    /// object lives.
+    /// All usable fonts, those that fit the description best coming first. Valid until the next
+    /// call.
     const std::vector<Candidate>& sortedFor(const Drawing::Font& font);
 
 private:

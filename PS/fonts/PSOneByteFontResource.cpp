@@ -11,6 +11,7 @@ namespace Drawing::PS {
 namespace {
 
 constexpr std::int32_t kQuickGlyphs = 1 << 16;
+constexpr int kCodeWithoutGlyph = 3;
 constexpr std::int32_t kNoGlyph = -2;  // -1 is the missing glyph, which has a code like any other
 
 struct Escape {
@@ -112,7 +113,7 @@ std::vector<Core::String> PSOneByteFontResource::namesInCodeOrder() const {
     names.reserve(glyphs.size());
     for (const std::int32_t glyph : glyphs) {
         if (glyph == kNoGlyph)
-            throw Core::UnreacheableCodeException("PSFontResource", 1);
+            throw Core::UnreacheableCodeException("PSDocument", kCodeWithoutGlyph);
         names.push_back(fontProgram->getGlyphName(static_cast<GlyphId>(glyph)));
     }
     return names;

@@ -50,20 +50,24 @@ void PSStdAdobeFontResource::rememberKerning(const Fonts::FontScript& run,
                                              const std::vector<GlyphId>& glyphs) {
     for (std::size_t i = 1; i < glyphs.size(); ++i) {
         const bool mark = i < run.text.length() && Fonts::UnicodeRanges::isMark(run.text[i]);
-        if (!mark && !isNewPair(codeOf(glyphs[i - 1]), codeOf(glyphs[i])))
+        if (!isNewQuestion(codeOf(glyphs[i - 1]), codeOf(glyphs[i]), mark))
             continue;
         if (const auto kern = fontProgram->getKerning(glyphs[i - 1], glyphs[i], mark))
-            kerningPairs[{glyphs[i - 1], glyphs[i]}] = *kern;
+            kerningPairs[{static_cast<std::int32_t>(glyphs[i - 1]),
+                          static_cast<std::int32_t>(glyphs[i])}] = *kern;
     }
 }
 
-/// Asked once for each pair of codes; a text that is not asked whether it fits may have others.
-bool PSStdAdobeFontResource::isNewPair(std::uint32_t first, std::uint32_t second) {
+/// The same question as last time has the same answer, which stands in the table already. A glyph
+/// may serve a letter and a mark, and the later answer counts. Codes beyond a byte, which only a
+/// text that is not asked whether it fits may have, are asked about each time.
+bool PSStdAdobeFontResource::isNewQuestion(std::uint32_t first, std::uint32_t second, bool mark) {
     if (first >= kCodes || second >= kCodes)
         return true;
     if (askedPairs.empty())
         askedPairs.resize(kCodes * kCodes);
-    return std::exchange(askedPairs[first * kCodes + second], std::uint8_t{1}) == 0;
+    const Asked asked = mark ? Asked::asMark : Asked::asLetter;
+    return std::exchange(askedPairs[first * kCodes + second], asked) != asked;
 }
 
 void PSStdAdobeFontResource::writeResource(const Core::SmartPtr<Core::IO::Stream>& stream) {
@@ -83,8 +87,9 @@ void PSStdAdobeFontResource::writeKerning(Core::IO::Stream& stream) const {
     std::string text = head.toUtf8();
     for (const auto& [pair, kern] : kerningPairs) {
         const Core::String line = StringFormatStream(u"[ /{0} /{1} {2} ]\n")
-                                  << fontProgram->getGlyphName(pair.first)
-                                  << fontProgram->getGlyphName(pair.second) << -kern;
+                                  << fontProgram->getGlyphName(static_cast<GlyphId>(pair.first))
+                                  << fontProgram->getGlyphName(static_cast<GlyphId>(pair.second))
+                                  << -kern;
         text += line.toUtf8();
     }
     stream.write(text += "] def\n\n");

@@ -24,13 +24,15 @@ public:
 
 private:
     void rememberKerning(const Fonts::FontScript& run, const std::vector<GlyphId>& glyphs);
-    [[nodiscard]] bool isNewPair(std::uint32_t first, std::uint32_t second);
+    [[nodiscard]] bool isNewQuestion(std::uint32_t first, std::uint32_t second, bool mark);
     void writeKerning(Core::IO::Stream& stream) const;
 
-    /// 1/1000 em, positive = closer.
-    std::map<std::pair<GlyphId, GlyphId>, int> kerningPairs;
-    std::vector<std::uint8_t>
-        askedPairs;  ///< by two codes, whether they are in the table if they kern
+    /// As which of the two the second glyph of a pair was asked for last.
+    enum class Asked : std::uint8_t { never, asLetter, asMark };
+
+    /// 1/1000 em, positive = closer. By signed numbers: the missing glyph, -1, comes first.
+    std::map<std::pair<std::int32_t, std::int32_t>, int> kerningPairs;
+    std::vector<Asked> askedPairs;  ///< by two codes
 };
 
 }  // namespace Drawing::PS

@@ -44,7 +44,7 @@ private:
 
     static constexpr std::size_t kRoom = 2 * Core::kMaxNumberText<float> + 1;
 
-    /// What was written is still there only if writing goes on right behind it.
+    /// What was written is still there only if writing goes on right behind it, as streams promise.
     char* begin(std::size_t count) {
         char* out = stream_.reserve(count);
         if (out != next_)

@@ -11,6 +11,7 @@ namespace Drawing::PS {
 
 namespace {
 
+constexpr int kMalformedSegment = 4;
 constexpr std::uint8_t kSegmentMark = 128;
 constexpr std::size_t kHexLine = 32;
 
@@ -156,7 +157,7 @@ std::string hexadecimal(std::span<const std::uint8_t> bytes) {
 }
 
 [[noreturn]] void malformed() {
-    throw Core::UnreacheableCodeException("PSType1FontResource", 1);
+    throw Core::UnreacheableCodeException("PSDocument", kMalformedSegment);
 }
 
 std::size_t lengthAt(std::span<const std::uint8_t> bytes) {

@@ -81,7 +81,9 @@ TEST(Stream, ReadsWritesAndSeeksAlikeInMemoryAndFile) {
 TEST(Stream, TakesLargePiecesAndManySmallOnes) {
     const auto file = scratch();
     std::string expected(200000, 'a');
+    file->write("small before large");
     file->write(ByteArray(expected), 0, expected.size());
+    expected.insert(0, "small before large");
     for (int i = 0; i < 50000; ++i) {
         Core::writeFixed<"{0}\n">(*file, i);
         expected += std::to_string(i) + "\n";
@@ -100,6 +102,71 @@ TEST(Stream, ANumberThatCannotBeWrittenLeavesNoneOfItsLine) {
     }
     EXPECT_EQ("1 m\n2 c\n", plain->text);
     EXPECT_EQ("1 m\n2 c\n", memory->view());
+}
+
+TEST(Stream, ReadsToAnyPlaceOfAFullBuffer) {
+    for (const SmartPtr<Stream>& stream :
+         {SmartPtr<Stream>(makeObject<MemoryStream>()), SmartPtr<Stream>(scratch())}) {
+        stream->write("abcdef");
+        stream->seek(0, SeekOrigin::begin);
+        ByteArray into("......");
+        EXPECT_EQ(2U, stream->read(into, 4, 6)) << "no more than there is room for";
+        EXPECT_EQ("....ab", into.view());
+        EXPECT_EQ(0U, stream->read(into, 6, 1));
+        EXPECT_EQ(1U, stream->read(into, 1, 1));
+        EXPECT_EQ(".c..ab", into.view());
+    }
+}
+
+/// Passes each piece on into memory that is taken from where the piece lay.
+class CrowdingStream : public PlainStream {
+public:
+    using Stream::write;
+    void write(const ByteArray& from, std::size_t offset, std::size_t count) override {
+        if (fails)
+            throw Core::IOException("cannot write to", "the test", ENOSPC);
+        PlainStream::write(from, offset, count);
+        crowd_.push_back(std::make_unique_for_overwrite<char[]>(count - 8));
+    }
+    bool fails = false;
+
+private:
+    std::vector<std::unique_ptr<char[]>> crowd_;
+};
+
+/// What a path's writer builds on, which copies coordinates from the lines before.
+TEST(Stream, RoomBehindTheLastCommitHasItsBytesInFront) {
+    const auto file = scratch();
+    const auto check = [](Stream& stream) {
+        for (const std::size_t length : {40UL, 2040UL, 4088UL, 70000UL, 24UL, 65536UL}) {
+            char* room = stream.reserve(length + 2000);
+            std::fill_n(room, length, 'x');
+            stream.commit(room + length);
+            const char* next = stream.reserve(50);
+            const bool follows = next == room + length;
+            EXPECT_TRUE(!follows || std::all_of(room, room + length, [](char c) {
+                return c == 'x';
+            })) << length;
+        }
+    };
+    check(*makeObject<MemoryStream>());
+    check(*file);
+    const auto crowding = makeObject<CrowdingStream>();
+    crowding->text.reserve(1000000);
+    for (int i = 0; i < 100; ++i) {
+        char* room = crowding->reserve(6000);
+        crowding->commit(std::fill_n(room, 2048, 'x'));
+        EXPECT_NE(room + 2048, crowding->reserve(3000)) << "the piece is not there any more";
+    }
+}
+
+TEST(Stream, ThatLostBytesTakesNoMore) {
+    const auto stream = makeObject<CrowdingStream>();
+    stream->fails = true;
+    EXPECT_RAISES(Core::IOException, "Stream:28", stream->write("lost"));
+    stream->fails = false;
+    EXPECT_RAISES(Core::IOException, "Stream:0", stream->write("behind a gap"));
+    EXPECT_EQ("", stream->text);
 }
 
 TEST(FileStream, ScratchFilesArePrivateAndNameless) {
@@ -129,11 +196,56 @@ TEST(FileStream, NamesTheFileAndTheReasonOfAFailure) {
         EXPECT_EQ("cannot write to /dev/full: " + std::generic_category().message(ENOSPC),
                   failure.getMessage());
     }
+    EXPECT_RAISES(Core::IOException, "Stream:28", full->close());
+    EXPECT_RAISES(Core::IOException, "Stream:28", full->write("more"));
     std::string warned;
     auto before = Core::Log::setSink([&](const Core::String& text) { warned = text.toUtf8(); });
     makeObject<FileStream>(u"/dev/full", true, false, true)->write("lost");
     Core::Log::setSink(std::move(before));
     EXPECT_THAT(warned, HasSubstr("/dev/full")) << "nobody closed it, but it must not be silent";
+}
+
+/// Lets files grow to so many bytes only for as long as it lives.
+class FileSizeLimit {
+public:
+    explicit FileSizeLimit(rlim_t bytes) : before_(std::signal(SIGXFSZ, SIG_IGN)) {
+        ::getrlimit(RLIMIT_FSIZE, &limit_);
+        const rlimit lower{bytes, limit_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &lower);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+    ~FileSizeLimit() {
+        ::setrlimit(RLIMIT_FSIZE, &limit_);
+        std::signal(SIGXFSZ, before_);
+    }
+
+private:
+    rlimit limit_{};
+    void (*before_)(int);
+};
+
+TEST(FileStream, StaysFailed) {
+    const auto file = scratch();
+    std::string warned;
+    auto before = Core::Log::setSink([&](const Core::String& text) { warned = text.toUtf8(); });
+    {
+        const FileSizeLimit limit(100000);
+        EXPECT_RAISES(
+            Core::IOException, "Stream:27",
+            for (int i = 0; i < 100000; ++i) { Core::writeFixed<"{0} {0} l\n">(*file, i); });
+    }
+    ByteArray some(10);
+    EXPECT_RAISES(Core::IOException, "Stream:27", file->write("behind the gap"));
+    EXPECT_RAISES(Core::IOException, "Stream:27", file->flush());
+    EXPECT_RAISES(Core::IOException, "Stream:27", file->seek(0, SeekOrigin::begin));
+    EXPECT_RAISES(Core::IOException, "Stream:27", file->read(some, 0, 10));
+    EXPECT_RAISES(Core::IOException, "Stream:27", file->length());
+    EXPECT_RAISES(Core::IOException, "Stream:27", file->write(ByteArray(100000), 0, 100000));
+    for (int times = 0; times < 2; ++times)
+        EXPECT_RAISES(Core::IOException, "Stream:27", file->close());
+    Core::Log::setSink(std::move(before));
+    EXPECT_EQ("", warned) << "the failure was raised";
 }
 
 TEST(SmartPtr, CountsReferencesAndRefusesNull) {

@@ -29,6 +29,13 @@ TEST(String, ConvertsToUtf8AndBack) {
     const std::string mixed = "A\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80\xEF\xBF\xBD";
     EXPECT_EQ(mixed, String(mixed).toUtf8());
     EXPECT_EQ(6U, String(mixed).length());
+    const String edges = u"\x7F\x80\x7FF\x800\uD7FF\uE000\uFFFF\xD800\xDC00\xDBFF\xDFFF";
+    EXPECT_EQ(
+        "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF"
+        "\xF0\x90\x80\x80\xF4\x8F\xBF\xBF",
+        edges.toUtf8());
+    EXPECT_EQ(edges, String(edges.toUtf8()));
+    EXPECT_EQ("\xC2\x80", Encoder::convertStringToMultibyte(u"\x80").view());
     EXPECT_EQ(mixed, Encoder::convertStringToMultibyte(String(mixed)).view());
     EXPECT_EQ("a\xEF\xBF\xBD", String(u"a\xD800").toUtf8()) << "a lone surrogate";
     for (const char* malformed :

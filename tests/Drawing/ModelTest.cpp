@@ -32,9 +32,13 @@ TEST(RasterImage, KeyIsAHashOfEverythingThatIsSeen) {
     EXPECT_EQ(base, key({2, 1}, ColorSpaceType::rgb, six));
     EXPECT_NE(base, key({1, 2}, ColorSpaceType::rgb, six));
     EXPECT_NE(base, key({6, 1}, ColorSpaceType::gray, six));
-    EXPECT_NE(base, key({2, 1}, ColorSpaceType::rgb, six, ByteArray(2)));
+    const std::string clear = key({2, 1}, ColorSpaceType::rgb, six, ByteArray(2));
+    EXPECT_NE(base, clear);
+    EXPECT_NE(clear, key({2, 1}, ColorSpaceType::rgb, six, ByteArray("\0\1", 2)));
     EXPECT_NE(base, key({2, 1}, ColorSpaceType::rgb, ByteArray("\0\0\0\0\0\1", 6)));
     EXPECT_RAISES(Core::FormatException, "RasterImage:1", key({2, 2}, ColorSpaceType::rgb, six));
+    EXPECT_RAISES(Core::FormatException, "RasterImage:1",
+                  key({2, 1}, ColorSpaceType::rgb, six, ByteArray(1)));
 }
 
 }  // namespace

@@ -3,10 +3,12 @@
 #include "Fonts/FontException.h"
 #include "Fonts/ResourceManagerImpl.h"
 #include "tests/Fonts/FontFiles.h"
+#include "tests/support/FakeFont.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <thread>
@@ -114,6 +116,56 @@ TEST_F(FontManagerTest, OpensAFileOnceAndSharesIt) {
     EXPECT_EQ(FontManager::openFontFile(FontFiles::kNimbusRomanBare),
               FontManager::getFont(describe("Nimbus Roman")))
         << "neither the OpenType file, which a document cannot carry, nor the one without kerning";
+}
+
+TEST_F(FontManagerTest, TheLatestRegistrationCountsAndTheOthersLetGo) {
+    const auto first = Core::makeObject<FakeFont>(Fonts::FontKind::type1, "First");
+    const auto second = Core::makeObject<FakeFont>(Fonts::FontKind::type1, "Second");
+    const auto bold = Core::makeObject<FakeFont>(Fonts::FontKind::type1, "Bold");
+    FontManager::registerFont("Webfont", 400, FontSlant::upright, first);
+    FontManager::registerFont("Webfont", 800, FontSlant::upright, bold);
+    FontManager::registerFont("Webfont", 600, FontSlant::upright, bold);
+    EXPECT_EQ("First", nameOf(FontManager::findFont(describe("Webfont"))));
+    FontManager::registerFont("WEBFONT", 400, FontSlant::upright, second);
+    EXPECT_EQ(1, first->getReferenceCount());
+    expectAnswers({{"Webfont", 400, FontSlant::upright, "Second"},
+                   {"Webfont", 700, FontSlant::upright, "Bold"},
+                   {"Webfont", 400, FontSlant::italic, "Second"}});
+    FontManager::unregisterFont(bold);
+    FontManager::unregisterFont(second);
+    expectAnswers({{"Webfont", 700, FontSlant::upright, "none"}});
+    EXPECT_EQ(1, bold->getReferenceCount());
+    EXPECT_EQ(1, second->getReferenceCount());
+}
+
+/// How often a file is mapped into memory.
+long mappingsOf(const std::string& name) {
+    std::ifstream maps("/proc/self/maps");
+    long count = 0;
+    for (std::string line; std::getline(maps, line);)
+        count += line.ends_with(name) ? 1 : 0;
+    return count;
+}
+
+TEST_F(FontManagerTest, ClosesFilesThatNobodyUses) {
+    const std::filesystem::path folder = testing::TempDir() + "psgraphics-many-fonts";
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directory(folder);
+    const auto nameAt = [&](int number) { return folder / (std::to_string(number) + ".ttf"); };
+    std::vector<FontManager::Program> held;
+    for (int i = 0; i < 300; ++i) {
+        std::filesystem::create_symlink(FontFiles::kDejaVuSans, nameAt(i));
+        const auto program = FontManager::openFontFile(nameAt(i).string());
+        if (i < 5)
+            held.push_back(program);
+    }
+    const long mapped = mappingsOf(FontFiles::kDejaVuSans);
+    EXPECT_GT(mapped, 5);
+    EXPECT_LT(mapped, 100);
+    for (int i = 0; i < 5; ++i)
+        EXPECT_EQ(held.at(static_cast<std::size_t>(i)),
+                  FontManager::openFontFile(nameAt(i).string()));
+    std::filesystem::remove_all(folder);
 }
 
 TEST_F(FontManagerTest, FindsAFontForACharacter) {

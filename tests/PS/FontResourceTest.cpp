@@ -91,6 +91,46 @@ TEST(StandardFont, IsReencodedWithTheGlyphsShown) {
         defined(*kerned));
 }
 
+/// A and B have glyphs of their own; the acute shares B's and stands closer to A as a mark; what
+/// else there is has none.
+class MarkedFont : public FakeFont {
+public:
+    MarkedFont() : FakeFont(FontKind::type1) {}
+    [[nodiscard]] std::vector<GlyphId> mapGlyphs(const Fonts::FontScript& run) const override {
+        std::vector<GlyphId> glyphs;
+        for (const char16_t unit : run.text.view())
+            glyphs.push_back(unit == u'A'                        ? 1
+                             : unit == u'B' || unit == u'\u0301' ? 2
+                                                                 : kMissingGlyph);
+        return glyphs;
+    }
+    [[nodiscard]] std::optional<int> getKerning(GlyphId first, GlyphId second,
+                                                bool secondIsMark) const override {
+        ++questions;
+        if (first == 1 && second == 2)
+            return secondIsMark ? 70 : 50;
+        return second == 1 ? std::optional(20) : std::nullopt;
+    }
+    mutable int questions = 0;
+};
+
+TEST(StandardFont, TheLatestAnswerForAPairCountsAndMissingGlyphsComeFirst) {
+    const auto font = makeObject<MarkedFont>();
+    const auto table = [&](std::initializer_list<const char16_t*> texts) {
+        const auto resource = make<PSStdAdobeFontResource>(font, true);
+        for (const char16_t* text : texts)
+            shown(*resource, text);
+        const std::string definition = defined(*resource);
+        return definition.substr(definition.find("Kern\n[\n") + 7);
+    };
+    EXPECT_EQ("[ /g1 /g2 -50 ]\n] def\n\n", table({u"AB", u"A\u0301", u"AB"}));
+    EXPECT_EQ("[ /g1 /g2 -70 ]\n] def\n\n", table({u"AB", u"AB", u"A\u0301"}));
+    EXPECT_EQ("[ /g4294967295 /g1 -20 ]\n[ /g2 /g1 -20 ]\n] def\n\n", table({u"BACA"}));
+    font->questions = 0;
+    table({u"AB", u"AB", u"AB"});
+    EXPECT_EQ(1, font->questions) << "the same question is asked once";
+}
+
 TEST(Type1Font, CarriesItsKerningInline) {
     const auto font = makeObject<FakeFont>(FontKind::type1);
     EXPECT_EQ("(\\00\\01)", shown(*make<PSType1FontResource>(font, false), u"AV", 10, 2));
@@ -152,7 +192,7 @@ TEST(Type1Font, EncryptedPartTrailerAndEnd) {
     EXPECT_EQ("%0\ncleartomark\n", type1(segment(1, "%0\rcleartomark\r")));
     EXPECT_EQ("", type1(""));
     for (const std::string malformed : {"x", "\x80", "\x80\x04", "\x80\x01", "\x80\x02\x01\x01"})
-        EXPECT_THROW(type1(malformed), UnreacheableCodeException) << malformed;
+        EXPECT_RAISES(UnreacheableCodeException, "PSDocument:4", type1(malformed)) << malformed;
     EXPECT_EQ("44\n", type1(segment(2, "DD").substr(0, 7))) << "a length beyond the data is cut";
 }
 

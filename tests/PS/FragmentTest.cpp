@@ -67,8 +67,10 @@ TEST(Fragments, DoNotNestAndKnowTheirDocument) {
     document->drawDocumentFragment(stranger);
     document->drawDocumentFragment(nullptr);
     EXPECT_EQ(placed, document->script()) << "what is no fragment is ignored";
-    EXPECT_THROW(fragment->createDocumentFragment(1, 1), UnreacheableCodeException);
-    EXPECT_THROW(fragment->drawDocumentFragment(fragment), UnreacheableCodeException);
+    EXPECT_RAISES(UnreacheableCodeException, "PSDocument:1",
+                  fragment->createDocumentFragment(1, 1));
+    EXPECT_RAISES(UnreacheableCodeException, "PSDocument:2",
+                  fragment->drawDocumentFragment(fragment));
 }
 
 TEST(Fragments, KeepTheSpaceOfTheirPlace) {
@@ -77,6 +79,18 @@ TEST(Fragments, KeepTheSpaceOfTheirPlace) {
     fragment->drawLine(0, 0, 1, 1);
     const auto bytes = fragment.dynamicCast<PSDocumentFragment>()->getRecordedBytes();
     EXPECT_THAT(std::string(bytes.view()), testing::StartsWith("q\n[1 0 0 1 5 6] cm\n"));
+}
+
+TEST(Fragments, MayTakeOverADocumentAndThenShareItsScript) {
+    const auto document = makeObject<OpenDocument>(nullptr, false);
+    document->startPage({10, 10});
+    const auto fragment = makeObject<PSDocumentFragment>(3.0F, 4.0F);
+    static_cast<Drawing::PS::PSDocument&>(*fragment) = *document;
+    fragment->drawLine(0, 0, 1, 1);
+    EXPECT_EQ(document->script(), fragment->getRecordedBytes().view());
+    document->endPage();
+    EXPECT_THAT(std::string(fragment->getRecordedBytes().view()),
+                testing::EndsWith("Q\n%%PageTrailer\nshp\n"));
 }
 
 TEST(Fragments, PatternsTakeAFragmentNumberToo) {

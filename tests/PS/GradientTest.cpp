@@ -51,6 +51,11 @@ TEST(Gradients, EveryUseIsSelectedUnderANameOfItsOwn) {
     EXPECT_EQ(Core::String("[5 6 7 5 6 8]"), context->gradients.back()->getCoords());
     EXPECT_EQ(3U, context->gradients.back()->getShadingType());
     EXPECT_NE(context->gradients.front()->getName(), context->gradients.back()->getName());
+    const auto& first = context->gradients.front();
+    EXPECT_FALSE(context->hasGradientFill(makeObject<Drawing::PS::PSGradient>(*first)))
+        << "an equal one is another one";
+    first->setName(u"");
+    EXPECT_TRUE(context->hasGradientFill(first)) << "the object counts, not its name";
 }
 
 TEST(Gradients, AreDefinedByFunctionsAndAShading) {

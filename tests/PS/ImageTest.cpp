@@ -9,6 +9,7 @@
 
 #include <numeric>
 #include <random>
+#include <tuple>
 
 namespace {
 
@@ -20,6 +21,7 @@ using Core::IO::MemoryStream;
 using Drawing::ColorSpaceType;
 using Drawing::RasterImage;
 using Drawing::PS::ImageEncodeType;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -171,6 +173,55 @@ TEST(Images, Level3ResourcesAndWhatTheyReject) {
     EXPECT_THROW(resources(unused, ColorSpaceType::rgb, true), UnreacheableCodeException);
     EXPECT_THROW(resources(flateBase85, ColorSpaceType::rgb, true), UnreacheableCodeException);
     EXPECT_THROW(resources(base85, ColorSpaceType::oneBit, true), UnreacheableCodeException);
+}
+
+/// An image whose host does not keep its word.
+class BrokenImage : public NamedImage {
+public:
+    BrokenImage() : NamedImage("K", ColorSpaceType::gray) {}
+    [[nodiscard]] Drawing::PixelSize getPixelSize() const override {
+        return hasSize ? NamedImage::getPixelSize()
+                       : throw Core::FormatException("test", 1, "none");
+    }
+    [[nodiscard]] SmartPtr<Drawing::ColorSpace> getColorSpace() const override {
+        return hasColorSpace ? NamedImage::getColorSpace() : nullptr;
+    }
+    [[nodiscard]] bool hasAlpha() const override { return alphaValues >= 0; }
+    [[nodiscard]] ByteArray getAlphaBytes(int /*selector*/) const override {
+        return ByteArray(static_cast<std::size_t>(alphaValues));
+    }
+    bool hasSize = true;
+    bool hasColorSpace = true;
+    int alphaValues = -1;
+};
+
+TEST(Images, WhatStandsBeforeAMissingAnswerIsWritten) {
+    const auto image = makeObject<BrokenImage>();
+    const auto context = makeContext();
+    context->drawImage(image, 0, 0, 1, 1, 0);
+    const auto written = [&](bool level3) {
+        const auto output = makeObject<MemoryStream>();
+        context->outputStream = output;
+        try {
+            if (level3)
+                context->writeImageResourcesLevel3(ImageEncodeType::hexadecimal);
+            else
+                context->writeImageResourcesLevel2(ImageEncodeType::hexadecimal);
+            ADD_FAILURE() << "raised nothing";
+        } catch (const Core::Exception&) {
+        }
+        return std::string(output->view());
+    };
+    image->hasColorSpace = false;
+    EXPECT_THAT(written(false), EndsWith("/ImageData_K_0\n\n"));
+    EXPECT_THAT(written(true), EndsWith("ImageData_K_0 0 setfileposition\n\n"));
+    image->hasSize = false;
+    EXPECT_THAT(written(true), EndsWith("def\n/Img_K_0 <<\n/FormType 1\n"));
+    image->alphaValues = 1;
+    image->hasColorSpace = true;
+    EXPECT_EQ("%%BeginResource\n/ImageData_K_0\n\n", written(true)) << "two pixels, one alpha";
+    EXPECT_RAISES(Core::FormatException, "PSDocument:5",
+                  std::ignore = OpenDocument::getTransparentBytes(image, 0));
 }
 
 TEST(Images, ComeOutUprightInTheirColours) {

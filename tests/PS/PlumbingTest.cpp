@@ -8,6 +8,8 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdlib>
+
 namespace {
 
 using Core::makeObject;
@@ -86,17 +88,51 @@ TEST(PSDocument, WholeFileWithAndWithoutKerning) {
     }
 }
 
+std::string textOf(const Core::DateTime& date) {
+    return std::to_string(date.getDay()) + "/" + std::to_string(date.getMonth()) + "/" +
+           std::to_string(date.getYear());
+}
+
 TEST(PSDocument, HeaderTellsDateCountAndLastSize) {
     const std::string document = finished([](OpenDocument& d) {
         d.startPage({612.9F, 100});
         d.startPage({50.99F, 1e20F});
     });
-    const Core::DateTime today = Core::DateTime::getCurrentGMTTime();
-    EXPECT_THAT(document,
-                HasSubstr("%%DocumentMedia: plain 50 2147483647 0 () ()\n"
-                          "%%BoundingBox: 0 0 50 2147483647\n%%Pages:2\n%%CreationDate:" +
-                          std::to_string(today.getDay()) + "/" + std::to_string(today.getMonth()) +
-                          "/" + std::to_string(today.getYear()) + "\n"));
+    EXPECT_THAT(document, HasSubstr("%%DocumentMedia: plain 50 2147483647 0 () ()\n"
+                                    "%%BoundingBox: 0 0 50 2147483647\n%%Pages:2\n"
+                                    "%%CreationDate:" +
+                                    textOf(Core::DateTime::getCurrentGMTTime()) + "\n"));
+}
+
+/// Sets an environment variable for as long as it lives.
+class Environment {
+public:
+    Environment(const char* name, const char* value) : name_(name) {
+        // The tests run in one thread.
+        ::setenv(name_, value, 1);  // NOLINT(concurrency-mt-unsafe)
+    }
+    Environment(const Environment&) = delete;
+    Environment& operator=(const Environment&) = delete;
+    ~Environment() { ::unsetenv(name_); }  // NOLINT(concurrency-mt-unsafe)
+
+private:
+    const char* name_;
+};
+
+TEST(PSDocument, TheDateMayBeSetFromOutside) {
+    const std::string today = textOf(Core::DateTime::getCurrentGMTTime());
+    const auto dateAt = [](const char* seconds) {
+        const Environment environment("SOURCE_DATE_EPOCH", seconds);
+        const std::string document = finished([](OpenDocument& d) { d.startPage({1, 1}); });
+        const std::size_t begin = document.find("%%CreationDate:") + 15;
+        return document.substr(begin, document.find('\n', begin) - begin);
+    };
+    EXPECT_EQ("1/1/1970", dateAt("0"));
+    EXPECT_EQ("31/1/2001", dateAt("980985599"));
+    EXPECT_EQ("31/12/9999", dateAt("253402300799"));
+    for (const char* invalid :
+         {"", "soon", "12 ", "-1", "1.5", "253402300800", "99999999999999999999"})
+        EXPECT_EQ(today, dateAt(invalid)) << invalid;
 }
 
 TEST(PSDocument, EndingWithoutAPageStopsAfterFourLines) {

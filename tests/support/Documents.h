@@ -19,6 +19,7 @@ public:
     using PSDocument::getEscapedColorName;
     using PSDocument::gradients;
     using PSDocument::graphicsState;
+    using PSDocument::hasGradientFill;
     using PSDocument::outputStream;
     using PSDocument::pageIndex;
     using PSDocument::scriptStream;
