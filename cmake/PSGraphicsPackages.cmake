@@ -8,6 +8,8 @@ set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_CONTACT "PSGraphics developers <psgraphics@packages.example.org>")
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_SOURCE_DIR}/out/packages)
 set(CPACK_COMPONENTS_ALL program libraries development documents)
+# CPack puts a summary of the project before each description unless it is its own default.
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_NAME} built using CMake")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
@@ -70,6 +72,8 @@ psgraphics_package(documents psgraphics-doc doc ""
   "drawing calls in, one PostScript file out (documents)"
   "How to embed the PSGraphics libraries and use their command-line program,\n\
 with examples.")
-set(CPACK_DEBIAN_LIBRARIES_PACKAGE_GENERATE_SHLIBS ON)
+# What other packages that link the libraries depend on, and word to the loader's cache.
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_LIBRARIES_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/cmake/debian/triggers)
 set(CPACK_DEBIAN_DOCUMENTS_PACKAGE_ARCHITECTURE all)
 include(CPack)
