@@ -58,8 +58,8 @@ Core::ByteArray RasterImage::getAlphaBytes(int /*selector*/) const {
     return alpha_;
 }
 
-void RasterImage::readRows(int /*selector*/, std::int32_t first, std::int32_t count,
-                           std::uint8_t* pixels, std::uint8_t* alpha) const {
+void RasterImage::readPixelRows(int /*selector*/, std::int32_t first, std::int32_t count,
+                                std::uint8_t* pixels, std::uint8_t* alpha) const {
     const auto width = static_cast<std::size_t>(size_.width);
     const auto stride = width * static_cast<std::size_t>(colorSpace_->getComponentCount());
     const auto begin = static_cast<std::size_t>(first);

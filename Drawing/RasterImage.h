@@ -20,8 +20,8 @@ public:
     [[nodiscard]] bool hasAlpha() const override { return !alpha_.empty(); }
     [[nodiscard]] Core::ByteArray getPixelBytes(int selector) const override;
     [[nodiscard]] Core::ByteArray getAlphaBytes(int selector) const override;
-    void readRows(int selector, std::int32_t first, std::int32_t count, std::uint8_t* pixels,
-                  std::uint8_t* alpha) const override;
+    void readPixelRows(int selector, std::int32_t first, std::int32_t count, std::uint8_t* pixels,
+                       std::uint8_t* alpha) const override;
 
 private:
     PixelSize size_;

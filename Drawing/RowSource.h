@@ -15,8 +15,8 @@ public:
     /// Writes `count` rows from `first` on, which lie within the image: `pixels` as
     /// `Image::getPixelBytes` and `alpha` as `Image::getAlphaBytes` have them. `alpha` may be
     /// null for an image without. May raise whatever `getPixelBytes` may.
-    virtual void readRows(int selector, std::int32_t first, std::int32_t count,
-                          std::uint8_t* pixels, std::uint8_t* alpha) const = 0;
+    virtual void readPixelRows(int selector, std::int32_t first, std::int32_t count,
+                               std::uint8_t* pixels, std::uint8_t* alpha) const = 0;
 
 protected:
     RowSource() = default;

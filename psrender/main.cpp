@@ -1,8 +1,9 @@
 #include "Core/Exception.h"
 #include "Core/Log.h"
 #include "psrender/job/CommandLine.h"
+#include "psrender/job/Message.h"
+#include "psrender/job/ProcessState.h"
 
-#include <cstdio>
 #include <exception>
 #include <new>
 #include <string>
@@ -10,13 +11,14 @@
 namespace {
 
 int complain(const std::string& sentence) {
-    std::fprintf(stderr, "psrender: %s\n", sentence.c_str());
+    psrender::tell(sentence);
     return psrender::failure;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+    psrender::prepareProcess();
     try {
         const auto asked = psrender::parseCommandLine(argc, argv);
         if (const auto* code = std::get_if<psrender::ExitCode>(&asked))
@@ -24,7 +26,7 @@ int main(int argc, char** argv) {
         const auto& request = std::get<psrender::JobRequest>(asked);
         Core::Log::setSink([&](const Core::String& text) {
             if (!request.quiet)
-                complain("warning: " + text.toUtf8());
+                psrender::tell("warning: " + text.toUtf8());
         });
         return psrender::runJob(request);
     } catch (const Core::Exception& error) {

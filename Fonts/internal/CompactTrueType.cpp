@@ -2,6 +2,7 @@
 
 #include "Fonts/FontException.h"
 #include "Fonts/internal/BigEndian.h"
+#include "Fonts/internal/Sfnt.h"
 #include "Fonts/internal/SfntBuilder.h"
 #include "Fonts/internal/SfntDirectory.h"
 
@@ -15,17 +16,9 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-constexpr hb_tag_t kGlyf = HB_TAG('g', 'l', 'y', 'f');
-constexpr hb_tag_t kHead = HB_TAG('h', 'e', 'a', 'd');
-constexpr hb_tag_t kLoca = HB_TAG('l', 'o', 'c', 'a');
-constexpr std::size_t kLocaFormatOffset = 50;  // indexToLocFormat of head
-
 /// Those that a Type 42 font is read from (Adobe Technical Note 5012).
-constexpr std::array kType42Tables{
-    HB_TAG('c', 'v', 't', ' '), HB_TAG('f', 'p', 'g', 'm'), kGlyf, kHead,
-    HB_TAG('h', 'h', 'e', 'a'), HB_TAG('h', 'm', 't', 'x'), kLoca, HB_TAG('m', 'a', 'x', 'p'),
-    HB_TAG('p', 'r', 'e', 'p'),
-};
+constexpr std::array kType42Tables{Sfnt::kCvt,  Sfnt::kFpgm, Sfnt::kGlyf, Sfnt::kHead, Sfnt::kHhea,
+                                   Sfnt::kHmtx, Sfnt::kLoca, Sfnt::kMaxp, Sfnt::kPrep};
 
 HarfBuzzPtr<hb_subset_input_t> makeInput(hb_face_t* face, std::span<const std::uint32_t> glyphs,
                                          const TrueTypeChoice& choice) {
@@ -52,7 +45,7 @@ HarfBuzzPtr<hb_subset_input_t> makeInput(hb_face_t* face, std::span<const std::u
 /// Where each glyph begins in 'glyf', and the end of the last one.
 std::vector<std::size_t> glyphOffsets(std::span<const std::uint8_t> head,
                                       std::span<const std::uint8_t> loca) {
-    const bool isLong = BigEndian::read16(head, kLocaFormatOffset) != 0;
+    const bool isLong = BigEndian::read16(head, Sfnt::kLocaFormatOffset) != 0;
     const std::size_t entry = isLong ? 4 : 2;
     std::vector<std::size_t> offsets;
     for (std::size_t at = 0; at + entry <= loca.size(); at += entry)
@@ -64,9 +57,9 @@ std::vector<std::size_t> glyphOffsets(std::span<const std::uint8_t> head,
 /// Where 'loca' has long entries, glyphs may begin at odd offsets, and no string of a Type 42 font
 /// could end there: fills each glyph up to an even length.
 void makeGlyphsEven(SfntBuilder& file) {
-    const Bytes glyf = file.table(kGlyf);
-    Bytes loca = file.table(kLoca);
-    const std::vector<std::size_t> offsets = glyphOffsets(file.table(kHead), loca);
+    const Bytes glyf = file.table(Sfnt::kGlyf);
+    Bytes loca = file.table(Sfnt::kLoca);
+    const std::vector<std::size_t> offsets = glyphOffsets(file.table(Sfnt::kHead), loca);
     if (std::ranges::none_of(offsets, [](std::size_t offset) { return offset % 2 != 0; }))
         return;
     Bytes even;
@@ -78,8 +71,8 @@ void makeGlyphsEven(SfntBuilder& file) {
         even.resize((even.size() + 1) / 2 * 2);
     }
     BigEndian::write32(loca, loca.size() - 4, static_cast<std::uint32_t>(even.size()));
-    file.replace(kGlyf, even);
-    file.replace(kLoca, loca);
+    file.replace(Sfnt::kGlyf, even);
+    file.replace(Sfnt::kLoca, loca);
 }
 
 std::vector<std::size_t> breaksOf(const Core::ByteArray& file, const std::string& fileName) {
@@ -88,14 +81,14 @@ std::vector<std::size_t> breaksOf(const Core::ByteArray& file, const std::string
     for (const hb_tag_t tag : kType42Tables)
         if (directory.has(tag))
             breaks.push_back(static_cast<std::size_t>(directory.table(tag).data() - file.data()));
-    const auto glyf = directory.table(kGlyf);
+    const auto glyf = directory.table(Sfnt::kGlyf);
     const auto start = static_cast<std::size_t>(glyf.data() - file.data());
-    for (const std::size_t offset : glyphOffsets(directory.table(kHead), directory.table(kLoca)))
+    for (const std::size_t offset :
+         glyphOffsets(directory.table(Sfnt::kHead), directory.table(Sfnt::kLoca)))
         if (!glyf.empty() && offset < glyf.size())
             breaks.push_back(start + offset);
     std::ranges::sort(breaks);
-    const auto repeated = std::ranges::unique(breaks);
-    breaks.erase(repeated.begin(), repeated.end());
+    breaks.erase(std::unique(breaks.begin(), breaks.end()), breaks.end());
     return breaks;
 }
 

@@ -14,7 +14,8 @@ namespace Fonts {
 /// moves.
 class FontBytes {
 public:
-    /// Raises `FontException` if the file cannot be read or is empty.
+    /// Raises `FontException` if the file is not there or empty, and `Core::IOException` if the
+    /// system fails to read it.
     explicit FontBytes(const std::string& fileName);
     /// `name` is for messages and may tell where the data came from.
     FontBytes(const Core::ByteArray& data, std::string name);

@@ -14,8 +14,8 @@ std::vector<std::u32string_view> shareOut(std::u32string_view characters,
     for (std::size_t i = 0; i < advances.size(); ++i) {
         if (advances[i] == 0)
             continue;
-        const std::size_t count = --open == 0 ? characters.size()
-                                              : std::min<std::size_t>(characters.size(), 1);
+        const std::size_t count =
+            --open == 0 ? characters.size() : std::min<std::size_t>(characters.size(), 1);
         texts[i] = characters.substr(0, count);
         characters.remove_prefix(count);
     }

@@ -21,23 +21,22 @@ std::string hexadecimal(std::u16string_view units) {
 
 }  // namespace
 
-void BoxSink::curveTo(float x1, float y1, float x2, float y2, float x3, float y3) {
+void OutlineBox::curveTo(float x1, float y1, float x2, float y2, float x3, float y3) {
     add(x1, y1);
     add(x2, y2);
     add(x3, y3);
 }
 
-void BoxSink::add(float x, float y) {
-    box_ = {std::min(box_[0], x), std::min(box_[1], y), std::max(box_[2], x),
-            std::max(box_[3], y)};
+void OutlineBox::add(float x, float y) {
+    box_ = {std::min(box_[0], x), std::min(box_[1], y), std::max(box_[2], x), std::max(box_[3], y)};
 }
 
-std::string BoxSink::toText(double unit) const {
+std::string OutlineBox::toText(double unit) const {
     std::string text;
     for (std::size_t side = 0; side < box_.size(); ++side) {
         const double length = box_[side] * unit;
         text += side == 0 ? '[' : ' ';
-        PS::appendNumber(unit < 1 ? std::round(length * 10000) / 10000
+        PS::appendNumber(unit < 1   ? std::round(length * 10000) / 10000
                          : side < 2 ? std::floor(length)
                                     : std::ceil(length),
                          text);

@@ -7,6 +7,16 @@
 
 namespace Drawing::Print {
 
+namespace {
+
+std::string matrixOf(std::uint32_t unitsPerEm) {
+    std::string scale;
+    PS::appendNumber(1.0 / unitsPerEm, scale);
+    return "[" + scale + " 0 0 " + scale + " 0 0]";
+}
+
+}  // namespace
+
 OutlineFont::OutlineFont(const Core::SmartPtr<Fonts::FontProgram>& program, std::uint32_t number,
                          std::uint32_t glyphCount,
                          const Core::SmartPtr<Fonts::FontProgram>& outlines,
@@ -34,33 +44,35 @@ std::vector<std::uint8_t> OutlineFont::charString(GlyphId glyph) const {
     return CharString::encrypted(charString.finish());
 }
 
+void OutlineFont::defineCharStrings(ProgramText& out, const std::vector<NamedGlyph>& glyphs) const {
+    out << "/CharStrings " + std::to_string(glyphs.size() + 1) + " dict dup begin"
+        << "/.notdef";
+    out.string(charString(0));
+    out << "def";
+    for (const NamedGlyph& glyph : glyphs) {
+        out << "/" + glyph.name;
+        out.string(charString(glyph.glyph));
+        out << "def";
+    }
+    out << " end def";
+}
+
 void OutlineFont::define(Core::IO::Stream& stream) const {
     ProgramText out(stream);
-    std::string scale;
-    PS::appendNumber(1.0 / unitsPerEm_, scale);
-    BoxSink box;
+    const std::string matrix = matrixOf(unitsPerEm_);
+    OutlineBox box;
     for (const CodedPart& part : parts())
         for (const CodedGlyph* coded : part)
             if (coded != nullptr)
                 outlines_->decomposeGlyph(outlineOf(coded->glyph), box);
     for (std::size_t part = 0; part < parts().size(); ++part) {
         const std::vector<NamedGlyph> glyphs = nameGlyphs(parts()[part]);
-        FontDictionary::begin(out, 1, fontName(), "[" + scale + " 0 0 " + scale + " 0 0]",
-                              box.toText(unitsPerEm_ / 1000.0));
+        FontDictionary::begin(out, 1, fontName(), matrix, box.toText(unitsPerEm_ / 1000.0));
         FontDictionary::encoding(out, glyphs);
         FontDictionary::unicode(out, glyphs);
         out << "/Private 8 dict dup begin/BlueValues[]def/MinFeature{16 16}def/password 5839 def"
             << "/lenIV 0 def end def";
-        out << "/CharStrings " + std::to_string(glyphs.size() + 1) + " dict dup begin"
-            << "/.notdef";
-        out.string(charString(0));
-        out << "def";
-        for (const NamedGlyph& glyph : glyphs) {
-            out << "/" + glyph.name;
-            out.string(charString(glyph.glyph));
-            out << "def";
-        }
-        out << " end def";
+        defineCharStrings(out, glyphs);
         FontDictionary::end(out, partName(part));
     }
     out.finish();

@@ -73,7 +73,7 @@ void Type42Font::define(Core::IO::Stream& stream) const {
 
     ProgramText out(stream);
     const std::string file = sharedName("s");
-    BoxSink box;
+    OutlineBox box;
     for (const GlyphId glyph : glyphs)
         font_->decomposeGlyph(glyph, box);
     out << "/" + file + "[";
@@ -82,8 +82,7 @@ void Type42Font::define(Core::IO::Stream& stream) const {
     out.endLine();
     for (std::size_t part = 0; part < parts().size(); ++part) {
         const std::vector<NamedGlyph> named = nameGlyphs(parts()[part]);
-        FontDictionary::begin(out, 42, fontName(), "[1 0 0 1 0 0]",
-                              box.toText(0.001));
+        FontDictionary::begin(out, 42, fontName(), "[1 0 0 1 0 0]", box.toText(0.001));
         FontDictionary::encoding(out, named);
         FontDictionary::unicode(out, named);
         out << "/sfnts " + file + " def";

@@ -37,10 +37,12 @@ int componentsOf(ColorSpaceType space) {
 }
 
 /// One-bit pictures are grey.
+ColorSpaceType lightSpace(ColorSpaceType space) {
+    return space == ColorSpaceType::oneBit ? ColorSpaceType::gray : space;
+}
+
 bool changes(const ColorConverter* converter, ColorSpaceType space) {
-    return converter != nullptr &&
-           converter->getTarget() !=
-               (space == ColorSpaceType::oneBit ? ColorSpaceType::gray : space);
+    return converter != nullptr && converter->getTarget() != lightSpace(space);
 }
 
 /// Black and white in the converter's space, to be chosen from by one bit.
@@ -117,16 +119,17 @@ void flatten(const PixelRows::Band& band, std::size_t components, unsigned white
     }
 }
 
-/// Rows of whole components through conversion and prediction into the spool.
+/// Rows of whole components through conversion and prediction into the spool. Alpha can leave a
+/// one-bit picture with shades, so it goes this way as grey.
 class ColorEncoder {
 public:
     ColorEncoder(Spool& spool, const Image& image, int selector, const ColorConverter* converter)
-        : spool_(spool), rows_(image, selector), mask_(rows_.width()) {
-        // Alpha can leave a one-bit picture with shades.
-        from_ = rows_.space() == ColorSpaceType::oneBit ? ColorSpaceType::gray : rows_.space();
-        converter_ = changes(converter, from_) ? converter : nullptr;
-        to_ = converter_ != nullptr ? converter->getTarget() : from_;
-    }
+        : spool_(spool),
+          rows_(image, selector),
+          mask_(rows_.width()),
+          from_(lightSpace(rows_.space())),
+          converter_(changes(converter, from_) ? converter : nullptr),
+          to_(converter_ != nullptr ? converter_->getTarget() : from_) {}
 
     PictureData encode() {
         PictureData data;

@@ -14,17 +14,29 @@ std::string maskName(std::size_t index) {
     return "I" + std::to_string(index + 1) + "m";
 }
 
-std::string pictureName(PictureStore::Id id) {
-    return "I" + std::to_string(id + 1);
+/// An interpreter shows decoded samples many times faster, but they must not fill it: those that
+/// take more than this, of one picture or of all in a document, stay compressed.
+constexpr std::uint64_t kMostDecoded = std::uint64_t{1} << 19;
+constexpr std::uint64_t kMostDecodedInAll = std::uint64_t{1} << 23;
+
+/// A byte a pixel, or less, is neglected for pictures of bits.
+std::uint64_t decodedSize(const PictureData& data) {
+    return static_cast<std::uint64_t>(data.size.width) *
+           static_cast<std::uint64_t>(data.size.height) *
+           static_cast<std::uint64_t>(data.components);
 }
 
-/// Kept as it is compressed: decoded pictures would fill an interpreter.
-void defineStream(const std::string& name, Spool& spool, const Spool::Extent& piece,
-                  Core::IO::Stream& output) {
-    output.write("/" + name +
-                 " currentfile<</Filter/ASCII85Decode>>/ReusableStreamDecode filter\n");
+void defineStream(const std::string& name, const std::string& stream, Spool& spool,
+                  const Spool::Extent& piece, Core::IO::Stream& output) {
+    output.write("/" + name + " " + stream + "\n");
     spool.copyTo(output, piece);
     output.write("def\n");
+}
+
+/// A form (PLRM 4.7), so that programs that make PDF put the picture there once, and need not
+/// compress it anew to see that it is the same.
+std::string formText(const std::string& paint) {
+    return "<</FormType 1/BBox[0 0 1 1]/Matrix[1 0 0 1 0 0]/PaintProc{pop " + paint + "}bind>>";
 }
 
 }  // namespace
@@ -55,10 +67,10 @@ std::size_t PictureStore::addSamples(const Image& image, int selector, Kind kind
     SamplesKey key{image.getHashKey(), selector, kind};
     if (const auto found = samplesByKey_.find(key); found != samplesByKey_.end())
         return found->second;
-    PictureData data = kind == Kind::stencil
-                           ? encodeStencil(spool_, image, selector)
-                           : encodePicture(spool_, image, selector, converter_.get());
-    samples_.emplace_back(std::move(data));
+    Samples samples;
+    samples.data = kind == Kind::stencil ? encodeStencil(spool_, image, selector)
+                                         : encodePicture(spool_, image, selector, converter_.get());
+    samples_.push_back(std::move(samples));
     return samplesByKey_[std::move(key)] = samples_.size() - 1;
 }
 
@@ -69,7 +81,7 @@ PictureStore::Id PictureStore::addPicture(std::size_t samples, PictureLook look)
     const auto [entry, isNew] =
         picturesByKey_.try_emplace(std::move(key), static_cast<Id>(pictures_.size()));
     if (isNew)
-        pictures_.push_back({samples, std::move(look)});
+        pictures_.push_back({samples, std::move(look), "I" + std::to_string(entry->second + 1)});
     return entry->second;
 }
 
@@ -106,18 +118,31 @@ void PictureStore::defineSamples(std::size_t index, Core::IO::Stream& output) {
     Samples& samples = samples_[index];
     if (std::exchange(samples.isDefined, true))
         return;
-    if (samples.data.mask)
-        defineStream(maskName(index), spool_, *samples.data.mask, output);
-    defineStream(samplesName(index), spool_, samples.data.samples, output);
+    const PictureData& data = samples.data;
+    const std::uint64_t size = decodedSize(data);
+    samples.isDecoded = data.coding != PictureCoding::jpeg && size <= kMostDecoded &&
+                        decodedInAll_ + size <= kMostDecodedInAll;
+    decodedInAll_ += samples.isDecoded ? size : 0;
+    if (data.mask)
+        defineStream(maskName(index), samples.isDecoded ? decodedMaskStream() : encodedStream(),
+                     spool_, *data.mask, output);
+    defineStream(samplesName(index),
+                 samples.isDecoded ? decodedSamplesStream(data) : encodedStream(), spool_,
+                 data.samples, output);
 }
 
 void PictureStore::writeDefinition(Id id, Core::IO::Stream& output) {
     const Picture& picture = pictures_.at(id);
     defineSamples(picture.samples, output);
-    output.write("/" + pictureName(id) + "{" +
-                 namedPicture(samplesOf(id).data, picture.look, samplesName(picture.samples),
-                              maskName(picture.samples)) +
-                 "}bind def\n");
+    const Samples& samples = samplesOf(id);
+    const std::string& name = picture.name;
+    const std::string paint = namedPicture(samples.data, picture.look, samplesName(picture.samples),
+                                           maskName(picture.samples), samples.isDecoded);
+    if (samples.data.space.empty())  // forms may be kept with the colour that a stencil had first
+        output.write("/" + name + "{" + paint + "}bind def\n");
+    else
+        output.write("/" + name + "f" + formText(paint) + "def/" + name + "{" + name +
+                     "f execform}bind def\n");
 }
 
 void PictureStore::writeUse(Id id, Core::IO::Stream& output) {
@@ -133,7 +158,7 @@ void PictureStore::writeUse(Id id, Core::IO::Stream& output) {
 }
 
 std::string PictureStore::callText(Id id) const {
-    return pictureName(id);
+    return pictures_.at(id).name;
 }
 
 }  // namespace Drawing::Print

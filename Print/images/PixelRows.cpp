@@ -69,24 +69,25 @@ PixelRows::Band PixelRows::read() {
     const std::int32_t count = std::min(room, size_.height - next_);
     fetch(count);
     next_ += count;
-    const std::size_t rows = static_cast<std::size_t>(count);
+    const auto rows = static_cast<std::size_t>(count);
     const std::span pixels = std::span(pixels_).first(rows * rowBytes());
     if (tinted_ != nullptr)
         tinted_->tint(pixels);
     else if (space_ == ColorSpaceType::oneBit)
-        std::ranges::transform(pixels, pixels.begin(),
-                               [](std::uint8_t value) -> std::uint8_t { return value ? 255 : 0; });
+        std::ranges::transform(pixels, pixels.begin(), [](std::uint8_t value) -> std::uint8_t {
+            return value != 0 ? 255 : 0;
+        });
     return {pixels, std::span(alpha_).first(alpha_.empty() ? 0 : rows * width())};
 }
 
 void PixelRows::fetch(std::int32_t count) {
     if (rows_ != nullptr) {
-        rows_->readRows(selector_, next_, count, pixels_.data(),
-                        alpha_.empty() ? nullptr : alpha_.data());
+        rows_->readPixelRows(selector_, next_, count, pixels_.data(),
+                             alpha_.empty() ? nullptr : alpha_.data());
         return;
     }
-    const std::size_t first = static_cast<std::size_t>(next_);
-    const std::size_t rows = static_cast<std::size_t>(count);
+    const auto first = static_cast<std::size_t>(next_);
+    const auto rows = static_cast<std::size_t>(count);
     std::copy_n(allPixels_.data() + first * rowBytes(), rows * rowBytes(), pixels_.data());
     if (!alpha_.empty())
         std::copy_n(allAlpha_.data() + first * width(), rows * width(), alpha_.data());

@@ -65,8 +65,9 @@ RowPredictor::RowPredictor(std::size_t rowBytes, std::size_t components)
 
 std::span<const std::uint8_t> RowPredictor::filtered(std::span<const std::uint8_t> row) {
     std::copy(row.begin(), row.end(), row_.begin() + static_cast<std::ptrdiff_t>(components_));
+    const std::size_t filters = isFlat() ? 1 : kFilters;
     std::uint64_t least = std::numeric_limits<std::uint64_t>::max();
-    for (std::size_t filter = 0; filter < kFilters; ++filter) {
+    for (std::size_t filter = 0; filter < filters; ++filter) {
         apply(filter);
         const std::uint64_t weight = weightOf(std::span(trial_).subspan(1));
         if (weight < least) {
@@ -76,6 +77,15 @@ std::span<const std::uint8_t> RowPredictor::filtered(std::span<const std::uint8_
     }
     std::swap(row_, above_);
     return best_;
+}
+
+/// Drawings, unlike photographs, are made of areas and letters that come again just as they are:
+/// compression finds them better than differences from a neighbour do.
+bool RowPredictor::isFlat() const {
+    std::size_t equal = 0;
+    for (std::size_t i = components_; i < row_.size(); ++i)
+        equal += row_[i] == row_[i - components_] ? 1U : 0U;
+    return equal > (row_.size() - components_) / 4 * 3;
 }
 
 void RowPredictor::apply(std::size_t filter) {

@@ -307,8 +307,11 @@ void ContentWriter::setInk(const Ink& ink) {
 
 void ContentWriter::setBrush(Brush& brush) {
     if (isSolid(brush)) {
-        setInk(inkOf(*static_cast<const SolidColorBrush&>(brush).getColor(), brush.getOpacity(),
-                     parts_->converter()));
+        Ink ink = inkOf(*static_cast<const SolidColorBrush&>(brush).getColor(), brush.getOpacity(),
+                        parts_->converter());
+        if (!parts_->converter())
+            takeNeutralForGray(ink);
+        setInk(ink);
         return;
     }
     if (known().paint.get() == &brush)

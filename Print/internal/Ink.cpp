@@ -126,6 +126,14 @@ Ink inkOf(const Color& color, double opacity, const ColorConverter* converter) {
     return ink;
 }
 
+void takeNeutralForGray(Ink& ink) {
+    const Components& c = ink.components;
+    if (ink.spot.empty() && ink.space == ColorSpaceType::rgb && c[0] == c[1] && c[1] == c[2]) {
+        ink.space = ColorSpaceType::gray;
+        ink.components = {c[0]};
+    }
+}
+
 void writeComponent(double component, TextBuffer& out) {
     const double level = component * kByte;
     const auto whole = static_cast<int>(level + 0.5);
@@ -151,8 +159,7 @@ void writeInk(const Ink& ink, TextBuffer& out) {
         out << "sp";
         return;
     }
-    const bool isNeutral = ink.space == ColorSpaceType::rgb && c[0] == c[1] && c[1] == c[2];
-    const int count = isNeutral ? 1 : ink.componentCount();
+    const int count = ink.componentCount();
     for (int i = 0; i < count; ++i)
         writeComponent(c[static_cast<std::size_t>(i)], out);
     out << (count == 1 ? " g" : count == 3 ? " rg" : " k");

@@ -27,8 +27,9 @@ struct Ink {
 /// spot ink without a name, and for components that are no numbers from 0 to 1.
 [[nodiscard]] Ink inkOf(const Color& color, double opacity, const ColorConverter* converter);
 
-/// The colour operator and its operands: "1 0 0 rg". Neutral RGB colours are written as grey, which
-/// is the same light and on paper black ink alone.
+/// Makes a neutral RGB colour grey, which is the same light and on paper black ink alone.
+void takeNeutralForGray(Ink& ink);
+/// The colour operator and its operands: "1 0 0 rg".
 void writeInk(const Ink& ink, TextBuffer& out);
 /// A component: four decimals tell all 256 levels apart.
 void writeComponent(double component, TextBuffer& out);

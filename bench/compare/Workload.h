@@ -221,6 +221,28 @@ inline long drawText(Backend& backend, const char* family, int pages) {
     return drawPages(backend, pages, 2000, randomLabel);
 }
 
+/// What a report holds: rectangles, curves, labels and ramps in turn.
+inline long drawMixed(Backend& backend, int pages) {
+    backend.setFont("DejaVu Sans");
+    Random random;
+    constexpr int kPerPage = 200;
+    for (int page = 0; page < pages; ++page) {
+        backend.beginPage();
+        for (int i = 0; i < kPerPage; ++i) {
+            if (i % 5 < 2)
+                backend.draw(randomRectangle(random));
+            else if (i % 5 == 2)
+                backend.draw(randomCurves(random));
+            else if (i % 50 == 3)
+                backend.draw(randomRamp(random));
+            else
+                backend.draw(randomLabel(random));
+        }
+        backend.endPage();
+    }
+    return long{pages} * kPerPage;
+}
+
 /// The calls that the workload made; -1 for one that does not exist.
 inline long draw(Backend& backend, std::string_view workload, int pages) {
     if (workload == "rects")
@@ -233,6 +255,8 @@ inline long draw(Backend& backend, std::string_view workload, int pages) {
         return drawText(backend, "DejaVu Sans", pages);
     if (workload == "gradients")
         return drawPages(backend, pages, 200, randomRamp);
+    if (workload == "mixed")
+        return drawMixed(backend, pages);
     if (workload == "images")
         return placeImages(backend, pages);
     if (workload == "sameimage")

@@ -1,4 +1,4 @@
-// The library itself, through its drawing interface alone.
+// The library itself, through its drawing interface alone, with either of its documents.
 
 #include "Core/FileStream.h"
 #include "Drawing/Brush.h"
@@ -8,6 +8,7 @@
 #include "Drawing/RasterImage.h"
 #include "Drawing/Stroke.h"
 #include "PS/PSDocument.h"
+#include "Print/PrintDocument.h"
 #include "bench/compare/Workload.h"
 
 #include <algorithm>
@@ -31,11 +32,13 @@ SmartPtr<Drawing::Stroke> stroke(const bench::Colour& colour, double width) {
     return makeObject<Drawing::Stroke>(brush(colour), static_cast<float>(width));
 }
 
+/// `Document`: `PSDocument` or `PrintDocument`.
+template <class Document>
 class Library : public bench::Backend {
 public:
     explicit Library(const char* file)
         : output_(makeObject<Core::IO::FileStream>(file, true, true, true)),
-          document_(makeObject<Drawing::PS::PSDocument>(output_, true)) {}
+          document_(makeObject<Document>(output_, true)) {}
 
     void beginPage() override {
         document_->startPage({bench::kPageWidth, bench::kPageHeight});
@@ -81,9 +84,10 @@ public:
             Core::ByteArray(pixels.bytes.data(), pixels.bytes.size()));
     }
     void placeImage() override {
-        const float scale = 512.0F / static_cast<float>(image_->getPixelSize().width);
+        const auto side = static_cast<float>(image_->getPixelSize().width);
+        const float scale = 512 / side;
         document_->setTransform({scale, 0, 0, scale, 40, 40});
-        document_->drawImage(image_, 0, 0, 1, 1, 0);
+        document_->drawImage(image_, 0, 0, side, side, 0);
     }
     void finish() override {
         document_->endDocument();
@@ -112,5 +116,9 @@ private:
 }  // namespace
 
 int main(int argc, char** argv) {
-    return bench::run<Library>(argc, argv);
+#ifdef PSGRAPHICS_PRINT
+    return bench::run<Library<Drawing::Print::PrintDocument>>(argc, argv);
+#else
+    return bench::run<Library<Drawing::PS::PSDocument>>(argc, argv);
+#endif
 }

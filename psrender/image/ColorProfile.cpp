@@ -1,5 +1,7 @@
 #include "psrender/image/ColorProfile.h"
 
+#include "psrender/image/ProfileMemory.h"
+
 #include <lcms2.h>
 
 #include <array>
@@ -27,13 +29,13 @@ struct CurveDeleter {
     void operator()(cmsToneCurve* curve) const { cmsFreeToneCurve(curve); }
 };
 
-Profile greyProfile() {
+Profile greyProfile(cmsContext context) {
     constexpr cmsInt32Number kGammaWithLinearFoot = 4;
     constexpr std::array<cmsFloat64Number, 5> steps{2.4, 1 / 1.055, 0.055 / 1.055, 1 / 12.92,
                                                     0.04045};
     const std::unique_ptr<cmsToneCurve, CurveDeleter> curve(
-        cmsBuildParametricToneCurve(nullptr, kGammaWithLinearFoot, steps.data()));
-    return Profile(cmsCreateGrayProfile(cmsD50_xyY(), curve.get()));
+        cmsBuildParametricToneCurve(context, kGammaWithLinearFoot, steps.data()));
+    return Profile(cmsCreateGrayProfileTHR(context, cmsD50_xyY(), curve.get()));
 }
 
 /// Whether a sample of all colours comes out within a rounding of where it went in.
@@ -54,9 +56,25 @@ bool changesNothing(cmsHTRANSFORM transform, std::size_t components) {
     return true;
 }
 
+/// Null for a profile that is damaged or for another space.
+Transform transformFrom(cmsContext context, std::span<const std::uint8_t> profile,
+                        ColorSpaceType space) {
+    const Profile source(cmsOpenProfileFromMemTHR(context, profile.data(),
+                                                  static_cast<cmsUInt32Number>(profile.size())));
+    const bool isGrey = space == ColorSpaceType::gray;
+    if (!source || cmsGetColorSpace(source.get()) != (isGrey ? cmsSigGrayData : cmsSigRgbData))
+        return nullptr;
+    const Profile target =
+        isGrey ? greyProfile(context) : Profile(cmsCreate_sRGBProfileTHR(context));
+    const cmsUInt32Number layout = isGrey ? TYPE_GRAY_8 : TYPE_RGB_8;
+    return Transform(cmsCreateTransformTHR(context, source.get(), layout, target.get(), layout,
+                                           INTENT_RELATIVE_COLORIMETRIC, cmsFLAGS_NOCACHE));
+}
+
 }  // namespace
 
 struct ColorProfile::Conversion {
+    ProfileMemory memory;
     Transform transform;
     std::size_t components;
 };
@@ -67,20 +85,15 @@ ColorProfile::~ColorProfile() = default;
 bool ColorProfile::load(std::span<const std::uint8_t> profile, ColorSpaceType space) {
     if (space == ColorSpaceType::cmyk || profile.size() > std::numeric_limits<std::int32_t>::max())
         return false;
-    const Profile source(
-        cmsOpenProfileFromMem(profile.data(), static_cast<cmsUInt32Number>(profile.size())));
-    const bool isGrey = space == ColorSpaceType::gray;
-    if (!source || cmsGetColorSpace(source.get()) != (isGrey ? cmsSigGrayData : cmsSigRgbData))
-        return false;
-    const Profile target = isGrey ? greyProfile() : Profile(cmsCreate_sRGBProfile());
-    const cmsUInt32Number layout = isGrey ? TYPE_GRAY_8 : TYPE_RGB_8;
-    Transform transform(cmsCreateTransform(source.get(), layout, target.get(), layout,
-                                           INTENT_RELATIVE_COLORIMETRIC, cmsFLAGS_NOCACHE));
+    ProfileMemory memory;
+    Transform transform = transformFrom(memory.context(), profile, space);
+    memory.requireServed();
     if (!transform)
         return false;
-    const std::size_t components = isGrey ? 1 : 3;
+    const std::size_t components = space == ColorSpaceType::gray ? 1 : 3;
     if (!changesNothing(transform.get(), components))
-        conversion_ = std::make_unique<Conversion>(Conversion{std::move(transform), components});
+        conversion_ = std::make_unique<Conversion>(
+            Conversion{std::move(memory), std::move(transform), components});
     return true;
 }
 

@@ -21,6 +21,8 @@ public:
     /// Takes over an ICC profile for colours of this space. False if it is damaged or for another
     /// space, or for CMYK, which stays as it is: the colours are then left alone.
     [[nodiscard]] bool load(std::span<const std::uint8_t> profile, Drawing::ColorSpaceType space);
+    /// Whether `apply` does anything.
+    [[nodiscard]] bool changesColors() const { return conversion_ != nullptr; }
     /// Converts 8-bit pixels in place; does nothing without a profile, or with one of sRGB.
     void apply(std::uint8_t* pixels, std::size_t count) const;
 

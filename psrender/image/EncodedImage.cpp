@@ -1,6 +1,7 @@
 #include "psrender/image/EncodedImage.h"
 
 #include "Core/FileSystem.h"
+#include "psrender/base/Absence.h"
 #include "psrender/image/ImageError.h"
 
 #include <fcntl.h>
@@ -15,13 +16,20 @@ namespace psrender::image {
 namespace {
 
 [[noreturn]] void failRead() {
+    throw ImageLost("cannot be read (" + std::generic_category().message(errno) +
+                    "); check the disk and try again");
+}
+
+[[noreturn]] void failOpen() {
+    if (!isAbsence(errno))
+        failRead();
     throw ImageError("cannot be read (" + std::generic_category().message(errno) +
                      "); check the name and its permissions");
 }
 
 [[noreturn]] void failSpool() {
-    throw ImageError("cannot be kept in a temporary file (" +
-                     std::generic_category().message(errno) + "); make room or set TMPDIR");
+    throw ImageLost("cannot be kept in a temporary file (" +
+                    std::generic_category().message(errno) + "); make room or set TMPDIR");
 }
 
 /// A pipe would make the opening wait, hence O_NONBLOCK.
@@ -29,7 +37,7 @@ std::shared_ptr<const Descriptor> openFile(const std::string& path) {
     auto file =
         std::make_shared<const Descriptor>(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (file->number() < 0)
-        failRead();
+        failOpen();
     return file;
 }
 

@@ -16,7 +16,7 @@ public:
     ByteReader(std::shared_ptr<const Descriptor> file, std::uint64_t begin, std::uint64_t end)
         : file_(std::move(file)), next_(begin), end_(end) {}
 
-    /// Up to `size` bytes, fewer only at the end. Throws `ImageError` if the file cannot be read.
+    /// Up to `size` bytes, fewer only at the end. Throws `ImageLost` if the file cannot be read.
     std::size_t read(std::uint8_t* bytes, std::size_t size);
 
 private:
@@ -29,10 +29,10 @@ private:
 /// and no open file.
 class EncodedImage {
 public:
-    /// Throws `ImageError` if `path` is no regular file that can be read.
+    /// Throws `ImageError` if `path` is no regular file that may be read, and `ImageLost`.
     static EncodedImage inFile(const std::string& path);
 
-    /// From the first byte. Throws `ImageError` if the file is no longer there.
+    /// From the first byte. Throws `ImageError` if the file is no longer there, and `ImageLost`.
     [[nodiscard]] ByteReader open() const;
     /// Tells apart what is in different places or has been written at different times.
     [[nodiscard]] const std::string& identity() const { return identity_; }
@@ -50,7 +50,7 @@ private:
 /// Keeps images that came without a file in a temporary one that has no name.
 class Spool {
 public:
-    /// Throws `ImageError` if the temporary file cannot be written.
+    /// Throws `ImageLost` if the temporary file cannot be written.
     EncodedImage add(std::string_view bytes);
 
 private:

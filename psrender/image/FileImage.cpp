@@ -16,6 +16,8 @@ namespace psrender::image {
 
 namespace {
 
+constexpr std::size_t kPiece = std::size_t{1} << 16;
+
 struct StateDeleter {
     void operator()(XXH3_state_t* state) const { XXH3_freeState(state); }
 };
@@ -92,7 +94,7 @@ private:
 
 }  // namespace
 
-Core::SmartPtr<FileImage> FileImage::make(EncodedImage bytes, const std::string& name,
+Core::SmartPtr<FileImage> FileImage::make(image::EncodedImage bytes, const std::string& name,
                                           std::uint64_t mostPixels,
                                           std::shared_ptr<LastDecoder> last) {
     const auto reader = openImage(bytes.open(), mostPixels);
@@ -103,7 +105,7 @@ Core::SmartPtr<FileImage> FileImage::make(EncodedImage bytes, const std::string&
 }
 
 FileImage::FileImage(Core::String key, const ImageFacts& facts, const PixelRect& visiblePart,
-                     bool isOpaque, EncodedImage bytes, std::string name,
+                     bool isOpaque, image::EncodedImage bytes, std::string name,
                      std::shared_ptr<LastDecoder> last)
     : RowImage(std::move(key), facts.size, facts.colorSpace, !isOpaque),
       bytes_(std::move(bytes)),
@@ -126,7 +128,24 @@ void FileImage::readRows(std::int32_t first, std::int32_t count, std::uint8_t* p
     } catch (const ImageError& error) {
         *last_ = {};
         throw InputError({name_}, error.what());
+    } catch (const ImageLost& error) {
+        *last_ = {};
+        throw InputError({name_}, error.what());
     }
+}
+
+bool FileImage::writeJpeg(int /*selector*/, Core::IO::Stream& output) const {
+    if (!facts_.isPlainJpeg)
+        return false;
+    try {
+        ByteReader reader = bytes_.open();
+        Core::ByteArray piece(kPiece);
+        while (const std::size_t count = reader.read(piece.data(), piece.size()))
+            output.write(piece, 0, count);
+    } catch (const ImageError& error) {
+        throw InputError({name_}, error.what());
+    }
+    return true;
 }
 
 /// An image whose alpha was dropped still has one in its file.

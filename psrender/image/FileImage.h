@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Drawing/EncodedImage.h"
 #include "psrender/image/PixelReader.h"
 #include "psrender/image/RowImage.h"
 
@@ -19,12 +20,12 @@ struct LastDecoder {
 };
 
 /// A PNG or JPEG file that is decoded whenever its pixels are asked for.
-class FileImage : public RowImage {
+class FileImage : public RowImage, public Drawing::EncodedImage {
 public:
     /// Decodes the file once to make sure that it can be, and to learn its key: a 128-bit hash of
     /// size, colour space and pixels. Alpha that hides nothing is dropped. `name` is for messages
     /// of later. Throws `ImageError`.
-    static Core::SmartPtr<FileImage> make(EncodedImage bytes, const std::string& name,
+    static Core::SmartPtr<FileImage> make(image::EncodedImage bytes, const std::string& name,
                                           std::uint64_t mostPixels,
                                           std::shared_ptr<LastDecoder> last);
     ~FileImage() override;
@@ -33,20 +34,21 @@ public:
     [[nodiscard]] PixelRect visiblePart() const override { return visiblePart_; }
     void readRows(std::int32_t first, std::int32_t count, std::uint8_t* pixels,
                   std::uint8_t* alpha) const override;
+    bool writeJpeg(int selector, Core::IO::Stream& output) const override;
 
 private:
     template <class T, class... Arguments>
     friend Core::SmartPtr<T> Core::makeObject(Arguments&&... arguments);
 
     FileImage(Core::String key, const ImageFacts& facts, const PixelRect& visiblePart,
-              bool isOpaque, EncodedImage bytes, std::string name,
+              bool isOpaque, image::EncodedImage bytes, std::string name,
               std::shared_ptr<LastDecoder> last);
 
     [[nodiscard]] PixelReader& readerAt(std::int32_t row) const;
     void decode(std::int32_t first, std::int32_t count, std::uint8_t* pixels,
                 std::uint8_t* alpha) const;
 
-    EncodedImage bytes_;
+    image::EncodedImage bytes_;
     ImageFacts facts_;
     PixelRect visiblePart_;
     std::string name_;

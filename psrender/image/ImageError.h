@@ -11,4 +11,11 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// An image that the system took away: its disk is broken or full, or files cannot be opened any
+/// more. No page comes out without it. `what()` is a clause as of `ImageError`.
+class ImageLost : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
 }  // namespace psrender::image

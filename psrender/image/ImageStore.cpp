@@ -46,29 +46,37 @@ std::string identityOf(std::string_view bytes) {
 
 const UprightImage& ImageStore::fromFile(const std::string& path, const std::string& name) {
     const EncodedImage bytes = EncodedImage::inFile(path);
-    return decode(found_[bytes.identity()], bytes, name);
+    const auto known = found_.find(bytes.identity());
+    return take(known != found_.end() ? known->second : keep(bytes.identity(), bytes, name));
 }
 
 const UprightImage& ImageStore::fromBytes(std::string_view bytes, const std::string& name) {
-    const auto [entry, isNew] = found_.try_emplace(identityOf(bytes));
-    return decode(entry->second, isNew ? spool_.add(bytes) : EncodedImage(), name);
+    const std::string identity = identityOf(bytes);
+    const auto known = found_.find(identity);
+    return take(known != found_.end() ? known->second : keep(identity, spool_.add(bytes), name));
 }
 
-const UprightImage& ImageStore::decode(Found& entry, const EncodedImage& bytes,
-                                       const std::string& name) {
-    if (auto* image = std::get_if<UprightImage>(&entry); image != nullptr && !image->image) {
-        try {
-            const auto file = FileImage::make(bytes, name, mostPixels_, last_);
-            decodedPixels_ += static_cast<std::uint64_t>(file->width()) *
-                              static_cast<std::uint64_t>(file->getPixelSize().height);
-            entry = turnedUpright(file);
-        } catch (const ImageError& error) {
-            entry = std::string(error.what());
-        }
+/// What the system took away is not kept, so that it is asked for again.
+const ImageStore::Found& ImageStore::keep(const std::string& identity, const EncodedImage& bytes,
+                                          const std::string& name) {
+    return found_.emplace(identity, decode(bytes, name)).first->second;
+}
+
+ImageStore::Found ImageStore::decode(const EncodedImage& bytes, const std::string& name) {
+    try {
+        const auto file = FileImage::make(bytes, name, mostPixels_, last_);
+        decodedPixels_ += static_cast<std::uint64_t>(file->width()) *
+                          static_cast<std::uint64_t>(file->getPixelSize().height);
+        return turnedUpright(file);
+    } catch (const ImageError& error) {
+        return std::string(error.what());
     }
-    if (const auto* problem = std::get_if<std::string>(&entry))
+}
+
+const UprightImage& ImageStore::take(const Found& found) {
+    if (const auto* problem = std::get_if<std::string>(&found))
         throw ImageError(*problem);
-    return std::get<UprightImage>(entry);
+    return std::get<UprightImage>(found);
 }
 
 }  // namespace psrender::image

@@ -26,7 +26,8 @@ class ImageStore {
 public:
     explicit ImageStore(std::uint64_t mostPixels) : mostPixels_(mostPixels) {}
 
-    /// `name` is for messages. Both throw `ImageError`, and again when asked for the same again.
+    /// `name` is for messages. Both throw `ImageError`, and again when asked for the same again,
+    /// and `ImageLost`.
     const UprightImage& fromFile(const std::string& path, const std::string& name);
     const UprightImage& fromBytes(std::string_view bytes, const std::string& name);
 
@@ -37,7 +38,10 @@ public:
 private:
     using Found = std::variant<UprightImage, std::string>;  ///< the image, or what is wrong
 
-    const UprightImage& decode(Found& entry, const EncodedImage& bytes, const std::string& name);
+    const Found& keep(const std::string& identity, const EncodedImage& bytes,
+                      const std::string& name);
+    Found decode(const EncodedImage& bytes, const std::string& name);
+    static const UprightImage& take(const Found& found);
 
     std::uint64_t mostPixels_;
     std::uint64_t decodedPixels_ = 0;

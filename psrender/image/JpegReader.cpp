@@ -9,6 +9,8 @@
 #include <csetjmp>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
+#include <new>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -68,8 +70,11 @@ private:
     /// The library reports an error by a jump: `step` may own nothing.
     template <class Step>
     void run(Step step) {
-        if (setjmp(jump_) != 0)  // NOLINT(cert-err52-cpp): a library of C
+        if (setjmp(jump_) != 0) {  // NOLINT(cert-err52-cpp): a library of C
+            if (failure_)
+                std::rethrow_exception(failure_);
             throw ImageError(message_);
+        }
         step();
     }
 
@@ -84,6 +89,8 @@ private:
         std::array<char, JMSG_LENGTH_MAX> text{};
         jpeg->err->format_message(jpeg, text.data());
         JpegReader& reader = of(jpeg);
+        if (jpeg->err->msg_code == JERR_OUT_OF_MEMORY)
+            reader.failure_ = std::make_exception_ptr(std::bad_alloc());
         if (reader.message_.empty())
             reader.message_ =
                 std::string("is a damaged JPEG image (") + text.data() + "); export it anew";
@@ -126,8 +133,8 @@ private:
             source_.next_input_byte = block_.data();
             source_.bytes_in_buffer = bytes_.read(block_.data(), block_.size());
             return source_.bytes_in_buffer > 0 || fillWithEnd();
-        } catch (const ImageError& error) {
-            message_ = error.what();
+        } catch (const ImageLost&) {
+            failure_ = std::current_exception();
             return false;
         }
     }
@@ -169,6 +176,7 @@ private:
         readExif();
         readDensity();
         readProfile();
+        facts_.isPlainJpeg = !profile_.changesColors();
     }
 
     /// Programs that write the Adobe marker write CMYK with 255 for no ink.
@@ -233,6 +241,7 @@ private:
     Handle jpeg_;
     std::jmp_buf jump_{};
     std::string message_;
+    std::exception_ptr failure_;  ///< that is no fault of the image
     std::array<JOCTET, 16384> block_{};
     ColorProfile profile_;
     bool isInverted_ = false;

@@ -19,6 +19,7 @@ struct ImageFacts {
     double horizontalResolution = 0;  ///< dots per inch as stored; 0 if not told
     double verticalResolution = 0;
     bool isProfileIgnored = false;  ///< colours stand as they are despite a profile
+    bool isPlainJpeg = false;       ///< a JPEG file whose samples are the pixels
 
     [[nodiscard]] std::size_t componentCount() const {
         return colorSpace == Drawing::ColorSpaceType::cmyk  ? 4U
@@ -37,8 +38,8 @@ public:
 
     [[nodiscard]] const ImageFacts& facts() const { return facts_; }
     /// The next row: colour components side by side, 8 bits each, sRGB, grey in sRGB's steps, or
-    /// CMYK with 255 full ink; and, if the image has alpha, a byte a pixel. Throws `ImageError`.
-    /// Not to be called after the last row or after an error.
+    /// CMYK with 255 full ink; and, if the image has alpha, a byte a pixel. Throws `ImageError`
+    /// and `ImageLost`. Not to be called after the last row or after an error.
     virtual void readRow(std::uint8_t* pixels, std::uint8_t* alpha) = 0;
 
 protected:
@@ -46,7 +47,7 @@ protected:
 };
 
 /// A reader for a PNG or JPEG file of at most `mostPixels` pixels, its head read. Throws
-/// `ImageError` for everything else.
+/// `ImageError` for everything else, and `ImageLost`.
 std::unique_ptr<PixelReader> openImage(ByteReader bytes, std::uint64_t mostPixels);
 
 /// Throws `ImageError` if an image of this size is larger than `mostPixels`.

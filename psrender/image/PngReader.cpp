@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <csetjmp>
+#include <exception>
 #include <new>
 #include <string>
 #include <utility>
@@ -67,9 +68,16 @@ private:
     /// The library reports an error by a jump: `step` may own nothing.
     template <class Step>
     void run(Step step) {
-        if (setjmp(png_jmpbuf(png_)) != 0)  // NOLINT(cert-err52-cpp): a library of C
+        if (setjmp(png_jmpbuf(png_)) == 0) {  // NOLINT(cert-err52-cpp): a library of C
+            step();
+            isDone_ = true;
+        } else {
+            isDone_ = false;
+        }
+        if (failure_)
+            std::rethrow_exception(failure_);
+        if (!isDone_)
             throw ImageError(message_);
-        step();
     }
 
     static void onError(png_structp png, const char* message) {
@@ -81,11 +89,16 @@ private:
     }
     static void onWarning(png_structp /*png*/, const char* /*message*/) {}
 
-    /// A chunk may claim any size, whatever the file has.
+    /// A chunk may claim any size, whatever the file has. Without memory the library would pass
+    /// over chunks that say how colours are meant.
     static png_voidp onAllocate(png_structp png, png_alloc_size_t size) {
-        const auto* reader = static_cast<const PngReader*>(png_get_mem_ptr(png));
-        return reader->isHeadRead_ || size <= kLargestChunk ? ::operator new(size, std::nothrow)
-                                                            : nullptr;
+        auto* reader = static_cast<PngReader*>(png_get_mem_ptr(png));
+        if (!reader->isHeadRead_ && size > kLargestChunk)
+            return nullptr;
+        const png_voidp memory = ::operator new(size, std::nothrow);
+        if (memory == nullptr)
+            reader->failure_ = std::make_exception_ptr(std::bad_alloc());
+        return memory;
     }
     static void onFree(png_structp /*png*/, png_voidp memory) { ::operator delete(memory); }
 
@@ -99,8 +112,8 @@ private:
             if (bytes_.read(target, size) == size)
                 return true;
             message_ = "is a PNG image that is cut short; fetch or export it anew";
-        } catch (const ImageError& error) {
-            message_ = error.what();
+        } catch (const ImageLost&) {
+            failure_ = std::current_exception();
         }
         return false;
     }
@@ -199,6 +212,8 @@ private:
 
     ByteReader bytes_;
     std::string message_;
+    std::exception_ptr failure_;  ///< that is no fault of the image
+    bool isDone_ = false;         ///< whether the last step came to its end
     bool isHeadRead_ = false;
     Handles handles_;
     png_structp png_;

@@ -57,6 +57,11 @@ Core::ByteArray RowImage::getAlphaBytes(int /*selector*/) const {
     return alpha;
 }
 
+void RowImage::readPixelRows(int /*selector*/, std::int32_t first, std::int32_t count,
+                             std::uint8_t* pixels, std::uint8_t* alpha) const {
+    readRows(first, count, pixels, alpha);
+}
+
 Core::SmartPtr<RowImage> rowsOf(const Core::SmartPtr<Drawing::Image>& image) {
     auto rows = image.dynamicCast<RowImage>();
     return rows ? rows : Core::makeObject<WholeImage>(image);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Drawing/Image.h"
+#include "Drawing/RowSource.h"
 
 #include <cstdint>
 
@@ -18,7 +19,7 @@ struct PixelRect {
 
 /// An image that is decoded when asked and keeps no pixels. It is cheapest to ask for rows from
 /// the top down. All images of the host are of this kind.
-class RowImage : public Drawing::Image {
+class RowImage : public Drawing::Image, public Drawing::RowSource {
 public:
     RowImage(Core::String hashKey, Drawing::PixelSize size, Drawing::ColorSpaceType colorSpace,
              bool hasAlpha);
@@ -30,6 +31,8 @@ public:
     [[nodiscard]] bool hasAlpha() const override { return hasAlpha_; }
     [[nodiscard]] Core::ByteArray getPixelBytes(int selector) const override;
     [[nodiscard]] Core::ByteArray getAlphaBytes(int selector) const override;
+    void readPixelRows(int selector, std::int32_t first, std::int32_t count, std::uint8_t* pixels,
+                       std::uint8_t* alpha) const override;
 
     /// Writes `count` rows from `first` on; `alpha` may be null for an image without. Throws
     /// `std::runtime_error` if the image can no longer be decoded.

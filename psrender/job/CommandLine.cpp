@@ -1,11 +1,15 @@
 #include "psrender/job/CommandLine.h"
 
+#include "psrender/job/InputFile.h"
+#include "psrender/job/Message.h"
+
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <functional>
+#include <iostream>
 #include <optional>
 #include <string>
 
@@ -112,7 +116,17 @@ public:
     }
 
     ExitCode explain(const CLI::ParseError& error) {
-        return app_.exit(error) == 0 ? success : wrongUsage;
+        if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
+            app_.exit(error);
+            std::cout.flush();
+            if (std::cout)
+                return success;
+            tell(std::string("cannot write to ") + kStandardOutput);
+            return failure;
+        }
+        tell(error.what());
+        tell("run with --help for more information");
+        return wrongUsage;
     }
 
     JobRequest request() {
@@ -214,6 +228,11 @@ private:
                         "resolution of the preview; default 96")
             ->option_text("N")
             ->check(CLI::Range(1, 2400));
+        app_.add_option("--max-shapes", request_.limits.shapes,
+                        "refuse drawings with more shapes or twice as many elements; default " +
+                            std::to_string(request_.limits.shapes))
+            ->option_text("N")
+            ->check(CLI::Range(std::size_t{1}, std::size_t{1} << 32));
         app_.add_flag("--keep-going", request_.keepGoing, "skip a bad drawing, exit code 3");
         app_.add_option("--opacity", opacity_,
                         "blend (the default): translucent shapes show what is beneath; white: they "

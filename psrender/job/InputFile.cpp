@@ -23,6 +23,8 @@ namespace {
 }
 
 [[noreturn]] void failRead(const std::string& name) {
+    if (name == "-" && errno == EBADF)
+        refuse(name, "is closed; redirect a drawing to it or name a file");
     const std::string reason = std::generic_category().message(errno);
     const bool folder = errno == EISDIR;
     refuse(name, folder ? "this is a folder; name the SVG files in it"

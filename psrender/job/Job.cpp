@@ -1,23 +1,28 @@
 #include "psrender/job/Job.h"
 
-#include "PS/PSDocument.h"
+#include "Core/Exception.h"
+#include "Print/PrintDocument.h"
+#include "psrender/base/Absence.h"
 #include "psrender/base/InputError.h"
 #include "psrender/base/Warnings.h"
 #include "psrender/job/InputFile.h"
+#include "psrender/job/Message.h"
 #include "psrender/job/OutputFile.h"
 #include "psrender/job/PageReader.h"
 #include "psrender/job/Preview.h"
 #include "psrender/job/Progress.h"
 #include "psrender/paint/Painter.h"
 #include "psrender/plan/Planner.h"
+#include "psrender/scene/UnseenText.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
 #include <cstdio>
-#include <filesystem>
+#include <optional>
 #include <stdexcept>
-#include <system_error>
 #include <utility>
 
 namespace psrender {
@@ -26,12 +31,24 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
+/// Nothing for what is not there.
+std::optional<struct stat> statusOf(const std::string& name) {
+    struct stat status {};
+    if (::stat(name.c_str(), &status) == 0)
+        return status;
+    if (!isAbsence(errno))
+        throw Core::IOException("cannot find out about", name, errno);
+    return std::nullopt;
+}
+
 /// `a.svg -o a.svg` is a slip that would cost the drawing.
 const std::string& outputOf(const JobRequest& request) {
-    std::error_code none;
+    const auto output = statusOf(request.output);
+    if (!output || !S_ISREG(output->st_mode))
+        return request.output;
     for (const std::string& input : request.inputs)
-        if (std::filesystem::equivalent(input, request.output, none) &&
-            std::filesystem::is_regular_file(input, none))
+        if (const auto status = statusOf(input);
+            status && status->st_dev == output->st_dev && status->st_ino == output->st_ino)
             throw InputError({input},
                              "would be replaced by the output; choose another name for -o");
     return request.output;
@@ -42,8 +59,8 @@ public:
     explicit Job(const JobRequest& request)
         : request_(request),
           output_(outputOf(request)),
-          document_(Core::makeObject<Drawing::PS::PSDocument>(output_.stream(), true)),
-          reader_(request.mostPixels),
+          document_(Core::makeObject<Drawing::Print::PrintDocument>(output_.stream())),
+          reader_(request.mostPixels, request.limits),
           planner_({request.mostDotsPerInch, request.opacity}),
           painter_(*document_),
           progress_(request.inputs.size(), !request.quiet && ::isatty(STDERR_FILENO) == 1) {}
@@ -91,9 +108,21 @@ private:
         } catch (const std::runtime_error& error) {
             throw InputError({name}, error.what());
         }
+        scene::dropUnseenText(page, warnings);
         page = planner_.plan(std::move(page), warnings);
-        painter_.paintPage(page);
+        paint(name, page);
         report(name, page, warnings, Clock::now() - start);
+    }
+
+    /// A page that was begun cannot be skipped any more.
+    void paint(const std::string& name, const scene::Page& page) {
+        try {
+            painter_.paintPage(page);
+        } catch (const InputError& error) {
+            throw std::runtime_error(error.what());
+        } catch (const Core::NumberRangeException& error) {
+            throw std::runtime_error(name + ": " + error.getMessage());
+        }
     }
 
     /// An image has no size that its author had in mind, so paper is to be filled with it.
@@ -122,12 +151,12 @@ private:
 
     void say(const std::string& sentence) {
         progress_.clear();
-        std::fprintf(stderr, "psrender: %s\n", sentence.c_str());
+        tell(sentence);
     }
 
     const JobRequest& request_;
     OutputFile output_;
-    Core::SmartPtr<Drawing::PS::PSDocument> document_;
+    Core::SmartPtr<Drawing::Print::PrintDocument> document_;
     PageReader reader_;
     plan::Planner planner_;
     paint::Painter painter_;

@@ -3,6 +3,7 @@
 #include "PS/PSPrintingOptions.h"
 #include "psrender/job/PageFrame.h"
 #include "psrender/plan/Planner.h"
+#include "psrender/svg/SvgReader.h"
 
 #include <cstdint>
 #include <optional>
@@ -21,6 +22,7 @@ struct JobRequest {
     PageFrame frame;
     double mostDotsPerInch = 0;  ///< of images, which are reduced to it; 0 keeps every pixel
     std::uint64_t mostPixels = kMostPixels;  ///< of one image
+    svg::ReadingLimits limits;               ///< of one drawing
     plan::OpacityWay opacity = plan::OpacityWay::blend;
     std::optional<Drawing::PS::PSPrintingOptions> printing;
     std::optional<std::string> previewPrefix;

@@ -20,6 +20,17 @@ std::string folderOf(const std::string& file) {
     return folder.empty() ? "." : folder;
 }
 
+template <class Open>
+PageReader::Input readPicture(const std::string& name, Warnings& warnings, Open open) {
+    try {
+        return {pageOf(open(), warnings), true};
+    } catch (const image::ImageError& error) {
+        throw InputError({name}, error.what());
+    } catch (const image::ImageLost& error) {
+        throw InputError({name}, error.what());
+    }
+}
+
 }  // namespace
 
 PageReader::Input PageReader::read(const std::string& input, Warnings& warnings) {
@@ -32,22 +43,18 @@ PageReader::Input PageReader::read(const std::string& input, Warnings& warnings)
 
 /// An image stays in its file, whatever its size.
 PageReader::Input PageReader::readImageFile(const std::string& name, Warnings& warnings) {
-    try {
-        return {pageOf(images_.fromFile(name, name), warnings), true};
-    } catch (const image::ImageError& error) {
-        throw InputError({name}, error.what());
-    }
+    return readPicture(name, warnings, [&]() -> const image::UprightImage& {
+        return images_.fromFile(name, name);
+    });
 }
 
 PageReader::Input PageReader::readContent(const std::string& content, const std::string& name,
                                           const std::string& folder, Warnings& warnings) {
     if (image::formatOf(content) == ImageFormat::none)
-        return {svg::readSvg(content, name, warnings, {&images_, folder}), false};
-    try {
-        return {pageOf(images_.fromBytes(content, name), warnings), true};
-    } catch (const image::ImageError& error) {
-        throw InputError({name}, error.what());
-    }
+        return {svg::readSvg(content, name, warnings, {&images_, folder}, limits_), false};
+    return readPicture(name, warnings, [&]() -> const image::UprightImage& {
+        return images_.fromBytes(content, name);
+    });
 }
 
 }  // namespace psrender

@@ -3,6 +3,7 @@
 #include "psrender/base/Warnings.h"
 #include "psrender/image/ImageStore.h"
 #include "psrender/scene/DisplayList.h"
+#include "psrender/svg/SvgReader.h"
 
 #include <string>
 
@@ -16,8 +17,9 @@ public:
         bool isPicture = false;  ///< an image that is the page
     };
 
-    /// Images larger than `mostPixels` are refused.
-    explicit PageReader(std::uint64_t mostPixels) : images_(mostPixels) {}
+    /// Images larger than `mostPixels` and drawings larger than `limits` are refused.
+    PageReader(std::uint64_t mostPixels, const svg::ReadingLimits& limits)
+        : images_(mostPixels), limits_(limits) {}
 
     /// `input` is the name of a file, or "-" for standard input. Throws `InputError`.
     Input read(const std::string& input, Warnings& warnings);
@@ -28,6 +30,7 @@ private:
                       const std::string& folder, Warnings& warnings);
 
     image::ImageStore images_;
+    svg::ReadingLimits limits_;
 };
 
 }  // namespace psrender

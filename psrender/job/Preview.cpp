@@ -1,5 +1,7 @@
 #include "psrender/job/Preview.h"
 
+#include "psrender/job/ProcessState.h"
+
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -23,6 +25,27 @@ std::string outputPattern(const std::string& prefix) {
     }
     return pattern + "-%d.png";
 }
+
+/// A child meets the signals as any program does, whatever is ignored here.
+class UsualSignals {
+public:
+    UsualSignals() {
+        sigset_t signals{};
+        sigemptyset(&signals);
+        for (const int signal : kWriteSignals)
+            sigaddset(&signals, signal);
+        posix_spawnattr_init(&attributes_);
+        posix_spawnattr_setsigdefault(&attributes_, &signals);
+        posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGDEF);
+    }
+    UsualSignals(const UsualSignals&) = delete;
+    UsualSignals& operator=(const UsualSignals&) = delete;
+    ~UsualSignals() { posix_spawnattr_destroy(&attributes_); }
+    [[nodiscard]] const posix_spawnattr_t* get() const { return &attributes_; }
+
+private:
+    posix_spawnattr_t attributes_{};
+};
 
 /// Sends what a child says to nowhere: the caller has a sentence of its own.
 class Silence {
@@ -48,8 +71,10 @@ int runAndWait(std::vector<std::string> arguments) {
         pointers.push_back(argument.data());
     pointers.push_back(nullptr);
     const Silence silence;
+    const UsualSignals signals;
     pid_t child = 0;
-    if (::posix_spawnp(&child, pointers[0], silence.get(), nullptr, pointers.data(), environ) != 0)
+    if (::posix_spawnp(&child, pointers[0], silence.get(), signals.get(), pointers.data(),
+                       environ) != 0)
         throw std::runtime_error(
             "no preview: Ghostscript (gs) was not found; install it or leave out --preview");
     int status = 0;

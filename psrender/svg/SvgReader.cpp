@@ -6,9 +6,9 @@
 namespace psrender::svg {
 
 scene::Page readSvg(std::string_view text, const std::string& name, Warnings& warnings,
-                    const ImageAccess& images) {
-    const XmlTree tree(text, name);
-    return SceneBuilder(tree, images, warnings).build();
+                    const ImageAccess& images, const ReadingLimits& limits) {
+    const XmlTree tree(text, name, limits);
+    return SceneBuilder(tree, images, warnings, limits).build();
 }
 
 }  // namespace psrender::svg

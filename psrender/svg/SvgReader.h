@@ -4,6 +4,7 @@
 #include "psrender/base/Warnings.h"
 #include "psrender/scene/DisplayList.h"
 #include "psrender/svg/image/ImageAccess.h"
+#include "psrender/svg/values/ReadingLimits.h"
 
 #include <string>
 #include <string_view>
@@ -18,9 +19,9 @@ namespace psrender::svg {
 ///
 /// `text` is the whole document in UTF-8 (or UTF-16 with a byte order mark); `name` is what
 /// messages call it. Throws `InputError` for what is no SVG, is cut short, or asks for more
-/// than the stated limits of nesting and size. Reads no file and no address, but for the images
+/// than `limits` or the stated limits of nesting. Reads no file and no address, but for the images
 /// that `images` allows.
 scene::Page readSvg(std::string_view text, const std::string& name, Warnings& warnings,
-                    const ImageAccess& images = {});
+                    const ImageAccess& images = {}, const ReadingLimits& limits = {});
 
 }  // namespace psrender::svg

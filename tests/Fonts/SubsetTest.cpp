@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <numeric>
+#include <set>
 #include <vector>
 
 namespace {
@@ -109,6 +110,47 @@ TEST(Subset, HasLongLocationsWhereItsPaddedGlyphsNeedThem) {
         const FreeTypeFile reduced(subset);
         for (std::uint32_t glyph = 0; glyph <= static_cast<std::uint32_t>(row.last); glyph += 7)
             ASSERT_EQ(whole.outlineSum(glyph), reduced.outlineSum(glyph)) << glyph;
+    }
+}
+
+TEST(CompactSubset, NumbersItsGlyphsAnewAndKeepsTheirParts) {
+    const auto font = FontFiles::openTrueType(kDejaVuSans);
+    const auto glyphs = FontFiles::glyphsOf(font, u"\u00e9A\u0416\U0001D538");
+    const Fonts::CompactSubset subset = font->compactSubset(glyphs, 0);
+    EXPECT_LT(subset.file.size(), font->subset({36}, 0).size());
+    const FreeTypeFile whole(FontFiles::read(kDejaVuSans));
+    const FreeTypeFile reduced(subset.file);
+    EXPECT_LT(reduced.glyphCount(), 10U);
+    EXPECT_EQ(whole.outlineSum(0), reduced.outlineSum(0));
+    for (std::size_t i = 0; i < glyphs.size(); ++i) {
+        EXPECT_EQ(whole.outlineSum(glyphs[i]), reduced.outlineSum(subset.numbers[i]));
+        EXPECT_EQ(whole.advanceOf(glyphs[i]), reduced.advanceOf(subset.numbers[i]));
+    }
+    EXPECT_NE(0U, tableOf(subset.file, "fpgm"));
+    EXPECT_EQ(0U, tableOf(font->compactSubset(glyphs, Fonts::TTFFont::kDropHints).file, "fpgm"));
+}
+
+/// Half of all glyphs take more room than short locations can tell; with long ones, glyphs could
+/// begin anywhere.
+TEST(CompactSubset, CanBeCutWhereTablesAndGlyphsBegin) {
+    const auto font = FontFiles::openTrueType(kDejaVuSans);
+    std::vector<std::uint32_t> glyphs(3000);
+    std::iota(glyphs.begin(), glyphs.end(), 0U);
+    for (const int flags : {0, Fonts::TTFFont::kDropHints}) {
+        const Fonts::CompactSubset subset = font->compactSubset(glyphs, flags);
+        ASSERT_TRUE(hasLongLoca(subset.file));
+        const std::set<std::size_t> breaks(subset.breaks.begin(), subset.breaks.end());
+        for (const std::uint32_t offset : offsetsOf(subset.file))
+            EXPECT_TRUE(breaks.contains(tableOf(subset.file, "glyf") + offset) ||
+                        offset == offsetsOf(subset.file).back());
+        EXPECT_TRUE(breaks.contains(tableOf(subset.file, "hmtx")));
+        EXPECT_EQ(subset.file.size(), *breaks.rbegin());
+        for (const std::size_t offset : breaks)
+            EXPECT_EQ(0U, offset % 2);
+        const FreeTypeFile whole(FontFiles::read(kDejaVuSans));
+        const FreeTypeFile reduced(subset.file);
+        for (std::uint32_t glyph = 0; glyph < 3000; glyph += 7)
+            ASSERT_EQ(whole.outlineSum(glyph), reduced.outlineSum(subset.numbers[glyph])) << glyph;
     }
 }
 

@@ -113,6 +113,14 @@ TEST(Type1Font, AProgramThatIsCutOffIsRefused) {
                 << file << " " << length;
     EXPECT_THROW(FontManager::openFontData(Core::ByteArray("%!PS-AdobeFont-1.0: X\n"), "x"),
                  FontException);
+    const Core::ByteArray whole = FontFiles::read(kNimbusRomanSegments);
+    EXPECT_THROW(FontManager::openFontData({whole.data(), whole.size() - 20}, "cut.pfb"),
+                 FontException)
+        << "in its trailer";
+    Core::ByteArray damaged = whole;
+    damaged[6 + whole[2] + 256U * whole[3] + 1] = 7;
+    EXPECT_THROW(FontManager::openFontData(damaged, "damaged.pfb"), FontException)
+        << "a segment of no known kind";
 }
 
 }  // namespace

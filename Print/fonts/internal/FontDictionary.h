@@ -11,7 +11,7 @@
 namespace Drawing::Print {
 
 /// The box around outlines, which may be those of many glyphs, in 1/1000 em.
-class BoxSink : public Fonts::GlyphSink {
+class OutlineBox : public Fonts::GlyphSink {
 public:
     void moveTo(float x, float y) override { add(x, y); }
     void lineTo(float x, float y) override { add(x, y); }

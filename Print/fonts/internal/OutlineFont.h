@@ -1,6 +1,8 @@
 #pragma once
 
+#include "Print/fonts/internal/GlyphNames.h"
 #include "Print/fonts/internal/PrintFont.h"
+#include "Print/fonts/internal/ProgramText.h"
 
 #include <map>
 
@@ -22,6 +24,7 @@ protected:
 private:
     [[nodiscard]] GlyphId outlineOf(GlyphId glyph) const;
     [[nodiscard]] std::vector<std::uint8_t> charString(GlyphId glyph) const;
+    void defineCharStrings(ProgramText& out, const std::vector<NamedGlyph>& glyphs) const;
 
     Core::SmartPtr<Fonts::FontProgram> outlines_;
     std::uint32_t unitsPerEm_;

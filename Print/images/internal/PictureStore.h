@@ -74,10 +74,12 @@ private:
         std::optional<std::uint32_t> page;  ///< of the first use
         bool isOnSeveralPages = false;
         bool isDefined = false;
+        bool isDecoded = false;  ///< by the interpreter, when it is defined
     };
     struct Picture {
         std::size_t samples;
         PictureLook look;
+        std::string name;
     };
     enum class Kind { colors, stencil };
     /// Hash key, selector, kind. A tint that cannot be left to `Decode` has a key of its own.
@@ -94,6 +96,7 @@ private:
 
     Spool& spool_;
     Core::SmartPtr<ColorConverter> converter_;
+    std::uint64_t decodedInAll_ = 0;
     std::vector<Samples> samples_;
     std::vector<Picture> pictures_;
     std::map<SamplesKey, std::size_t> samplesByKey_;

@@ -21,8 +21,15 @@ struct PictureLook {
 /// and then of the samples. It reads both, whatever is left behind the samples included; a mask
 /// is held by the interpreter, compressed, samples are not.
 std::string inlinePicture(const PictureData& data, const PictureLook& look);
-/// The same from the reusable streams of base 85 that have these names.
+/// The same from reusable streams that have these names. They hold the samples and the mask as they
+/// are encoded, or, where `isDecoded`, decoded.
 std::string namedPicture(const PictureData& data, const PictureLook& look,
-                         const std::string& samples, const std::string& mask);
+                         const std::string& samples, const std::string& mask, bool isDecoded);
+
+/// What makes a reusable stream out of the base 85 of encoded samples or a mask, or of decoded
+/// ones (ReusableStreamDecode, PLRM 3.13.3).
+std::string encodedStream();
+std::string decodedSamplesStream(const PictureData& data);
+std::string decodedMaskStream();
 
 }  // namespace Drawing::Print

@@ -9,7 +9,7 @@ namespace Drawing::Print {
 
 /// Turns the rows of a picture into differences from their neighbours, which compress far better,
 /// by the five PNG filters (PNG 9; Predictor 15 of FlateDecode, PLRM 3.13.3). Each row takes the
-/// one that leaves the smallest differences.
+/// one that leaves the smallest differences, or, where most pixels equal their neighbours, none.
 class RowPredictor {
 public:
     /// 8 bits a component, `components` a pixel.
@@ -21,6 +21,7 @@ public:
 
 private:
     void apply(std::size_t filter);
+    [[nodiscard]] bool isFlat() const;
 
     std::size_t components_;
     std::vector<std::uint8_t> row_;    ///< with a pixel of zeros in front, as the filters have it

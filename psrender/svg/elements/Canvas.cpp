@@ -5,6 +5,7 @@
 #include "psrender/svg/xml/XmlTree.h"
 
 #include <cmath>
+#include <string>
 #include <utility>
 
 namespace psrender::svg {
@@ -14,12 +15,12 @@ using scene::Paint;
 void Canvas::add(scene::Shape shape, pugi::xml_node element) {
     if (!hasInside(*shape.outline))
         shape.fill = {};
-    if (shape.fill.kind != Paint::Kind::none || shape.stroke.kind != Paint::Kind::none)
+    if (isPainted(shape.fill) || isPainted(shape.stroke))
         require(items_.add(std::move(shape)), element);
 }
 
 void Canvas::add(scene::Text text, pugi::xml_node element) {
-    if (text.fill.kind != Paint::Kind::none || text.stroke.kind != Paint::Kind::none)
+    if (isPainted(text.fill) || isPainted(text.stroke))
         require(items_.add(std::move(text)), element);
 }
 
@@ -42,10 +43,13 @@ bool Canvas::canShow(const scene::Affine& toPage) {
 }
 
 void Canvas::require(bool isAdded, pugi::xml_node element) const {
-    if (!isAdded)
-        tree_.fail(element,
-                   "the picture has more than 2 million shapes or 50 million points; "
-                   "split it or simplify its paths");
+    if (isAdded)
+        return;
+    const ReadingLimits& limits = items_.limits();
+    tree_.fail(element, "the picture has more than " + std::to_string(limits.shapes) +
+                            " shapes or " + std::to_string(limits.points()) +
+                            " points; split it, simplify its paths, or raise the limit with "
+                            "--max-shapes");
 }
 
 }  // namespace psrender::svg

@@ -18,8 +18,9 @@ class XmlTree;
 /// and a picture that becomes too large is refused at the element that is too much.
 class Canvas {
 public:
-    /// Both must outlive the canvas.
-    Canvas(const XmlTree& tree, Warnings& warnings) : tree_(tree), warnings_(warnings) {}
+    /// Tree and warnings must outlive the canvas.
+    Canvas(const XmlTree& tree, const ReadingLimits& limits, Warnings& warnings)
+        : tree_(tree), warnings_(warnings), items_(limits) {}
 
     /// These add what `element` shows. They throw `InputError` when the page is full.
     void add(scene::Shape shape, pugi::xml_node element);

@@ -2,6 +2,7 @@
 
 #include "psrender/base/Warnings.h"
 #include "psrender/image/DerivedImages.h"
+#include "psrender/image/ImageError.h"
 #include "psrender/svg/elements/Canvas.h"
 #include "psrender/svg/image/ImageLinks.h"
 #include "psrender/svg/values/Characters.h"
@@ -83,11 +84,19 @@ scene::Picture placed(const UprightImage& image, const Affine& toArea, const Rec
 
 }  // namespace
 
+const UprightImage* ImageReader::find(std::string_view address, pugi::xml_node element) {
+    try {
+        return links_.find(address);
+    } catch (const image::ImageLost& error) {
+        tree_.fail(element, error.what());
+    }
+}
+
 void ImageReader::draw(pugi::xml_node element, const Surroundings& inside) {
     const std::string_view address = trimmed(hrefOf(element));
     if (!inside.style.isVisible || address.empty() || !canvas_.canShow(inside.toPage))
         return;
-    const UprightImage* image = links_.find(address);
+    const UprightImage* image = find(address, element);
     if (image == nullptr)
         return;
     const Rect area = imageArea(LengthReader(element, inside.measures, warnings_), *image);

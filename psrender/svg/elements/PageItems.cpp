@@ -8,19 +8,14 @@ namespace psrender::svg {
 
 namespace {
 
-using scene::Paint;
 using scene::Shape;
-
-constexpr std::size_t kMostShapes = 2'000'000;
-constexpr std::size_t kMostPoints = 50'000'000;
 
 /// Fill and stroke overlap, so with both the opacity has to stay around the two.
 template <class Painted>
 bool takeOver(double opacity, Painted& item) {
     if (isPainted(item.fill) == isPainted(item.stroke))
         return false;
-    Paint& paint = isPainted(item.fill) ? item.fill : item.stroke;
-    paint.opacity *= opacity;
+    paintOf(item).opacity *= opacity;
     return true;
 }
 
@@ -121,7 +116,7 @@ bool PageItems::add(scene::Placement placement, Size size) {
 
 bool PageItems::grow(Size size) {
     size_ = size_ + size;
-    return size_.shapes <= kMostShapes && size_.points <= kMostPoints;
+    return size_.shapes <= limits_.shapes && size_.points <= limits_.points();
 }
 
 PageItems::Mark PageItems::beginGroup(double opacity, std::optional<scene::Clip> clip) {

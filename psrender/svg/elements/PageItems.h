@@ -1,6 +1,7 @@
 #pragma once
 
 #include "psrender/scene/DisplayList.h"
+#include "psrender/svg/values/ReadingLimits.h"
 
 #include <memory>
 #include <optional>
@@ -24,7 +25,9 @@ public:
         friend Size operator-(Size a, Size b) { return {a.shapes - b.shapes, a.points - b.points}; }
     };
 
-    /// False if the page would become too large: more than 2 million shapes or 50 million points.
+    explicit PageItems(const ReadingLimits& limits) : limits_(limits) {}
+
+    /// False if the page would become larger than the limits.
     [[nodiscard]] bool add(scene::Shape shape);
     /// The same for a picture.
     [[nodiscard]] bool add(scene::Picture picture);
@@ -33,6 +36,7 @@ public:
     [[nodiscard]] bool add(scene::Placement placement, Size size);
 
     [[nodiscard]] Size size() const { return size_; }
+    [[nodiscard]] const ReadingLimits& limits() const { return limits_; }
 
     Mark beginGroup(double opacity, std::optional<scene::Clip> clip = std::nullopt);
     void endGroup(Mark begin);
@@ -66,6 +70,7 @@ public:
 private:
     [[nodiscard]] bool grow(Size size);
 
+    ReadingLimits limits_;
     std::vector<scene::Item> items_;
     Size size_;
 };

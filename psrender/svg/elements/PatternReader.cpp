@@ -1,5 +1,6 @@
 #include "psrender/svg/elements/PatternReader.h"
 
+#include "psrender/base/Warnings.h"
 #include "psrender/svg/css/StyleResolver.h"
 #include "psrender/svg/elements/References.h"
 #include "psrender/svg/values/Characters.h"
@@ -7,6 +8,7 @@
 #include "psrender/svg/values/ViewBox.h"
 #include "psrender/svg/xml/XmlTree.h"
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <string_view>
@@ -18,6 +20,8 @@ using scene::Affine;
 using scene::Rect;
 
 namespace {
+
+constexpr double kLargestNumber = 1e12;
 
 bool goesByBox(const PaintServer& server, const char* name, bool isUsual) {
     const std::string_view units = trimmed(server.attribute(name));
@@ -66,6 +70,12 @@ std::shared_ptr<const scene::ItemList> placed(const Symbol& symbol, const Affine
         scene::ItemList{{scene::Placement{symbol.items, map}}});
 }
 
+/// Nobody means numbers beyond; behind them not even sums of two can be written.
+bool isWithinBounds(const Affine& map, const Rect& tile) {
+    const auto numbers = {map.a, map.b, map.c, map.d, map.e, map.f, tile.width, tile.height};
+    return std::ranges::all_of(numbers, [](double n) { return std::abs(n) <= kLargestNumber; });
+}
+
 bool isVisible(const Affine& map) {
     return map.isFinite() && map.determinant() != 0 && std::isfinite(map.determinant());
 }
@@ -89,17 +99,18 @@ std::optional<scene::Paint> PatternReader::read(pugi::xml_node pattern, const Pa
     auto result = std::make_shared<scene::Pattern>();
     result->tile = {0, 0, tile->width, tile->height};
     result->transform = map * Affine::translation(tile->x, tile->y);
+    if (!isWithinBounds(result->transform, *tile)) {
+        warnings_.add("patterns with numbers beyond all bounds are left out (<pattern>)");
+        return scene::Paint();
+    }
     const std::string_view overflow = trimmed(server.attribute("overflow"));
     result->isClipped = overflow != "visible" && overflow != "auto";
     references_.drawWithin(holder, [&] {
         result->content = placed(symbolOf(holder, measures, place.depth), *contentMap);
     });
-    scene::Paint paint;
-    if (!result->content->items.empty()) {
-        paint.kind = scene::Paint::Kind::pattern;
-        paint.pattern = std::move(result);
-    }
-    return paint;
+    if (result->content->items.empty())
+        return scene::Paint();
+    return scene::Paint{std::shared_ptr<const scene::Pattern>(std::move(result))};
 }
 
 /// A pattern's content inherits from where the pattern stands.

@@ -36,7 +36,8 @@ void makeSilhouette(ComputedStyle& style) {
 
 }  // namespace
 
-SceneBuilder::SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warnings& warnings)
+SceneBuilder::SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warnings& warnings,
+                           const ReadingLimits& limits)
     : tree_(tree),
       warnings_(warnings),
       styles_(tree, warnings),
@@ -47,13 +48,13 @@ SceneBuilder::SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warni
       shapePaints_(paints_),
       outlines_(warnings),
       links_(images, warnings),
-      canvas_(tree, warnings),
+      canvas_(tree, limits, warnings),
       references_(tree, canvas_.items()),
       uses_(tree, canvas_, references_, *this, warnings),
       clips_(tree, styles_, canvas_.items(), references_, *this),
       markers_(tree, styles_, canvas_, references_, *this, warnings),
       patterns_(tree, styles_, references_, *this, warnings),
-      images_(canvas_, links_, warnings),
+      images_(tree, canvas_, links_, warnings),
       texts_(tree, styles_, outlines_, shapePaints_, canvas_, warnings),
       shapes_(outlines_, shapePaints_, markers_, canvas_) {}
 

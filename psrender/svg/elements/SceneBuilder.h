@@ -26,10 +26,8 @@ namespace psrender::svg {
 class SceneBuilder : private ElementWalker {
 public:
     /// Tree and warnings must outlive the builder.
-    SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warnings& warnings);
-    SceneBuilder(const SceneBuilder&) = delete;
-    SceneBuilder& operator=(const SceneBuilder&) = delete;
-    ~SceneBuilder() = default;
+    SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warnings& warnings,
+                 const ReadingLimits& limits);
 
     /// To be called once. Throws `InputError`.
     scene::Page build();

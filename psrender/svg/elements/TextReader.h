@@ -27,7 +27,8 @@ public:
           shapes_(shapes),
           paints_(paints),
           canvas_(canvas),
-          warnings_(warnings) {}
+          warnings_(warnings),
+          fonts_(warnings) {}
 
     void draw(pugi::xml_node element, const Surroundings& inside);
 

@@ -1,5 +1,6 @@
 #include "psrender/svg/image/ImageLinks.h"
 
+#include "psrender/base/Absence.h"
 #include "psrender/base/Warnings.h"
 #include "psrender/image/ImageError.h"
 #include "psrender/svg/image/DataUri.h"
@@ -13,6 +14,7 @@
 namespace psrender::svg {
 
 using image::ImageError;
+using image::ImageLost;
 using image::UprightImage;
 namespace fs = std::filesystem;
 
@@ -22,11 +24,9 @@ namespace {
 constexpr std::uint64_t kLargestSum = 10;
 constexpr std::size_t kLongestName = 100;
 
-/// A name as messages show it: of bounded length, and without what a terminal would obey.
-std::string printable(std::string_view name) {
-    std::string text(name.substr(0, kLongestName));
-    std::ranges::replace_if(
-        text, [](unsigned char c) { return c < ' ' || c == 127; }, '?');
+/// A name as messages show it, which is of bounded length.
+std::string shortened(std::string_view name) {
+    const std::string text(name.substr(0, kLongestName));
     return name.size() <= kLongestName ? text : text + "...";
 }
 
@@ -40,6 +40,12 @@ bool looksLikeSvg(std::string_view bytes) {
     const std::string_view start = trimmed(bytes.substr(0, 1000));
     return start.starts_with("<") || start.starts_with("\xEF\xBB\xBF<") ||
            start.starts_with("\x1F\x8B");
+}
+
+/// The file system may say that there is nothing, but it must say something.
+void requireAnswer(const std::error_code& error) {
+    if (error && !isAbsence(error.value()))
+        throw ImageLost("cannot be found (" + error.message() + "); check the disk and try again");
 }
 
 bool liesWithin(const fs::path& path, const fs::path& folder) {
@@ -69,7 +75,7 @@ const UprightImage* ImageLinks::find(std::string_view address) {
 
 const UprightImage* ImageLinks::load(std::string_view address) {
     const bool isData = equalsIgnoringCase(address.substr(0, 5), "data:");
-    const std::string name = isData ? "an embedded image" : printable(address);
+    const std::string name = isData ? "an embedded image" : shortened(address);
     try {
         if (access_.store->decodedPixels() > mostPixels_)
             throw ImageError(
@@ -86,6 +92,8 @@ const UprightImage* ImageLinks::load(std::string_view address) {
     } catch (const ImageError& error) {
         warnings_.add("left out (<image>): " + name + " " + error.what());
         return nullptr;
+    } catch (const ImageLost& error) {
+        throw ImageLost(name + " " + error.what());
     }
 }
 
@@ -99,13 +107,17 @@ const UprightImage& ImageLinks::loadFile(std::string_view address) {
 /// Links in the file system are followed first, so that none leads out of the folder.
 std::string ImageLinks::pathOf(const std::string& name) const {
     const fs::path relative(name);
-    std::error_code error;
-    const fs::path folder = fs::canonical(access_.folder, error);
     const bool climbs = std::find(relative.begin(), relative.end(), "..") != relative.end();
-    if (access_.folder.empty() || error || relative.is_absolute() || climbs || name.empty() ||
+    if (access_.folder.empty() || relative.is_absolute() || climbs || name.empty() ||
         name.find('\0') != std::string::npos)
         throw ImageError("is not in the folder of the drawing; put it there or embed it");
+    std::error_code error;
+    const fs::path folder = fs::canonical(access_.folder, error);
+    requireAnswer(error);
+    if (error)
+        throw ImageError("is not in the folder of the drawing; put it there or embed it");
     const fs::path path = fs::canonical(folder / relative, error);
+    requireAnswer(error);
     if (error)
         throw ImageError("cannot be read (" + error.message() + "); check its name");
     if (!liesWithin(path, folder))

@@ -20,7 +20,7 @@ public:
     ImageLinks(ImageAccess access, Warnings& warnings);
 
     /// Null, and counted in the warnings, for what is left out. The text behind `address` must
-    /// outlive the links.
+    /// outlive the links. Throws `image::ImageLost`, whose `what()` is a sentence here.
     const image::UprightImage* find(std::string_view address);
 
 private:

@@ -1,6 +1,7 @@
 #include "psrender/svg/text/FontChooser.h"
 
 #include "Fonts/FontManager.h"
+#include "psrender/base/Warnings.h"
 #include "psrender/svg/values/Characters.h"
 
 #include <algorithm>
@@ -12,6 +13,9 @@ namespace psrender::svg {
 using Fonts::FontManager;
 
 namespace {
+
+/// So many families a drawing, at about a millisecond each.
+constexpr std::size_t kMostSearches = 1000;
 
 /// The next name of a list, without its quotes.
 std::string_view takeFamily(std::string_view& families) {
@@ -58,19 +62,32 @@ const ChosenFont* FontChooser::choose(const TextStyle& style, char32_t character
 }
 
 FontChooser::FontList& FontChooser::listFor(const TextStyle& style) {
-    const auto [entry, isNew] =
-        lists_.try_emplace({std::string(style.families), style.weight, style.slant});
-    FontList& list = entry->second;
-    if (!isNew)
-        return list;
+    const StyleKey key{std::string(style.families), style.weight, style.slant};
+    if (const auto known = lists_.find(key); known != lists_.end())
+        return known->second;
+    if (!style.families.empty() && !maySearch()) {
+        TextStyle plain = style;
+        plain.families = {};
+        return listFor(plain);
+    }
+    FontList& list = lists_[key];
     std::string_view families = style.families;
     const std::string_view first = takeFamily(families);
-    for (families = style.families; !trimmed(families).empty();)
+    for (families = style.families; !trimmed(families).empty() && maySearch();)
         addKnown(takeFamily(families), style, list);
     for (const std::string_view family : {first, std::string_view("sans-serif")})
         if (list.fonts.empty())
             addPreferred(family, style, list);
     return list;
+}
+
+bool FontChooser::maySearch() {
+    if (searches_ < kMostSearches) {
+        ++searches_;
+        return true;
+    }
+    warnings_.add("font families behind the first 1000 of a drawing are not looked for");
+    return false;
 }
 
 void FontChooser::addKnown(std::string_view family, const TextStyle& style, FontList& list) {

@@ -16,6 +16,10 @@
 #include <utility>
 #include <vector>
 
+namespace psrender {
+class Warnings;
+}
+
 namespace psrender::svg {
 
 /// A font program and the description under which it is found.
@@ -36,6 +40,9 @@ struct ChosenFont {
 /// none is installed. Families that the standard fonts were made to the measure of are those.
 class FontChooser {
 public:
+    /// Families beyond those that it has time to look for are counted in `warnings`.
+    explicit FontChooser(Warnings& warnings) : warnings_(warnings) {}
+
     /// Never null and valid as long as the chooser. A character that no font has gets the first
     /// font asked for.
     const ChosenFont* choose(const TextStyle& style, char32_t character);
@@ -48,12 +55,16 @@ private:
     using StyleKey = std::tuple<std::string, int, Drawing::FontSlant>;
 
     FontList& listFor(const TextStyle& style);
+    /// Whether there is time for one more family.
+    bool maySearch();
     static void addKnown(std::string_view family, const TextStyle& style, FontList& list);
     static void addPreferred(std::string_view family, const TextStyle& style, FontList& list);
     static const ChosenFont* search(FontList& list, char32_t character);
     static std::unique_ptr<const ChosenFont> substitute(const ChosenFont& wanted,
                                                         char32_t character);
 
+    Warnings& warnings_;
+    std::size_t searches_ = 0;
     std::map<StyleKey, FontList> lists_;
 };
 

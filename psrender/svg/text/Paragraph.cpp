@@ -4,12 +4,15 @@
 #include <hb.h>
 
 #include <algorithm>
+#include <new>
 
 namespace psrender::svg {
 
 namespace {
 
 constexpr char32_t kFirstRightToLeft = 0x0590;
+/// Many times what any language puts on a letter.
+constexpr int kMostMarks = 200;
 
 /// What decides whether neighbours are shaped together.
 struct Traits {
@@ -38,7 +41,7 @@ std::vector<std::uint8_t> embeddingLevels(const TextContent& content) {
     std::vector<FriBidiLevel> found(text.size());
     if (fribidi_get_par_embedding_levels_ex(types.data(), brackets.data(), count, &base,
                                             found.data()) == 0)
-        return levels;
+        throw std::bad_alloc();
     std::ranges::transform(found, levels.begin(),
                            [](FriBidiLevel level) { return static_cast<std::uint8_t>(level); });
     return levels;
@@ -83,9 +86,10 @@ private:
         if (beginsChunk)
             chunks_.push_back({index, index, {}});
         TextChunk& chunk = chunks_.back();
+        const bool isOverfull = hasTooManyMarks(character.code);
         const bool goesOn = !beginsChunk && !character.isMoved() &&
                             content_.characters[index - 1].rotation == 0 &&
-                            character.span == content_.characters[index - 1].span &&
+                            character.span == content_.characters[index - 1].span && !isOverfull &&
                             traits.font == last_.font && traits.level == last_.level &&
                             (traits.script == last_.script || traits.script == HB_SCRIPT_COMMON ||
                              last_.script == HB_SCRIPT_COMMON);
@@ -95,6 +99,13 @@ private:
         const hb_script_t script =
             goesOn && traits.script == HB_SCRIPT_COMMON ? last_.script : traits.script;
         last_ = {traits.font, script, traits.level};
+    }
+
+    /// The shaper compares each mark with all before it on the same letter.
+    bool hasTooManyMarks(char32_t code) {
+        const bool isMark = hb_unicode_combining_class(hb_unicode_funcs_get_default(), code) != 0;
+        marks_ = isMark && marks_ < kMostMarks ? marks_ + 1 : 0;
+        return isMark && marks_ == 0;
     }
 
     [[nodiscard]] bool changesPath(std::size_t index) const {
@@ -136,6 +147,7 @@ private:
     std::vector<std::uint8_t> levels_;
     std::vector<TextChunk> chunks_;
     Traits last_;
+    int marks_ = 0;  ///< in a row
 };
 
 }  // namespace

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 #include <string>
 
 namespace psrender::svg {
@@ -83,8 +84,10 @@ public:
             features.assign(kNoLigatures.begin(), kNoLigatures.end());
         if (!run.isKerned)
             features.push_back(kNoKerning);
-        hb_shape(font_.get(), buffer.get(), features.data(),
-                 static_cast<unsigned>(features.size()));
+        const bool isShaped = hb_shape_full(font_.get(), buffer.get(), features.data(),
+                                            static_cast<unsigned>(features.size()), nullptr) != 0;
+        if (!isShaped || hb_buffer_allocation_successful(buffer.get()) == 0)
+            throw std::bad_alloc();
         return glyphsOf(buffer.get(), text, run);
     }
 
@@ -108,12 +111,25 @@ private:
                          at.x_offset * unit_,
                          at.y_offset * unit_,
                          false,
-                         isLast};
+                         isLast,
+                         isFirst ? endOfCluster({infos, count}, i, run) - infos[i].cluster : 0};
             glyphs[i].isPlain = isAlone && !run.isRightToLeft && at.x_offset == 0 &&
                                 at.y_offset == 0 &&
                                 isNominal(text[infos[i].cluster], infos[i].codepoint);
         }
         return glyphs;
+    }
+
+    /// Behind the characters that glyph `i` shows. Glyphs of text from right to left come last
+    /// character first.
+    static std::size_t endOfCluster(std::span<const hb_glyph_info_t> glyphs, std::size_t i,
+                                    const ShapingRun& run) {
+        if (run.isRightToLeft)
+            return i == 0 ? run.end : glyphs[i - 1].cluster;
+        const auto next = std::ranges::find_if(
+            glyphs.subspan(i),
+            [&](const hb_glyph_info_t& glyph) { return glyph.cluster != glyphs[i].cluster; });
+        return next == glyphs.end() ? run.end : next->cluster;
     }
 
     [[nodiscard]] bool isNominal(char32_t character, hb_codepoint_t glyph) const {

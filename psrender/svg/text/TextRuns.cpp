@@ -17,6 +17,8 @@ namespace {
 constexpr double kEm = 1000;
 /// In ems: less than can be seen at any size that text is read at.
 constexpr double kDrift = 0.01;
+/// Drawn by outlines, more of them would be one path that interpreters have no room for.
+constexpr std::size_t kMostGlyphs = 1000;
 
 class Gatherer {
 public:
@@ -29,8 +31,11 @@ public:
         }
         const scene::Point at{(glyph.origin.x - origin_.x) / glyph.stretch,
                               glyph.origin.y - origin_.y};
-        run_->glyphs.push_back({glyph.id, run_->isPlain ? scene::Point{at.x, 0} : at, 0});
-        Core::Unicode::appendUtf16(text_, content_.characters[glyph.character].code);
+        const std::size_t before = text_.size();
+        for (std::size_t i = 0; i < glyph.countCharacters; ++i)
+            Core::Unicode::appendUtf16(text_, content_.characters[glyph.character + i].code);
+        run_->glyphs.push_back({glyph.id, run_->isPlain ? scene::Point{at.x, 0} : at, 0,
+                                static_cast<std::uint32_t>(text_.size() - before)});
         last_ = glyph;
     }
 
@@ -45,8 +50,9 @@ private:
     }
 
     [[nodiscard]] bool goesOn(const LaidGlyph& glyph) {
-        if (!run_ || glyph.font != last_.font || glyph.span != last_.span || glyph.rotation != 0 ||
-            last_.rotation != 0 || glyph.isPlain != last_.isPlain || glyph.stretch != last_.stretch)
+        if (!run_ || run_->glyphs.size() == kMostGlyphs || glyph.font != last_.font ||
+            glyph.span != last_.span || glyph.rotation != 0 || last_.rotation != 0 ||
+            glyph.isPlain != last_.isPlain || glyph.stretch != last_.stretch)
             return false;
         return !glyph.isPlain || followsByItself(glyph);
     }

@@ -8,6 +8,7 @@
 #include "psrender/svg/xml/XmlWalk.h"
 
 #include <algorithm>
+#include <string>
 
 namespace psrender::svg {
 
@@ -38,9 +39,10 @@ std::string describe(pugi::xml_parse_status status) {
 
 }  // namespace
 
-XmlTree::XmlTree(std::string_view bytes, const std::string& name) : source_(bytes, name) {
+XmlTree::XmlTree(std::string_view bytes, const std::string& name, const ReadingLimits& limits)
+    : source_(bytes, name) {
     expandEntities(source_);
-    checkDepth();
+    checkSize(limits);
     parse();
     checkTopLevel();
     normalizeNames(*this);
@@ -49,11 +51,17 @@ XmlTree::XmlTree(std::string_view bytes, const std::string& name) : source_(byte
     index();
 }
 
-/// Deeper trees would exhaust the stack of whoever walks them.
-void XmlTree::checkDepth() const {
+/// Deeper trees would exhaust the stack of whoever walks them, larger ones the memory.
+void XmlTree::checkSize(const ReadingLimits& limits) const {
     std::size_t depth = 0;
+    std::size_t elements = 0;
     MarkupScanner scanner(source_.text());
     while (const auto markup = scanner.next()) {
+        if (markup->kind == Markup::Kind::startTag || markup->kind == Markup::Kind::emptyTag)
+            ++elements;
+        if (elements > limits.elements())
+            source_.fail("there are more than " + std::to_string(limits.elements()) +
+                         " elements; split the drawing or raise the limit with --max-shapes");
         if (markup->kind == Markup::Kind::endTag && depth > 0)
             --depth;
         if (markup->kind == Markup::Kind::startTag && ++depth > kDeepestNesting)

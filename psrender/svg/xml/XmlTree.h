@@ -1,5 +1,6 @@
 #pragma once
 
+#include "psrender/svg/values/ReadingLimits.h"
 #include "psrender/svg/xml/SourceText.h"
 
 #include <pugixml.hpp>
@@ -16,7 +17,7 @@ namespace psrender::svg {
 class XmlTree {
 public:
     /// Throws `InputError` for anything else. `bytes` must outlive the tree.
-    XmlTree(std::string_view bytes, const std::string& name);
+    XmlTree(std::string_view bytes, const std::string& name, const ReadingLimits& limits = {});
 
     [[nodiscard]] pugi::xml_node root() const { return document_.document_element(); }
     /// The first element with this id, or none.
@@ -29,7 +30,7 @@ public:
     [[noreturn]] void fail(pugi::xml_node where, const std::string& sentence) const;
 
 private:
-    void checkDepth() const;
+    void checkSize(const ReadingLimits& limits) const;
     void parse();
     void checkTopLevel() const;
     void index();

@@ -109,8 +109,8 @@ FontPage& FontPage::shape(int x, int y, int size, const std::string& utf8) {
             ++last;
         const std::u32string cluster(text.begin() + clusters[first],
                                      text.begin() + clusterEnd(text, clusters[first], clusters));
-        const auto texts = Drawing::Print::shareOut(
-            cluster, std::span(advances).subspan(first, last - first));
+        const auto texts =
+            Drawing::Print::shareOut(cluster, std::span(advances).subspan(first, last - first));
         for (unsigned i = first; i < last; ++i) {
             glyph(pen + places[i].x_offset * unit, y + places[i].y_offset * unit, size,
                   font_->encode(infos[i].codepoint, texts[i - first]));

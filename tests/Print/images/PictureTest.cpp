@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <random>
+#include <sstream>
 
 namespace {
 
@@ -64,6 +65,26 @@ TEST(Pictures, EveryPixelArrivesOnceAndShared) {
             ASSERT_EQ((Pixel{value, value, value}), page.at(x, 44 + y)) << x << " " << y;
         }
     EXPECT_EQ(kPaper, page.at(38, 20));
+}
+
+/// More than is compressed at a time, of kinds that are compressed in different ways.
+TEST(Pictures, LargeOnesOfNoiseAndLettersArriveWhole) {
+    constexpr int kSide = 700;
+    std::mt19937 random(3);
+    Bytes pixels;
+    for (int i = 0; i < kSide * kSide * 3; ++i)
+        pixels.push_back(static_cast<std::uint8_t>(i / (kSide * 3) % 400 < 200 ? random()
+                                                   : i % 5000 < 40 ? static_cast<unsigned>(i * 37)
+                                                                   : 255U));
+    PrintedPictures prints;
+    prints.show(
+        prints.store().add(PrintedPictures::image(kSide, kSide, ColorSpaceType::rgb, pixels), 0),
+        kSide, kSide);
+    EXPECT_EQ(pixels, prints.rendered().bytes);
+    EXPECT_LT(prints.page().size(), pixels.size() * 3 / 4);
+    std::istringstream lines(prints.page());
+    for (std::string line; std::getline(lines, line);)
+        EXPECT_TRUE(line.size() <= 255 && (line[0] != '%' || line == "%!PS")) << line;
 }
 
 TEST(Pictures, AlphaMasksAndMixesWithWhite) {
@@ -199,10 +220,11 @@ private:
 
 TEST(Pictures, ReadOnceForEachKeyAndVersion) {
     PrintedPictures prints;
-    const auto image = makeObject<OddImage>(Drawing::PixelSize{3, 2}, 6, 0);
+    const auto image = makeObject<OddImage>(Drawing::PixelSize{3, 2}, 6U, 0U);
     const auto first = prints.store().add(image, 40);
     const auto other = prints.store().add(image, 80);
-    EXPECT_EQ(first, prints.store().add(makeObject<OddImage>(Drawing::PixelSize{3, 2}, 6, 0), 40));
+    EXPECT_EQ(first,
+              prints.store().add(makeObject<OddImage>(Drawing::PixelSize{3, 2}, 6U, 0U), 40));
     image->smooth = true;
     const auto smooth = prints.store().add(image, 40);
     EXPECT_EQ(2, image->asked);
@@ -227,8 +249,8 @@ TEST(Pictures, BadOnesAreRefusedAndLeaveNothingBehind) {
     EXPECT_RAISES(Core::FormatException, "Picture:2", add({3, 5}, 15, 14));
     EXPECT_RAISES(
         Core::FormatException, "Picture:3",
-        prints.store().addStencil(makeObject<OddImage>(Drawing::PixelSize{3, 5}, 15, 0), 7));
-    add({3, 5}, 15, 0);
+        prints.store().addStencil(makeObject<OddImage>(Drawing::PixelSize{3, 5}, 15U, 0U), 7));
+    add({3, 5}, 15U, 0U);
     prints.show(0, 3, 5);
     EXPECT_EQ((Pixel{7, 7, 7}), prints.rendered().at(2, 4));
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 #include <sstream>
 
@@ -13,18 +14,21 @@ PrintedPictures::PrintedPictures(Core::SmartPtr<Drawing::Print::ColorConverter> 
 void PrintedPictures::show(Id id, int width, int height) {
     store_.noteUse(id, 0);
     places_.push_back({id, height_, width, height});
+    width_ = std::max(width_, width);
     height_ += height;
 }
 
-std::string PrintedPictures::page() {
+const std::string& PrintedPictures::page() {
+    if (!page_.empty())
+        return page_;
     const auto stream = Core::makeObject<MemoryStream>();
     const auto write = [&](const auto&... parts) {
         std::ostringstream text;
         (text << ... << parts);
         stream->write(text.str());
     };
-    write("%!PS\n<</PageSize[40 ", height_, "]>>setpagedevice\n1 1 0 setrgbcolor 0 0 40 ", height_,
-          " rectfill 0 0 1 setrgbcolor\n[1 0 0 -1 0 ", height_, "]concat\n");
+    write("%!PS\n<</PageSize[", width_, " ", height_, "]>>setpagedevice\n1 1 0 setrgbcolor 0 0 ",
+          width_, " ", height_, " rectfill 0 0 1 setrgbcolor\n[1 0 0 -1 0 ", height_, "]concat\n");
     std::set<Id> defined;
     for (const Place& place : places_)
         if (store_.isShared(place.id) && defined.insert(place.id).second)
@@ -35,7 +39,7 @@ std::string PrintedPictures::page() {
         write("grestore\n");
     }
     write("count 0 ne{(operands are left)=}if showpage\n");
-    return std::string(stream->view());
+    return page_ = stream->view();
 }
 
 Picture PrintedPictures::rendered() {

@@ -19,8 +19,8 @@ public:
     Drawing::Print::PictureStore& store() { return store_; }
     /// Shows the picture on the page with the next free points below at its left; a point a pixel.
     void show(Id id, int width, int height);
-    /// The page, 40 points wide, its background yellow; each picture below the one before.
-    [[nodiscard]] std::string page();
+    /// The page, at least 40 points wide, its background yellow; each picture below the one before.
+    [[nodiscard]] const std::string& page();
     /// The page as Ghostscript shows it, a pixel a point.
     [[nodiscard]] Picture rendered();
 
@@ -37,5 +37,7 @@ private:
     Drawing::Print::Spool spool_;
     Drawing::Print::PictureStore store_;
     std::vector<Place> places_;
+    int width_ = 40;
     int height_ = 0;
+    std::string page_;
 };

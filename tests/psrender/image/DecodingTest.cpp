@@ -1,3 +1,6 @@
+#include "Core/MemoryStream.h"
+#include "Drawing/EncodedImage.h"
+#include "psrender/image/ExifFacts.h"
 #include "psrender/image/ImageError.h"
 #include "psrender/image/ImageStore.h"
 #include "tests/psrender/image/ImageFiles.h"
@@ -74,6 +77,23 @@ TEST(Png, UnfoldsSmallDepthsAndPalettes) {
     EXPECT_EQ((Bytes{51, 255}), alphaOf(palette));
 }
 
+TEST(Png, SamplesOfAnotherGammaBecomeOrdinary) {
+    const auto pixelsWith = [](double gamma) {
+        PngFile file{3, 1, {0, 128, 255}, kGrey};
+        file.gamma = gamma;
+        return pixelsOf(encode(file));
+    };
+    EXPECT_EQ((Bytes{0, 128, 255}), pixelsWith(1 / 2.2));
+    EXPECT_EQ((Bytes{0, 186, 255}), pixelsWith(1)) << "linear";
+}
+
+TEST(Exif, CutOffAnywhereTellsNothing) {
+    const Bytes whole{'M', 'M', 0, 42, 0, 0, 0, 8, 0, 1, 0x01, 0x12, 0, 3, 0, 0, 0, 1, 0, 6};
+    EXPECT_EQ(6, parseExif(whole).orientation);
+    for (std::size_t size = 0; size < whole.size(); ++size)
+        EXPECT_EQ(1, parseExif(Bytes(whole.data(), whole.data() + size)).orientation) << size;
+}
+
 TEST(Png, ColoursOfAProfileBecomeSrgb) {
     const auto pixelsWith = [](std::optional<double> gamma) {
         PngFile file{3, 1, {0, 0, 0, 128, 128, 128, 255, 255, 255}};
@@ -104,6 +124,32 @@ TEST(Jpeg, KeepsColoursAndTurnsAdobesInkRound) {
                 EXPECT_NEAR(components == 4 ? 255 - samples[i] : samples[i], marked[i], 2);
             }
         }
+}
+
+/// The bytes that a back end may pass on; "" if it has to decode.
+std::string passedOn(const std::string& file) {
+    const auto image = decode(file);
+    const auto output = Core::makeObject<Core::IO::MemoryStream>();
+    const auto* encoded = dynamic_cast<const Drawing::EncodedImage*>(image.get());
+    const bool isPassed = encoded->writeJpeg(0, *output);
+    EXPECT_EQ(isPassed, output->length() > 0);
+    return std::string(output->view());
+}
+
+TEST(Jpeg, GivesItsFileAwayUnlessColoursAreConverted) {
+    const std::string file = encode(JpegFile{40, 40, 3, noise(4800)});
+    const auto with = [&](const std::string& profile) {
+        const std::size_t size = profile.size() + 16;
+        std::string tagged = file;
+        return tagged.insert(2, std::string("\xFF\xE2") + static_cast<char>(size >> 8) +
+                                    static_cast<char>(size) + std::string("ICC_PROFILE\0\1\1", 14) +
+                                    profile);
+    };
+    const std::string tagged = with(profileOf(std::nullopt));
+    EXPECT_EQ(file, passedOn(file));
+    EXPECT_EQ(tagged, passedOn(tagged)) << "sRGB by name";
+    EXPECT_EQ("", passedOn(with(profileOf(1.2))));
+    EXPECT_EQ("", passedOn(encode(PngFile{8, 8, noise(192)})));
 }
 
 TEST(ImageStore, FindsWhatIsNotClear) {

@@ -1,6 +1,7 @@
 #include "psrender/job/CommandLine.h"
 #include "psrender/job/InputFile.h"
 #include "tests/psrender/image/ImageFiles.h"
+#include "tests/psrender/job/Program.h"
 #include "tests/support/Interpreter.h"
 #include "tests/support/Raises.h"
 
@@ -20,49 +21,6 @@ using psrender::image::Bytes;
 using testing::AllOf;
 using testing::HasSubstr;
 using testing::StartsWith;
-
-const std::string kRed =
-    "<svg xmlns='http://www.w3.org/2000/svg' width='40pt' height='20pt' viewBox='0 0 40 20'>"
-    "<rect width='20' height='20' fill='red'/></svg>";
-
-/// Runs the program in an empty folder of its own.
-class Psrender : public testing::Test {
-protected:
-    Psrender() {
-        std::string name = (fs::temp_directory_path() / "psrender-test-XXXXXX").string();
-        folder_ = ::mkdtemp(name.data());
-        write("red.svg", kRed);
-        write("bad.svg", "<svg><rect");
-    }
-    ~Psrender() override { fs::remove_all(folder_); }
-
-    void write(const std::string& name, const std::string& content) {
-        std::ofstream(folder_ / name, std::ios::binary) << content;
-    }
-    std::string read(const std::string& name) {
-        std::ifstream in(folder_ / name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
-    std::vector<std::string> files() {
-        std::vector<std::string> names;
-        for (const auto& entry : fs::directory_iterator(folder_))
-            names.push_back(entry.path().filename());
-        return names;
-    }
-    /// The exit code; what is said on standard error is in `said`. `before` is shell text that
-    /// runs first.
-    int run(const std::string& arguments, const std::string& before = "") {
-        const std::string command = "cd " + folder_.string() + "; " + before + " " +
-                                    PSRENDER_PROGRAM + " " + arguments + " 2>said";
-        const int status = std::system(command.c_str());
-        said = read("said");
-        fs::remove(folder_ / "said");
-        return WEXITSTATUS(status);
-    }
-
-    fs::path folder_;
-    std::string said;
-};
 
 TEST_F(Psrender, MakesAPageADrawing) {
     ASSERT_EQ(0, run("red.svg red.svg -o out.ps")) << said;
@@ -85,6 +43,16 @@ TEST_F(Psrender, FitsDrawingsToPaper) {
     EXPECT_EQ((Picture::Pixel{254, 0, 0}), natural.at(85, 45)) << "20 points, in the middle";
     EXPECT_EQ((Picture::Pixel{255, 255, 255}), natural.at(75, 45));
     EXPECT_EQ((Picture::Pixel{254, 0, 0}), pixels("--fit --margin 0pt").at(5, 95));
+    write("wide.svg", std::string(kRed).insert(kRed.rfind("<rect"),
+                                               "<rect x='-90' width='999' "
+                                               "height='9'/>"));
+    ASSERT_EQ(0, run("wide.svg -o out.ps --paper 40x40pt --fit --margin 10pt")) << said;
+    const Picture shrunk = interpret(read("out.ps")).pages.at(0);
+    EXPECT_EQ((Picture::Pixel{255, 255, 255}), shrunk.at(5, 17)) << "cut at its edges";
+    EXPECT_EQ((Picture::Pixel{255, 255, 255}), shrunk.at(35, 17));
+    EXPECT_EQ((Picture::Pixel{0, 0, 0}), shrunk.at(25, 17));
+    ASSERT_EQ(0, run("red.svg -o out.ps --margin 0.5in"));
+    EXPECT_EQ(112, interpret(read("out.ps")).pages.at(0).width) << "40 points and an inch";
     EXPECT_EQ((Picture::Pixel{255, 255, 255}), pixels("--fit --margin 10pt").at(5, 50));
     ASSERT_EQ(0, run("red.svg -o out.ps --paper a4 --landscape --fit"));
     EXPECT_THAT(read("out.ps"), HasSubstr("<</PageSize [841.8898 595.2756]"));
@@ -151,6 +119,14 @@ TEST_F(Psrender, UnpacksDrawings) {
                      "head -c 50 red.svg | gzip >two; tail -c +51 red.svg | gzip >>two;"));
     EXPECT_EQ(read("plain.ps"), read("out.ps")) << "of two members";
 
+    std::string members;
+    EXPECT_EQ(0, run("--version >version", "printf ' ' | gzip >one;"));
+    for (int i = 0; i < 50'000; ++i)
+        members += read("one");
+    write("many", read("two") + members);
+    EXPECT_EQ(0, run("many -o out.ps")) << said;
+    EXPECT_EQ(read("plain.ps"), read("out.ps")) << "of 50,002 members";
+
     EXPECT_EQ(1, run("cut -o out.ps", "head -c 60 red.svgz >cut;"));
     EXPECT_THAT(said, StartsWith("psrender: cut: the gzip data is damaged or cut off"));
     EXPECT_EQ(1, run("bomb -o out.ps", "head -c 300000000 /dev/zero | gzip >bomb;"));
@@ -193,16 +169,6 @@ TEST_F(Psrender, KeepsLinksAndPermissions) {
     EXPECT_EQ(fs::perms(0640), fs::status(folder_ / "new.ps").permissions());
 }
 
-TEST_F(Psrender, CleansUpWhenItIsStopped) {
-    write("out.ps", "before");
-    for (const char* signal : {"TERM", "INT"}) {
-        EXPECT_EQ(124,
-                  run("- -o out.ps", std::string("sleep 0.4 | timeout -s ") + signal + " 0.2"));
-        EXPECT_EQ("before", read("out.ps"));
-        EXPECT_EQ(3U, files().size()) << "no temporary file stays";
-    }
-}
-
 TEST_F(Psrender, WritesPipesAndNamesOfAnyBytes) {
     EXPECT_EQ(0, run("red.svg -o pipe; wait", "mkfifo pipe; cat pipe >copy &")) << said;
     EXPECT_THAT(read("copy"), StartsWith("%!PS"));
@@ -224,12 +190,24 @@ TEST_F(Psrender, WarnsOfSlips) {
     EXPECT_THAT(said, HasSubstr("no room"));
 }
 
+TEST_F(Psrender, BlendsWithWhitePaperIfAsked) {
+    write("pale.svg", std::string(kRed).insert(kRed.rfind("</svg>"),
+                                               "<rect x='9' width='9' height='9' opacity='.5'/>"));
+    const auto seen = [&](const std::string& way) {
+        EXPECT_EQ(0, run("pale.svg -o out.ps --opacity " + way)) << said;
+        return interpret(read("out.ps")).pages.at(0).at(13, 4);
+    };
+    EXPECT_EQ(127, seen("white")[1]) << "grey, as over white";
+    EXPECT_EQ(0, seen("blend")[1]) << "dark red, as over the square";
+}
+
 TEST_F(Psrender, PrintsPicturesAsPages) {
     psrender::image::PngFile scan{50, 25, psrender::image::noise(3 * 50 * 25)};
     scan.dotsPerMetre = 72 / 0.0254 / 2;
     write("scan.png", encode(scan));
     const Bytes pixels = scan.samples;
     ASSERT_EQ(0, run("scan.png - scan.png -o out.ps <scan.png")) << said;
+    EXPECT_EQ("", said) << "nothing is wrong with them";
     const Interpretation seen = interpret(read("out.ps"), 36);
     EXPECT_EQ("", seen.messages);
     ASSERT_EQ(3U, seen.pages.size());
@@ -255,9 +233,10 @@ TEST_F(Psrender, PrintsPicturesAsPages) {
 TEST_F(Psrender, WarnsOnceAKind) {
     write("text.svg",
           "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'>"
-          "<foreignObject/><foreignObject/></svg>");
+          "<foreignObject/><foreignObject/><image href='data:;base64,TWF!'/></svg>");
     EXPECT_EQ(0, run("text.svg -o out.ps"));
-    EXPECT_THAT(said, AllOf(StartsWith("psrender: warning: text.svg: "), HasSubstr("(2 times)\n")));
+    EXPECT_THAT(said, AllOf(StartsWith("psrender: warning: text.svg: "), HasSubstr("(2 times)\n"),
+                            HasSubstr("an embedded image has a damaged data address")));
     EXPECT_EQ(0, run("text.svg -o out.ps --quiet"));
     EXPECT_EQ("", said);
     EXPECT_EQ(0, run("red.svg -o out.ps --verbose"));
