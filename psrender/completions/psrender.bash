@@ -6,11 +6,11 @@ _psrender() {
         --paper) words='A3 A4 A5 Letter Legal' ;;
         --opacity) words='blend white' ;;
         --jog) words='0 1 2 3' ;;
-        --margin | --preview-dpi | --max-dpi | --max-pixels | --copies | --tray | --media-color)
+        --margin | --preview-dpi | --max-dpi | --max-pixels | --max-shapes | --copies | --tray | --media-color)
             return ;;
         *)
             if [[ $current == -* ]]; then
-                words='--help --version --output --preview --preview-dpi --keep-going --opacity
+                words='--help --version --output --preview --preview-dpi --keep-going --max-shapes --opacity
                        --quiet --verbose --paper --fit --landscape --margin --max-dpi --max-pixels
                        --duplex --copies --tray --media-color --jog'
             fi ;;
