@@ -38,6 +38,7 @@ public:
     TextRun run;
     std::uint32_t page = 0;  ///< the one that is being drawn, from 0
     bool isPageOpen = false;
+    bool isUnfinished = false;   ///< there are pages that no file has yet
     std::string setupRequest;    ///< what the printer is asked for: for the whole file,
     std::string pageRequest;     ///< and from the next page on
     bool usesText = false;       ///< and so the procedures that text takes
