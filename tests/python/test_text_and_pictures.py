@@ -14,13 +14,14 @@ def test_text_and_glyphs_are_found_again(pages):
     program = ps.open_font_file(FONT)
     output = io.BytesIO()
     with ps.PrintDocument(output) as document, document.page(400, 200):
+        document.set_stroke(None)
         document.set_fill(ps.RGBColor(0, 0, 0))
         document.set_font(ps.Font("Helvetica", 20, 700))
         document.draw_text("Standard", 20, 40)
         document.set_font(ps.Font("DejaVu Serif", 20, slant=ps.FontSlant.ITALIC))
         document.draw_text("Größe", 20, 80, spacing=1)
         glyphs = program.map_glyphs("ﬁshing")
-        document.draw_glyphs(glyphs, [[20 + 12 * i, 120] for i in range(6)],
+        document.draw_glyphs(glyphs, [[20 + 11 * i, 120] for i in range(6)],
                              ["fi", *"shing"], program, 20)
         with pytest.raises(ValueError, match=r"positions must be an array of shape \(n, 2\)"):
             document.draw_glyphs(glyphs, [1, 2], None, program, 20)
