@@ -8,14 +8,12 @@ Then `savefig("x.ps")` and `savefig("x.eps")` come through here, all other forma
 Text is text in the fonts that matplotlib found, and translucent paint looks as on white paper.
 """
 
-import contextlib
 import functools
 import math
 
 import matplotlib as mpl
 import numpy as np
-from matplotlib import _text_helpers, cbook
-from matplotlib import font_manager
+from matplotlib import _path, _text_helpers, font_manager
 from matplotlib.backend_bases import (
     FigureCanvasBase, FigureManagerBase, GraphicsContextBase, RendererBase, _Backend)
 from matplotlib.backends.backend_agg import RendererAgg
@@ -50,6 +48,9 @@ def _font_program(file_name):
     return ps.open_font_file(file_name)
 
 
+_UPSIDE_DOWN = np.array([[1.0], [-1], [1]])
+
+
 def _opaque(rgba):
     return rgba is not None and rgba[3] >= 1
 
@@ -66,6 +67,7 @@ class Renderer(RendererBase):
         self.height = height
         self._document = document
         self._image_dpi = image_dpi
+        self._origin = np.array([left, height + bottom], dtype=float)
         self._to_page = np.array([[1, 0, left], [0, -1, height + bottom], [0, 0, 1.0]])
         self._brushes = {}
         self._strokes = {}
@@ -99,11 +101,10 @@ class Renderer(RendererBase):
         """None for what leaves no paint."""
         if rgba is None or rgba[3] == 0:
             return None
-        key = tuple(round(255 * part) for part in rgba[:3]) + (float(rgba[3]),)
-        brush = self._brushes.get(key)
+        brush = self._brushes.get(rgba)
         if brush is None:
-            brush = ps.SolidColorBrush(ps.RGBColor(*key[:3]), key[3])
-            self._brushes[key] = brush
+            color = ps.RGBColor(*(round(255 * part) for part in rgba[:3]))
+            brush = self._brushes[rgba] = ps.SolidColorBrush(color, rgba[3])
         return brush
 
     def _stroke(self, gc, rgba):
@@ -165,15 +166,14 @@ class Renderer(RendererBase):
 
     def _points(self, points):
         """Points of figure space on the page."""
-        return np.asarray(points, dtype=float) @ self._to_page[:2, :2].T + self._to_page[:2, 2]
+        return np.asarray(points, dtype=float) * (1.0, -1.0) + self._origin
 
     def _matrix(self, transform):
         return self._to_page @ transform.get_matrix()
 
     def _path(self, path, transform, clip=None, simplify=False, sketch=None):
-        cleaned = path.cleaned(self._matrix(transform), remove_nans=True, clip=clip,
-                               simplify=simplify, curves=True, sketch=sketch)
-        return ps.Path.from_arrays(cleaned.vertices, cleaned.codes)
+        return ps.Path.from_arrays(
+            *_arrays(path, self._matrix(transform), clip, simplify, sketch))
 
     def _page_box(self):
         corners = self._points([[0, 0], [self.width, self.height]])
@@ -192,67 +192,76 @@ class Renderer(RendererBase):
 
     def _paint(self, gc, shape, stroke, fill):
         if gc.get_hatch() is not None:
-            for brush in (fill, self._hatch(gc)):
-                self._set_style(None, brush)
-                self._document.draw_path(shape)
-            fill = None
+            fill = self._hatch(gc, fill)
         if stroke is not None or fill is not None:
             self._set_style(stroke, fill)
             self._document.draw_path(shape)
 
-    def _hatch(self, gc):
-        """A brush whose tiles lie as the figure's lower left corner has them."""
+    def _hatch(self, gc, fill):
+        """A brush whose tiles lie as the figure's lower left corner has them. The face is a part of
+        them: rasterisers smooth what a tile holds against its own ground.
+        """
         color = self._brush((*gc.get_hatch_color()[:3], 1))
         width = gc.get_hatch_linewidth()
-        key = (gc.get_hatch(), id(color), width)
+        key = (gc.get_hatch(), color, width, fill)
         if key not in self._tiles:
-            tile = self._document.create_pattern_context(_HATCH_SIDE, _HATCH_SIDE)
-            hatch = gc.get_hatch_path().cleaned(
-                Affine2D().scale(_HATCH_SIDE, -_HATCH_SIDE).translate(0, _HATCH_SIDE), curves=True)
+            side = _HATCH_SIDE
+            tile = self._document.create_pattern_context(side, side)
+            tile.set_stroke(None)
+            tile.set_fill(fill)
+            tile.draw_rectangle(0, 0, side, side)
             tile.set_stroke(ps.Stroke(color, width))
             tile.set_fill(color)
-            tile.draw_path(ps.Path.from_arrays(hatch.vertices, hatch.codes))
+            tile.draw_path(ps.Path.from_arrays(
+                *_arrays(gc.get_hatch_path(), [[side, 0, 0], [0, -side, side], [0, 0, 1]])))
             self._tiles[key] = ps.PatternBrush(tile, origin=tuple(self._points([0, 0])))
         return self._tiles[key]
 
     def draw_markers(self, gc, marker_path, marker_trans, path, trans, rgbFace=None):
-        places = [vertices[-2:] for vertices, _ in path.iter_segments(trans, simplify=False)
-                  if len(vertices)]
-        if not places:
+        places = self._marker_places(path, trans)
+        if len(places) == 0:
             return
         self._set_clip(gc)
-        places = self._points(places)
         edge, face = self._colors(gc, rgbFace)
-        stroke, fill = self._stroke(gc, edge), self._brush(face)
-        if not self._draw_plain_markers(gc, marker_path, marker_trans, places, edge, face):
-            self._draw_copies(marker_path, marker_trans.get_matrix(), places, stroke, fill)
+        matrix = marker_trans.get_matrix()
+        if not self._draw_plain_markers(gc, marker_path, matrix, places, edge, face):
+            self._draw_copies(marker_path, matrix, places, self._stroke(gc, edge),
+                              self._brush(face))
 
-    def _draw_plain_markers(self, gc, marker_path, marker_trans, places, edge, face):
+    def _marker_places(self, path, trans):
+        """The ends of a path's parts, on the page; markers far off it would show nothing."""
+        if path.codes is None:
+            ends = trans.transform(path.vertices)
+        else:
+            ends = np.array([vertices[-2:] for vertices, _ in
+                             path.iter_segments(trans, simplify=False) if len(vertices)])
+        ends = ends.reshape(-1, 2)
+        far = np.abs(ends - (self.width / 2, self.height / 2)) > (self.width, self.height)
+        return self._points(ends[np.isfinite(ends).all(axis=1) & ~far.any(axis=1)])
+
+    def _draw_plain_markers(self, gc, marker_path, matrix, places, edge, face):
         """Discs and squares with a border of their own colour are larger ones without; false for
         all other markers.
         """
         kind = _plain_kind(marker_path)
-        matrix = marker_trans.get_matrix()
         width = gc.get_linewidth() if edge[3] > 0 else 0
         if kind is None or not _opaque(face) or matrix[0, 1] or matrix[1, 0]:
             return False
         if width and (edge != face or gc.get_dashes()[1] is not None or
                       (kind == "square" and gc.get_joinstyle() != "miter")):
             return False
-        box = np.abs(marker_path.get_extents(marker_trans).get_points())
-        low, high = marker_path.get_extents(marker_trans).get_points()
-        radii = np.broadcast_to((high - low + width) / 2, box.shape)[0]
-        middle = (low + high) / 2 * (1, -1)
+        scale = np.abs([matrix[0, 0], matrix[1, 1]])
+        shapes = np.empty((len(places), 4))
         self._set_transform()
         self._set_style(None, self._brush(face))
-        shapes = np.empty((len(places), 4))
         if kind == "disc":
-            shapes[:, :2] = places + middle
-            shapes[:, 2:] = radii
+            shapes[:, :2] = places + (matrix[0, 2], -matrix[1, 2])
+            shapes[:, 2:] = scale + width / 2
             self._document.draw_ellipses(shapes)
         else:
-            shapes[:, :2] = places + middle - radii
-            shapes[:, 2:] = 2 * radii
+            middle = matrix[:2] @ (0.5, 0.5, 1)
+            shapes[:, 2:] = scale + width
+            shapes[:, :2] = places + middle * (1, -1) - shapes[:, 2:] / 2
             self._document.draw_rectangles(shapes)
         return True
 
@@ -260,19 +269,17 @@ class Renderer(RendererBase):
         """The same shape, in the units of the figure around its own origin, at each place."""
         if stroke is None and fill is None:
             return
-        flipped = np.diag([1.0, -1, 1]) @ matrix
-        shape = path.cleaned(flipped, remove_nans=True, curves=True)
-        if len(places) < _LEAST_PLACEMENTS or len(shape.vertices) <= 4:
+        vertices, codes = _arrays(path, matrix * _UPSIDE_DOWN)
+        if len(places) < _LEAST_PLACEMENTS or len(vertices) <= 4:
             self._set_transform()
             self._set_style(stroke, fill)
             for place in places:
-                self._document.draw_path(
-                    ps.Path.from_arrays(shape.vertices + place, shape.codes))
+                self._document.draw_path(ps.Path.from_arrays(vertices + place, codes))
             return
         fragment = self._document.create_document_fragment(0, 0)
         fragment.set_stroke(stroke)
         fragment.set_fill(fill)
-        fragment.draw_path(ps.Path.from_arrays(shape.vertices, shape.codes))
+        fragment.draw_path(ps.Path.from_arrays(vertices, codes))
         self._document.place_fragment(fragment, places)
         self._has_transform = True
 
@@ -439,6 +446,11 @@ class Renderer(RendererBase):
         return lambda points: np.asarray(points) * (1.0, -1)
 
 
+def _arrays(path, matrix, clip=None, simplify=False, sketch=None):
+    """Vertices and codes of a path that a matrix maps, without what is not finite."""
+    return _path.cleanup_path(path, matrix, True, clip, False, 1.0, simplify, True, sketch)
+
+
 def _six(matrix):
     """The numbers of a matrix for column vectors as the library has them."""
     return (matrix[0, 0], matrix[1, 0], matrix[0, 1], matrix[1, 1], matrix[0, 2], matrix[1, 2])
@@ -483,12 +495,13 @@ class FigureCanvas(FigureCanvasBase):
         if isinstance(filename, PsPages):
             self._draw_page(filename._document, paper, bbox_inches_restore)
             return
-        with ps.PrintDocument(filename) as document:
+        with ps.PrintDocument(filename, keep_hints=False) as document:
             _describe(document, metadata)
             self._draw_page(document, paper, bbox_inches_restore)
 
     def print_eps(self, filename, *, metadata=None, bbox_inches_restore=None, **kwargs):
-        with ps.PrintDocument(filename, form=ps.FileForm.EPS_SHEET) as document:
+        with ps.PrintDocument(filename, form=ps.FileForm.EPS_SHEET,
+                              keep_hints=False) as document:
             _describe(document, metadata)
             self._draw_page(document, None, bbox_inches_restore)
 
@@ -525,7 +538,7 @@ class PsPages:
     """
 
     def __init__(self, filename, metadata=None):
-        self._document = ps.PrintDocument(filename)
+        self._document = ps.PrintDocument(filename, keep_hints=False)
         _describe(self._document, metadata)
         self._document.start_document()
 
