@@ -21,8 +21,9 @@ def test_text_and_glyphs_are_found_again(pages):
         document.set_font(ps.Font("DejaVu Serif", 20, slant=ps.FontSlant.ITALIC))
         document.draw_text("Größe", 20, 80, spacing=1)
         glyphs = program.map_glyphs("ﬁshing")
-        document.draw_glyphs(glyphs, [[20 + 11 * i, 120] for i in range(6)],
-                             ["fi", *"shing"], program, 20)
+        advances = np.cumsum([0] + [program.advance(glyph) / 50 for glyph in glyphs[:-1]])
+        document.draw_glyphs(glyphs, [[20 + x, 120] for x in advances], ["fi", *"shing"], program,
+                             20)
         with pytest.raises(ValueError, match=r"positions must be an array of shape \(n, 2\)"):
             document.draw_glyphs(glyphs, [1, 2], None, program, 20)
     assert pages(output.getvalue()).words() == ["Standard", "Größe", "fishing"]
