@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """A tour of the package: three pages of drawing, and a figure. Usage: tour.py [FOLDER]
 
 Writes tour.ps and figure.eps to the folder, the current one unless given.

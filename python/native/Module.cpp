@@ -15,5 +15,5 @@ PYBIND11_MODULE(_native, module) {
     bindContexts(module);
     bindDocuments(module);
     routeWarnings();
-    module.attr("__version__") = PSGRAPHICS_VERSION;
+    module.attr("__version__") = PSGRAPHICS_PYTHON_VERSION;
 }

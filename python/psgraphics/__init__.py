@@ -16,6 +16,8 @@ import os as _os
 import tempfile as _tempfile
 
 from . import _native
+from ._convert import (  # noqa: F401
+    Conversion, ConversionError, ConvertedPage, convert)
 from ._native import *  # noqa: F401,F403
 from ._native import __version__  # noqa: F401
 

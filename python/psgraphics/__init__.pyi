@@ -1,7 +1,8 @@
 import os
 from contextlib import AbstractContextManager
+from dataclasses import dataclass
 from types import TracebackType
-from typing import BinaryIO, Optional, Type, Union
+from typing import BinaryIO, List, Optional, Sequence, Type, Union
 
 from . import _native
 from ._native import *
@@ -23,3 +24,28 @@ class PrintDocument(_Document, _native.PrintDocument):
                  colors: Optional[_native.ColorConverter] = ..., kerning: bool = ...,
                  embed_standard_fonts: bool = ..., keep_hints: bool = ...) -> None: ...
     def __enter__(self) -> PrintDocument: ...
+
+class ConversionError(RuntimeError):
+    code: int
+
+@dataclass
+class ConvertedPage:
+    input: str
+    width: float
+    height: float
+    shapes: int
+    milliseconds: float
+    simplified: List[str]
+
+@dataclass
+class Conversion:
+    pages: List[ConvertedPage]
+    skipped: List[str]
+    messages: List[str]
+
+_Path = Union[str, bytes, os.PathLike[str]]
+
+def convert(inputs: Union[_Path, BinaryIO, Sequence[Union[_Path, BinaryIO]]],
+            output: Union[_Path, BinaryIO], *, program: Optional[str] = ...,
+            words: Sequence[str] = ...,
+            **options: Union[str, float, bool, None]) -> Conversion: ...
