@@ -12,7 +12,7 @@ import shutil
 import subprocess
 from typing import List
 
-_PAGES_SKIPPED = 3
+_WRONG_USAGE, _PAGES_SKIPPED = 2, 3
 _PAGE = re.compile(r"([\d.]+) x ([\d.]+) pt, (\d+) shapes, ([\d.]+) ms")
 
 
@@ -119,7 +119,9 @@ def convert(inputs, output, *, program=None, words=(), **options):
     text = ended.stderr.decode("utf-8", "surrogateescape")
     if ended.returncode not in (0, _PAGES_SKIPPED):
         lines = text.strip().splitlines() or [f"psrender ended by {ended.returncode}"]
-        raise ConversionError(lines[-1].removeprefix("psrender: "), ended.returncode)
+        # Advice follows a wrong option; all that was said about pages precedes a failure.
+        line = lines[0 if ended.returncode == _WRONG_USAGE else -1]
+        raise ConversionError(line.removeprefix("psrender: "), ended.returncode)
     if not to_file:
         output.write(ended.stdout)
     return _read_messages(text, [*names, "standard input"])

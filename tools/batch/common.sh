@@ -63,18 +63,19 @@ list_work() {
     fi
 }
 
-# Where the failure of an output is noted.
-note_of() {
-    local name=${1#"$outdir"/}
-    echo "$notes/${name//\//%}"
+# Sets note: where the failure of an output is noted.
+set_note() {
+    note=${1#"$outdir"/}
+    note=$notes/${note//\//%}
 }
 
-# Passes on those lines of standard input that are still to be done.
+# Passes on those lines of standard input that are still to be done, with the note as a third column.
 unfinished() {
-    local input output
+    local input output note
     while IFS=$'\t' read -r input output; do
-        if [[ ! -e $(note_of "$output") && (! -e $output || $input -nt $output) ]]; then
-            printf '%s\t%s\n' "$input" "$output"
+        set_note "$output"
+        if [[ ! -e $note && (! -e $output || $input -nt $output) ]]; then
+            printf '%s\t%s\t%s\n' "$input" "$output" "$note"
         fi
     done
 }
@@ -92,7 +93,7 @@ finish() {
     ((failed == 0)) || { echo "${0##*/}: see $outdir/failures.txt" >&2; return 1; }
 }
 
-# Runs `run_round LIST` until nothing is left, or the same work has died too often.
+# Runs `run_round LIST`, a list of lines "INPUT<TAB>OUTPUT<TAB>NOTE", until nothing is left, or the same work has died too often.
 run_rounds() {
     local work all round
     work=$(mktemp -d)
