@@ -36,8 +36,7 @@ private:
 template <class T>
 Rows<T> rowsOf(const ArrayOf<T>& array, std::size_t columns, const char* name) {
     const bool isEmpty = array.size() == 0;
-    if (!isEmpty &&
-        (array.ndim() != 2 || array.shape(1) != static_cast<py::ssize_t>(columns)))
+    if (!isEmpty && (array.ndim() != 2 || array.shape(1) != static_cast<py::ssize_t>(columns)))
         throw py::value_error(std::string(name) + " must be an array of shape (n, " +
                               std::to_string(columns) + ")");
     return {array, columns};

@@ -22,8 +22,8 @@ public:
             return;
         colors_.emplace(rowsOf(*colors, 3, "colors"));
         if (colors_->size() != count)
-            throw py::value_error("there are " + std::to_string(colors_->size()) +
-                                  " colors for " + std::to_string(count) + " shapes");
+            throw py::value_error("there are " + std::to_string(colors_->size()) + " colors for " +
+                                  std::to_string(count) + " shapes");
     }
 
     void set(std::size_t index) {
@@ -65,17 +65,16 @@ void requireSum(const ArrayOf<std::int64_t>& lengths, std::size_t vertices) {
         sum += static_cast<std::size_t>(length);
     }
     if (sum != vertices)
-        throw py::value_error("the lengths make " + std::to_string(sum) + " vertices, but there are " +
-                              std::to_string(vertices));
+        throw py::value_error("the lengths make " + std::to_string(sum) +
+                              " vertices, but there are " + std::to_string(vertices));
 }
 
 }  // namespace
 
 void drawRectangles(IOutputContext& context, const Numbers& rectangles,
                     const std::optional<Bytes>& colors) {
-    drawAll(context, rectangles, "rectangles", colors, [&](const float* r) {
-        context.drawRectangle(r[0], r[1], r[2], r[3], 0, 0);
-    });
+    drawAll(context, rectangles, "rectangles", colors,
+            [&](const float* r) { context.drawRectangle(r[0], r[1], r[2], r[3], 0, 0); });
 }
 
 void drawEllipses(IOutputContext& context, const Numbers& ellipses,

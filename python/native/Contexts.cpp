@@ -40,15 +40,17 @@ using Context = py::class_<IOutputContext, SmartPtr<IOutputContext>>;
 void bindPages(Context& context) {
     context.def_property_readonly("type", &IOutputContext::getType)
         .def("start_document", &IOutputContext::startDocument)
-        .def("end_document", &IOutputContext::endDocument,
-             py::call_guard<py::gil_scoped_release>(), "Writes the whole file.")
+        .def("end_document", &IOutputContext::endDocument, py::call_guard<py::gil_scoped_release>(),
+             "Writes the whole file.")
         .def(
             "start_page",
-            [](IOutputContext& self, float width, float height) { self.startPage({width, height}); },
+            [](IOutputContext& self, float width, float height) {
+                self.startPage({width, height});
+            },
             py::arg("width"), py::arg("height"), "Begins a page; both in points.")
         .def("end_page", &IOutputContext::endPage)
         .def("set_property", &IOutputContext::setProperty, py::arg("name"), py::arg("value"),
-             "\"title\", \"author\", \"subject\", \"keywords\" and \"creator\".");
+             R"("title", "author", "subject", "keywords" and "creator".)");
 }
 
 void bindState(Context& context) {
@@ -58,8 +60,7 @@ void bindState(Context& context) {
         .def("set_fill", &IOutputContext::setFill, py::arg("fill"),
              "The Brush or Color that areas are painted with from now on, or None.")
         .def("set_font", &IOutputContext::setFont, py::arg("font"))
-        .def("set_clip", &IOutputContext::setClip,
-             py::arg("paths") = std::vector<SmartPtr<Path>>(),
+        .def("set_clip", &IOutputContext::setClip, py::arg("paths") = std::vector<SmartPtr<Path>>(),
              "What is drawn from now on shows inside all of the paths, which stand in the current "
              "user space. No paths: no clip. A PSDocument takes no notice.")
         .def("set_transform", &IOutputContext::setTransform, py::arg("transform") = Matrix(),

@@ -74,8 +74,8 @@ void bindConverters(py::module_& module) {
 }
 
 void bindPSDocument(py::module_& module) {
-    py::class_<PSDocument, IOutputContext, SmartPtr<PSDocument>>(
-        module, "PSDocument", "A document of LanguageLevel 2.")
+    py::class_<PSDocument, IOutputContext, SmartPtr<PSDocument>>(module, "PSDocument",
+                                                                 "A document of LanguageLevel 2.")
         .def(py::init([](const py::object& output, bool kernText) {
                  return Core::makeObject<PSDocument>(streamOf(output), kernText);
              }),
@@ -173,10 +173,10 @@ void bindPrintDocument(py::module_& module) {
              py::arg("kerning") = true, py::arg("embed_standard_fonts") = false,
              py::arg("keep_hints") = true)
         .def("request_printing", &requestPrinting, py::kw_only(), py::arg("duplex") = py::none(),
-             py::arg("duplex_edge") = Print::DuplexEdge::longEdge,
-             py::arg("copies") = py::none(), py::arg("collate") = py::none(),
-             py::arg("media_position") = py::none(), py::arg("media_color") = py::none(),
-             py::arg("media_type") = py::none(), py::arg("jog") = py::none(),
+             py::arg("duplex_edge") = Print::DuplexEdge::longEdge, py::arg("copies") = py::none(),
+             py::arg("collate") = py::none(), py::arg("media_position") = py::none(),
+             py::arg("media_color") = py::none(), py::arg("media_type") = py::none(),
+             py::arg("jog") = py::none(),
              "Asks the printer, from the next page on; before the first page for the whole file. "
              "What is None is left to the printer.");
     bindPrintDrawing(document);

@@ -153,8 +153,7 @@ void bindErrors(py::module_& module) {
 }
 
 void routeWarnings() {
-    waiting().warn =
-        py::module_::import("logging").attr("getLogger")("psgraphics").attr("warning");
+    waiting().warn = py::module_::import("logging").attr("getLogger")("psgraphics").attr("warning");
     Core::Log::setSink([](const Core::String& text) {
         {
             const std::lock_guard guard(waiting().lock);

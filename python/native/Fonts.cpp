@@ -122,8 +122,8 @@ void bindFonts(py::module_& module) {
     module.def(
         "open_font_data",
         [](const py::bytes& data, const Core::String& name, std::uint32_t faceIndex) {
-            return FontManager::openFontData(
-                Core::ByteArray(static_cast<std::string_view>(data)), name, faceIndex);
+            return FontManager::openFontData(Core::ByteArray(static_cast<std::string_view>(data)),
+                                             name, faceIndex);
         },
         py::arg("data"), py::arg("name"), py::arg("face_index") = 0,
         "The same from memory; `name` tells in messages what the data is.");

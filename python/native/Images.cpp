@@ -46,8 +46,9 @@ Layout layoutOf(const py::array& array, std::optional<ColorSpaceType> space) {
                               {ColorSpaceType::rgb, true},
                               {ColorSpaceType::cmyk, true}};
     if (array.ndim() < 2 || array.ndim() > 3 || components < 1 || components > 5)
-        throw py::value_error("pixels must be an array of shape (height, width) or (height, width, "
-                              "components) with 1 to 5 components");
+        throw py::value_error(
+            "pixels must be an array of shape (height, width) or (height, width, "
+            "components) with 1 to 5 components");
     if (!space)
         return byCount[components - 1];
     const int wanted = ColorSpace(*space).getComponentCount();
@@ -75,8 +76,8 @@ Core::ByteArray splitAlpha(Core::ByteArray& pixels, std::size_t count, std::size
 ArrayOf<std::uint8_t> bytesOf(const py::array& array) {
     const char kind = array.dtype().kind();
     if (kind == 'b')
-        return ArrayOf<std::uint8_t>(array.attr("__mul__")(py::module_::import("numpy").attr(
-            "uint8")(255)));
+        return ArrayOf<std::uint8_t>(
+            array.attr("__mul__")(py::module_::import("numpy").attr("uint8")(255)));
     if (kind != 'u' || array.itemsize() != 1)
         throw py::type_error(
             "pixels must be of type uint8 or bool; bring floats from 0 to 1 to bytes by "
@@ -88,8 +89,9 @@ bool isOpaque(const Core::ByteArray& alpha) {
     return std::all_of(alpha.begin(), alpha.end(), [](std::uint8_t a) { return a == 255; });
 }
 
-SmartPtr<RasterImage> imageFrom(const py::array& array, const std::optional<ArrayOf<std::uint8_t>>& mask,
-                          std::optional<ColorSpaceType> space, bool interpolated) {
+SmartPtr<RasterImage> imageFrom(const py::array& array,
+                                const std::optional<ArrayOf<std::uint8_t>>& mask,
+                                std::optional<ColorSpaceType> space, bool interpolated) {
     const Layout layout = layoutOf(array, space);
     const ArrayOf<std::uint8_t> bytes = bytesOf(array);
     const PixelSize size{static_cast<std::int32_t>(array.shape(1)),
@@ -130,8 +132,8 @@ py::array arrayOf(const Core::ByteArray& bytes, const Image& image, int componen
 void bindImages(py::module_& module) {
     py::class_<Image, SmartPtr<Image>>(module, "Image", "A picture.")
         .def_property_readonly("size", &sizeOf, "Width and height in pixels.")
-        .def_property_readonly(
-            "color_space", [](const Image& self) { return self.getColorSpace()->getType(); })
+        .def_property_readonly("color_space",
+                               [](const Image& self) { return self.getColorSpace()->getType(); })
         .def_property_readonly("has_alpha", &Image::hasAlpha)
         .def_property_readonly("interpolated", &Image::isInterpolated,
                                "Whether pixels that are enlarged run into each other.")
@@ -156,8 +158,7 @@ void bindImages(py::module_& module) {
         "A picture of an array of type uint8 or bool, rows from the top. One component is grey, or "
         "black and white if bool; two are grey and alpha, three RGB, four RGB and alpha, five CMYK "
         "and alpha; `space` tells otherwise.")
-        .def(py::init([](const py::array& pixels,
-                         const std::optional<ArrayOf<std::uint8_t>>& alpha,
+        .def(py::init([](const py::array& pixels, const std::optional<ArrayOf<std::uint8_t>>& alpha,
                          std::optional<ColorSpaceType> space, bool interpolated) {
                  return imageFrom(pixels, alpha, space, interpolated);
              }),

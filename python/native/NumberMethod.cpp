@@ -23,8 +23,8 @@ void raiseArgumentCount(const char* method, std::size_t required, std::size_t mo
         PyErr_Format(PyExc_TypeError, "%s() takes %zu numbers (%zu given)", method, required,
                      given);
     else
-        PyErr_Format(PyExc_TypeError, "%s() takes %zu to %zu numbers (%zu given)", method,
-                     required, most, given);
+        PyErr_Format(PyExc_TypeError, "%s() takes %zu to %zu numbers (%zu given)", method, required,
+                     most, given);
 }
 
 }  // namespace psgraphics::python

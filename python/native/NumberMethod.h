@@ -1,8 +1,8 @@
 #pragma once
 
 // Methods whose arguments are all plain numbers. A bound function of pybind11 gathers its arguments
-// in a tuple and tries casts one by one, which takes longer than the drawing itself; these take them
-// as the interpreter has them.
+// in a tuple and tries casts one by one, which takes longer than the drawing itself; these take
+// them as the interpreter has them.
 
 #include "native/Bindings.h"
 
@@ -45,7 +45,8 @@ struct NumberMethod<void (T::*)(Numbers...)> {
     void call(T* object, const std::array<float, kCount>& numbers) const {
         [&]<std::size_t... i>(std::index_sequence<i...>) {
             (object->*method)(numbers[i]...);
-        }(std::make_index_sequence<kCount>());
+        }
+        (std::make_index_sequence<kCount>());
     }
 };
 
@@ -81,9 +82,8 @@ bool readNumbers(PyObject* const* arguments, std::size_t given, PyObject* keywor
             return false;
     std::size_t found = given;
     for (std::size_t i = 0; i < named; ++i) {
-        const std::size_t place =
-            placeOf(PyTuple_GET_ITEM(keywords, static_cast<Py_ssize_t>(i)), method.name,
-                    method.parameters.data(), count, given);
+        const std::size_t place = placeOf(PyTuple_GET_ITEM(keywords, static_cast<Py_ssize_t>(i)),
+                                          method.name, method.parameters.data(), count, given);
         if (place == count || !toFloat(arguments[given + i], numbers[place]))
             return false;
         found += place < method.required ? 1 : 0;
@@ -100,8 +100,8 @@ PyObject* callNumberMethod(PyObject* self, PyObject* const* arguments, Py_ssize_
     try {
         auto* object = objectBehind<typename Method::Object>(self);
         std::array<float, Method::kCount> numbers{};
-        if (!object || !readNumbers<method>(arguments, static_cast<std::size_t>(given), keywords,
-                                            numbers))
+        if (!object ||
+            !readNumbers<method>(arguments, static_cast<std::size_t>(given), keywords, numbers))
             return nullptr;
         method.call(object, numbers);
     } catch (...) {

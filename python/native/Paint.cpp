@@ -33,8 +33,8 @@ void bindColors(py::module_& module) {
     py::class_<Color, SmartPtr<Color>>(module, "Color", "A colour of some kind; never changes.");
     py::class_<RGBColor, Color, SmartPtr<RGBColor>>(module, "RGBColor",
                                                     "Device RGB, 0 to 255 a component.")
-        .def(py::init<std::uint8_t, std::uint8_t, std::uint8_t>(), py::arg("red"),
-             py::arg("green"), py::arg("blue"))
+        .def(py::init<std::uint8_t, std::uint8_t, std::uint8_t>(), py::arg("red"), py::arg("green"),
+             py::arg("blue"))
         .def_property_readonly("red", &RGBColor::getR)
         .def_property_readonly("green", &RGBColor::getG)
         .def_property_readonly("blue", &RGBColor::getB);
@@ -42,8 +42,8 @@ void bindColors(py::module_& module) {
         module, "GrayScaleColor", "Device grey, 0 (black) to 255 (white).")
         .def(py::init<std::uint8_t>(), py::arg("gray"))
         .def_property_readonly("gray", &GrayScaleColor::getG);
-    py::class_<CMYKColor, Color, SmartPtr<CMYKColor>>(
-        module, "CMYKColor", "Device CMYK, 0 (no ink) to 1 a component.")
+    py::class_<CMYKColor, Color, SmartPtr<CMYKColor>>(module, "CMYKColor",
+                                                      "Device CMYK, 0 (no ink) to 1 a component.")
         .def(py::init<double, double, double, double>(), py::arg("cyan"), py::arg("magenta"),
              py::arg("yellow"), py::arg("black"))
         .def_property_readonly("cyan", &CMYKColor::getC)
@@ -54,8 +54,8 @@ void bindColors(py::module_& module) {
         module, "SpotColor",
         "A named ink at some strength, on a plate of its own. Devices without it show `rgb` or "
         "`cmyk` in its place.")
-        .def(py::init([](const Core::String& name, SmartPtr<RGBColor> rgb,
-                         SmartPtr<CMYKColor> cmyk, double tint) {
+        .def(py::init([](const Core::String& name, SmartPtr<RGBColor> rgb, SmartPtr<CMYKColor> cmyk,
+                         double tint) {
                  return Core::makeObject<SpotColor>(
                      name, Core::makeObject<ColorSubstitute>(std::move(rgb), std::move(cmyk)),
                      tint);
@@ -96,16 +96,17 @@ void bindGradients(py::module_& module) {
                                                               firstRadius, centre, secondRadius,
                                                               stopsOf(stops), matrix, opacity);
              }),
-             py::arg("centre"), py::arg("first_radius"), py::arg("second_radius"),
-             py::arg("stops"), py::arg("first_centre") = py::none(),
-             py::arg("matrix") = Matrix(), py::arg("opacity") = 1.0F,
+             py::arg("centre"), py::arg("first_radius"), py::arg("second_radius"), py::arg("stops"),
+             py::arg("first_centre") = py::none(), py::arg("matrix") = Matrix(),
+             py::arg("opacity") = 1.0F,
              "From the circle around `first_centre`, which is `centre` unless told, to the one "
              "around `centre`.");
 }
 
 /// `colors` is an array of rows, columns and three components.
-SmartPtr<ColorFieldBrush> colorField(XPointF corner, SizeF size, const ArrayOf<std::uint8_t>& colors,
-                                     const Matrix& matrix, float opacity) {
+SmartPtr<ColorFieldBrush> colorField(XPointF corner, SizeF size,
+                                     const ArrayOf<std::uint8_t>& colors, const Matrix& matrix,
+                                     float opacity) {
     if (colors.ndim() != 3 || colors.shape(2) != 3)
         throw py::value_error("colors must be an array of shape (rows, columns, 3)");
     return Core::makeObject<ColorFieldBrush>(

@@ -36,9 +36,10 @@ py::tuple asTuple(const Matrix& matrix) {
 }
 
 void bindMatrix(py::module_& module) {
-    py::class_<Matrix>(module, "Matrix",
-                       "An affine map: x' = a x + c y + e, y' = b x + d y + f. Wherever a Matrix is "
-                       "asked for, a sequence of these six numbers will do.")
+    py::class_<Matrix>(
+        module, "Matrix",
+        "An affine map: x' = a x + c y + e, y' = b x + d y + f. Wherever a Matrix is "
+        "asked for, a sequence of these six numbers will do.")
         .def(py::init<>(), "The identity.")
         .def(py::init<float, float, float, float, float, float>(), py::arg("a"), py::arg("b"),
              py::arg("c"), py::arg("d"), py::arg("e"), py::arg("f"))
@@ -62,8 +63,9 @@ void bindMatrix(py::module_& module) {
             "A new map: this one, and `other` applied to its result.")
         .def("__eq__", [](const Matrix& self, const Matrix& other) { return self == other; })
         .def("__iter__", [](const Matrix& self) { return py::iter(asTuple(self)); })
-        .def("__repr__",
-             [](const Matrix& self) { return "Matrix" + py::repr(asTuple(self)).cast<std::string>(); });
+        .def("__repr__", [](const Matrix& self) {
+            return "Matrix" + py::repr(asTuple(self)).cast<std::string>();
+        });
     py::implicitly_convertible<py::tuple, Matrix>();
     py::implicitly_convertible<py::list, Matrix>();
 }

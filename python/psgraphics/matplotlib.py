@@ -39,8 +39,6 @@ _PAPERS = {
 _LEAST_PLACEMENTS = 4
 # Side of a hatch's tile in points.
 _HATCH_SIDE = 72
-# Smooth shading becomes a picture of at least so many pixels an inch.
-_LEAST_SHADING_DPI = 150
 
 
 @functools.lru_cache(maxsize=64)
@@ -218,13 +216,18 @@ class Renderer(RendererBase):
         return self._tiles[key]
 
     def draw_markers(self, gc, marker_path, marker_trans, path, trans, rgbFace=None):
-        places = self._marker_places(path, trans)
-        if len(places) == 0:
-            return
         self._set_clip(gc)
         edge, face = self._colors(gc, rgbFace)
         matrix = marker_trans.get_matrix()
-        if not self._draw_plain_markers(gc, marker_path, matrix, places, edge, face):
+        if len(path.vertices) == 1:  # a tick
+            place = trans.transform(path.vertices)[0]
+            if np.isfinite(place).all():
+                self._draw_once(marker_path, matrix, place, self._stroke(gc, edge),
+                                self._brush(face))
+            return
+        places = self._marker_places(path, trans)
+        if len(places) and not self._draw_plain_markers(gc, marker_path, matrix, places, edge,
+                                                        face):
             self._draw_copies(marker_path, matrix, places, self._stroke(gc, edge),
                               self._brush(face))
 
@@ -264,6 +267,17 @@ class Renderer(RendererBase):
             shapes[:, :2] = places + middle * (1, -1) - shapes[:, 2:] / 2
             self._document.draw_rectangles(shapes)
         return True
+
+    def _draw_once(self, path, matrix, place, stroke, fill):
+        """A shape around its own origin, at a place of figure space."""
+        if stroke is None and fill is None:
+            return
+        moved = matrix * _UPSIDE_DOWN
+        moved[0, 2] += self._origin[0] + place[0]
+        moved[1, 2] += self._origin[1] - place[1]
+        self._set_transform()
+        self._set_style(stroke, fill)
+        self._document.draw_path(ps.Path.from_arrays(*_arrays(path, moved)))
 
     def _draw_copies(self, path, matrix, places, stroke, fill):
         """The same shape, in the units of the figure around its own origin, at each place."""
@@ -311,7 +325,10 @@ class Renderer(RendererBase):
     def _draw_run(self, shapes, run, places):
         index, stroke, fill = run
         path, matrix = shapes[index]
-        self._draw_copies(path, matrix, self._points(places), stroke, fill)
+        if len(places) == 1:
+            self._draw_once(path, matrix, places[0], stroke, fill)
+        else:
+            self._draw_copies(path, matrix, self._points(places), stroke, fill)
 
     def draw_quad_mesh(self, gc, master_transform, meshWidth, meshHeight, coordinates, offsets,
                        offsetTrans, facecolors, antialiased, edgecolors):
@@ -357,18 +374,17 @@ class Renderer(RendererBase):
         high = np.minimum(np.ceil(points.max(axis=0)), (self.width, self.height))
         if np.any(high <= low):
             return
-        dpi = max(self._image_dpi, _LEAST_SHADING_DPI)
-        scale = dpi / 72
+        scale = max(self._image_dpi / 72, 1)
         pixels = np.ceil((high - low) * scale).astype(int)
-        raster = RendererAgg(*pixels, dpi)
+        raster = RendererAgg(*pixels, 72 * scale)
         raster.draw_gouraud_triangles(
             GraphicsContextBase(), ((points - low) * scale).reshape(-1, 3, 2),
             np.asarray(colors_array), Affine2D())
         self._set_clip(gc)
         self._set_transform()
         left, top = self._points([low[0], high[1]])
-        self._document.draw_image(ps.RasterImage(np.asarray(raster.buffer_rgba())), left,
-                                  top, *(high - low))
+        picture = ps.RasterImage(np.asarray(raster.buffer_rgba()), interpolated=True)
+        self._document.draw_image(picture, left, top, *(high - low))
 
     def draw_image(self, gc, x, y, im, transform=None):
         height, width = im.shape[:2]
