@@ -119,10 +119,10 @@ void setPythonError(const std::exception_ptr& error) {
 }
 
 void bindErrors(py::module_& module) {
-    const py::object exception = py::reinterpret_borrow<py::object>(PyExc_Exception);
-    const py::object value = py::reinterpret_borrow<py::object>(PyExc_ValueError);
-    const py::object system = py::reinterpret_borrow<py::object>(PyExc_OSError);
-    const py::object lookup = py::reinterpret_borrow<py::object>(PyExc_LookupError);
+    const auto exception = py::reinterpret_borrow<py::object>(PyExc_Exception);
+    const auto value = py::reinterpret_borrow<py::object>(PyExc_ValueError);
+    const auto system = py::reinterpret_borrow<py::object>(PyExc_OSError);
+    const auto lookup = py::reinterpret_borrow<py::object>(PyExc_LookupError);
     ErrorClasses& all = classes();
     all.base = makeClass(module, "Error",
                          "Base of all exceptions of the library. `source`, `line` and `message` "
@@ -146,6 +146,8 @@ void bindErrors(py::module_& module) {
                      "A PrintDocument was asked for something that cannot be done, or not at "
                      "this time. Nothing of the call was drawn.",
                      value);
+    // The signature that translators have.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param)
     py::register_exception_translator([](std::exception_ptr error) {
         if (error)
             setPythonError(error);
