@@ -77,6 +77,7 @@ void PrintDocument::startPage(const SizeF& size) {
     if (documentParts->isEps() && pageIndex >= 0)
         throw PrintException("an Encapsulated PostScript file has one page only");
     documentParts->isPageOpen = true;
+    documentParts->isUnfinished = true;
     documentParts->page = static_cast<std::uint32_t>(++pageIndex);
     SizeF& largest = documentParts->largestPage;
     largest = {std::max(largest.width, size.width), std::max(largest.height, size.height)};

@@ -18,6 +18,7 @@ void PrintDocument::endDocument() {
         throw PrintException("the document has no output stream; call setOutputStream");
     Assembly(*documentParts, *outputStream)
         .write(*scriptStream, static_cast<std::uint32_t>(pageIndex + 1), contentWriter->ink());
+    documentParts->isUnfinished = false;
 }
 
 }  // namespace Drawing::Print

@@ -1,8 +1,10 @@
 # What `cmake --install` puts where: libraries, their public headers below
-# include/psgraphics, the command-line host, a CMake package and a pkg-config file.
+# include/psgraphics, the command-line host with its manual page and completions, a CMake package
+# and a pkg-config file. The components are packages: program, libraries, development, documents.
 include(CMakePackageConfigHelpers)
 
-set(libraries Core Drawing ZipLib Fonts PS Print)
+set(components Core Drawing ZipLib Fonts PS Print)
+list(TRANSFORM components PREPEND psgraphics- OUTPUT_VARIABLE libraries)
 set(header_folder ${CMAKE_INSTALL_INCLUDEDIR}/psgraphics)
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/PSGraphics)
 
@@ -20,13 +22,29 @@ if(NOT BUILD_SHARED_LIBS)
 endif()
 
 install(TARGETS ${libraries} EXPORT PSGraphicsTargets
-        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
-        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-        FILE_SET HEADERS DESTINATION ${header_folder})
-install(EXPORT PSGraphicsTargets NAMESPACE PSGraphics:: DESTINATION ${package_folder})
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT libraries
+                NAMELINK_COMPONENT development
+        FILE_SET HEADERS DESTINATION ${header_folder} COMPONENT development)
+install(EXPORT PSGraphicsTargets NAMESPACE PSGraphics:: DESTINATION ${package_folder}
+        COMPONENT development)
 
 if(TARGET psrender)
-  install(TARGETS psrender RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  install(TARGETS psrender RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
+  set(completions ${PROJECT_SOURCE_DIR}/psrender/completions)
+  install(FILES ${completions}/psrender.bash RENAME psrender COMPONENT program
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+  install(FILES ${completions}/_psrender COMPONENT program
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+  install(FILES ${completions}/psrender.fish COMPONENT program
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+  if(NOT PSGRAPHICS_PACKAGES)
+    install(FILES ${PROJECT_SOURCE_DIR}/docs/psrender.1 COMPONENT program
+            DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  endif()
+  if(PSGRAPHICS_CUPS)
+    add_subdirectory(${PROJECT_SOURCE_DIR}/cups)
+  endif()
 endif()
 
 # Shared libraries and the host find each other wherever the whole prefix is moved, and lie in the
@@ -52,7 +70,7 @@ write_basic_package_version_file(
   ${PROJECT_BINARY_DIR}/PSGraphicsConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/PSGraphicsConfig.cmake
               ${PROJECT_BINARY_DIR}/PSGraphicsConfigVersion.cmake
-        DESTINATION ${package_folder})
+        DESTINATION ${package_folder} COMPONENT development)
 
 # The archives in the order in which a linker wants them: users before what they use.
 set(link_flags "")
@@ -65,4 +83,4 @@ list(JOIN modules " " requires_private)
 configure_file(${PROJECT_SOURCE_DIR}/cmake/psgraphics.pc.in
                ${PROJECT_BINARY_DIR}/psgraphics.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/psgraphics.pc
-        DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)

@@ -24,30 +24,34 @@ function(psgraphics_configure target)
   endif()
 endfunction()
 
-# psgraphics_library(Name [dependency...]): the library of one folder, all sources below it,
-# under the alias PSGraphics::Name. Its exported symbols carry NAME_API from Name/Export.h;
-# its headers are public except those in a folder named "internal".
+# psgraphics_library(Name [dependency...]): the library of one folder, all sources below it, as
+# the target psgraphics-Name under the alias PSGraphics::Name: short names belong to the project
+# that this one may be a part of. Exported symbols carry NAME_API from Name/Export.h; headers are
+# public except those in a folder named "internal".
 function(psgraphics_library name)
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
   file(GLOB_RECURSE headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
   list(FILTER headers EXCLUDE REGEX "/internal/")
-  add_library(${name} ${sources})
-  add_library(PSGraphics::${name} ALIAS ${name})
-  psgraphics_configure(${name})
-  target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${headers})
-  target_link_libraries(${name} PUBLIC ${ARGN})
-  set_target_properties(${name} PROPERTIES OUTPUT_NAME psgraphics-${name}
-                        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+  set(target psgraphics-${name})
+  add_library(${target} ${sources})
+  add_library(PSGraphics::${name} ALIAS ${target})
+  psgraphics_configure(${target})
+  target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${headers})
+  target_link_libraries(${target} PUBLIC ${ARGN})
+  # Without the definition that CMake adds for shared libraries, objects of both kinds are the same
+  # to a compiler cache.
+  set_target_properties(${target} PROPERTIES EXPORT_NAME ${name} DEFINE_SYMBOL ""
+                        VERSION ${PROJECT_VERSION} SOVERSION ${PSGRAPHICS_ABI})
 endfunction()
 
-# psgraphics_uses(Name module...): pkg-config modules that a target calls in its sources and
+# psgraphics_uses(target module...): pkg-config modules that a target calls in its sources and
 # never shows in a header. The target remembers them, as whoever links a static library of ours
 # has to find them too.
-function(psgraphics_uses name)
+function(psgraphics_uses target)
   find_package(PkgConfig REQUIRED)
   foreach(module ${ARGN})
     pkg_check_modules(${module} REQUIRED IMPORTED_TARGET GLOBAL ${module})
-    target_link_libraries(${name} PRIVATE PkgConfig::${module})
+    target_link_libraries(${target} PRIVATE PkgConfig::${module})
   endforeach()
-  set_property(TARGET ${name} APPEND PROPERTY PSGRAPHICS_MODULES ${ARGN})
+  set_property(TARGET ${target} APPEND PROPERTY PSGRAPHICS_MODULES ${ARGN})
 endfunction()

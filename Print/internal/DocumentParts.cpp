@@ -1,5 +1,9 @@
 #include "Print/internal/DocumentParts.h"
 
+#include "Core/Log.h"
+
+#include <exception>
+
 namespace Drawing::Print {
 
 DocumentParts::DocumentParts(const PrintSettings& documentSettings)
@@ -8,7 +12,12 @@ DocumentParts::DocumentParts(const PrintSettings& documentSettings)
       forms(spool),
       fonts({documentSettings.embedStandardFonts, documentSettings.keepHints}) {}
 
-DocumentParts::~DocumentParts() = default;
+/// A document that is given up because of a failure needs no second message.
+DocumentParts::~DocumentParts() {
+    if (isUnfinished && std::uncaught_exceptions() == 0)
+        Core::Log::warning(
+            u"a print document was let go without endDocument, so its pages are in no file");
+}
 
 void DocumentParts::notePicture(PictureStore::Id id, bool isNested) {
     if (isNested)

@@ -1,5 +1,6 @@
 #include "tests/Print/PrintedDocument.h"
 
+#include "Core/Log.h"
 #include "Core/MemoryStream.h"
 #include "Drawing/Font.h"
 #include "Print/PrintException.h"
@@ -200,4 +201,31 @@ TEST(PrintFile, refusesWhatMakesNoFile) {
     EXPECT_EQ(output->length(), 0);
     document->setOutputStream(nullptr);
     EXPECT_THROW(document->endDocument(), PrintException);
+}
+
+TEST(PrintFile, isMissedWhenTheDocumentIsNotEnded) {
+    std::vector<std::string> warnings;
+    auto before =
+        Core::Log::setSink([&](const Core::String& text) { warnings.push_back(text.toUtf8()); });
+    const auto letGo = [&](bool isEnded) {
+        const auto document =
+            makeObject<PrintDocument>(makeObject<Core::IO::MemoryStream>(), PrintSettings{});
+        const PrintDocument copy = *document;
+        drawPage(*document, {100, 100}, "word");
+        if (isEnded)
+            document->endDocument();
+    };
+    letGo(true);
+    EXPECT_THAT(warnings, testing::IsEmpty());
+    letGo(false);
+    EXPECT_THAT(warnings, testing::ElementsAre(HasSubstr("without endDocument")));
+    EXPECT_THROW(
+        {
+            PrintDocument given(makeObject<Core::IO::MemoryStream>(), PrintSettings{});
+            drawPage(given, {100, 100}, "word");
+            throw PrintException("given up");
+        },
+        PrintException);
+    EXPECT_EQ(1U, warnings.size());
+    Core::Log::setSink(std::move(before));
 }

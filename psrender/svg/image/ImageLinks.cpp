@@ -107,12 +107,14 @@ const UprightImage& ImageLinks::loadFile(std::string_view address) {
 /// Links in the file system are followed first, so that none leads out of the folder.
 std::string ImageLinks::pathOf(const std::string& name) const {
     const fs::path relative(name);
+    const bool climbs = std::find(relative.begin(), relative.end(), "..") != relative.end();
+    if (access_.folder.empty() || relative.is_absolute() || climbs || name.empty() ||
+        name.find('\0') != std::string::npos)
+        throw ImageError("is not in the folder of the drawing; put it there or embed it");
     std::error_code error;
     const fs::path folder = fs::canonical(access_.folder, error);
     requireAnswer(error);
-    const bool climbs = std::find(relative.begin(), relative.end(), "..") != relative.end();
-    if (access_.folder.empty() || error || relative.is_absolute() || climbs || name.empty() ||
-        name.find('\0') != std::string::npos)
+    if (error)
         throw ImageError("is not in the folder of the drawing; put it there or embed it");
     const fs::path path = fs::canonical(folder / relative, error);
     requireAnswer(error);

@@ -1,5 +1,6 @@
 #include "Core/MemoryStream.h"
 #include "Drawing/EncodedImage.h"
+#include "psrender/image/ExifFacts.h"
 #include "psrender/image/ImageError.h"
 #include "psrender/image/ImageStore.h"
 #include "tests/psrender/image/ImageFiles.h"
@@ -74,6 +75,23 @@ TEST(Png, UnfoldsSmallDepthsAndPalettes) {
     const std::string palette = encode({2, 1, {0x40}, kPalette, 1});
     EXPECT_EQ((Bytes{255, 0, 0, 0, 0, 255}), pixelsOf(palette));
     EXPECT_EQ((Bytes{51, 255}), alphaOf(palette));
+}
+
+TEST(Png, SamplesOfAnotherGammaBecomeOrdinary) {
+    const auto pixelsWith = [](double gamma) {
+        PngFile file{3, 1, {0, 128, 255}, kGrey};
+        file.gamma = gamma;
+        return pixelsOf(encode(file));
+    };
+    EXPECT_EQ((Bytes{0, 128, 255}), pixelsWith(1 / 2.2));
+    EXPECT_EQ((Bytes{0, 186, 255}), pixelsWith(1)) << "linear";
+}
+
+TEST(Exif, CutOffAnywhereTellsNothing) {
+    const Bytes whole{'M', 'M', 0, 42, 0, 0, 0, 8, 0, 1, 0x01, 0x12, 0, 3, 0, 0, 0, 1, 0, 6};
+    EXPECT_EQ(6, parseExif(whole).orientation);
+    for (std::size_t size = 0; size < whole.size(); ++size)
+        EXPECT_EQ(1, parseExif(Bytes(whole.data(), whole.data() + size)).orientation) << size;
 }
 
 TEST(Png, ColoursOfAProfileBecomeSrgb) {

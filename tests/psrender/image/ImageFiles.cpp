@@ -41,6 +41,8 @@ void describe(png_structp png, png_infop info, const PngFile& file) {
     const auto dots = static_cast<png_uint_32>(file.dotsPerMetre);
     if (dots != 0)
         png_set_pHYs(png, info, dots, dots, PNG_RESOLUTION_METER);
+    if (file.gamma != 0)
+        png_set_gAMA(png, info, file.gamma);
     if (!file.profile.empty())
         png_set_iCCP(png, info, "test", 0, reinterpret_cast<png_const_bytep>(file.profile.data()),
                      static_cast<png_uint_32>(file.profile.size()));

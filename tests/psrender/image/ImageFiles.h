@@ -23,6 +23,7 @@ struct PngFile {
     int orientation = 1;
     double dotsPerMetre = 0;
     std::string profile{};  ///< ICC
+    double gamma = 0;       ///< of the samples; 0: not told
 };
 
 std::string encode(const PngFile& file);

@@ -44,6 +44,16 @@ TEST_F(Psrender, FitsDrawingsToPaper) {
     EXPECT_EQ((Picture::Pixel{255, 0, 0}), natural.at(85, 45)) << "20 points, in the middle";
     EXPECT_EQ((Picture::Pixel{255, 255, 255}), natural.at(75, 45));
     EXPECT_EQ((Picture::Pixel{255, 0, 0}), pixels("--fit --margin 0pt").at(5, 95));
+    write("wide.svg", std::string(kRed).insert(kRed.rfind("<rect"),
+                                               "<rect x='-90' width='999' "
+                                               "height='9'/>"));
+    ASSERT_EQ(0, run("wide.svg -o out.ps --paper 40x40pt --fit --margin 10pt")) << said;
+    const Picture shrunk = interpret(read("out.ps")).pages.at(0);
+    EXPECT_EQ((Picture::Pixel{255, 255, 255}), shrunk.at(5, 17)) << "cut at its edges";
+    EXPECT_EQ((Picture::Pixel{255, 255, 255}), shrunk.at(35, 17));
+    EXPECT_EQ((Picture::Pixel{0, 0, 0}), shrunk.at(25, 17));
+    ASSERT_EQ(0, run("red.svg -o out.ps --margin 0.5in"));
+    EXPECT_EQ(112, interpret(read("out.ps")).pages.at(0).width) << "40 points and an inch";
     EXPECT_EQ((Picture::Pixel{255, 255, 255}), pixels("--fit --margin 10pt").at(5, 50));
     ASSERT_EQ(0, run("red.svg -o out.ps --paper a4 --landscape --fit"));
     EXPECT_THAT(read("out.ps"), HasSubstr("\n841.8898 595.2756 ps"));
@@ -52,7 +62,7 @@ TEST_F(Psrender, FitsDrawingsToPaper) {
 TEST_F(Psrender, WorksInAPipeAndPassesPrintingOptions) {
     ASSERT_EQ(0, run("- -o - --duplex --copies 2 --tray 3 --media-color 'a(b' <red.svg >out.ps"));
     EXPECT_THAT(read("out.ps"), AllOf(HasSubstr("/Duplex true"), HasSubstr("/MediaPosition 3"),
-                                      HasSubstr("/MediaColor(a\\050b)"), HasSubstr("/NumCopies 2"),
+                                      HasSubstr("/MediaColor(a\\(b)"), HasSubstr("/NumCopies 2"),
                                       Not(HasSubstr("/Jog"))));
     EXPECT_EQ("", interpret(read("out.ps")).messages);
 }
@@ -110,6 +120,14 @@ TEST_F(Psrender, UnpacksDrawings) {
     EXPECT_EQ(0, run("two -o out.ps",
                      "head -c 50 red.svg | gzip >two; tail -c +51 red.svg | gzip >>two;"));
     EXPECT_EQ(read("plain.ps"), read("out.ps")) << "of two members";
+
+    std::string members;
+    EXPECT_EQ(0, run("--version >version", "printf ' ' | gzip >one;"));
+    for (int i = 0; i < 50'000; ++i)
+        members += read("one");
+    write("many", read("two") + members);
+    EXPECT_EQ(0, run("many -o out.ps")) << said;
+    EXPECT_EQ(read("plain.ps"), read("out.ps")) << "of 50,002 members";
 
     EXPECT_EQ(1, run("cut -o out.ps", "head -c 60 red.svgz >cut;"));
     EXPECT_THAT(said, StartsWith("psrender: cut: the gzip data is damaged or cut off"));
@@ -174,12 +192,24 @@ TEST_F(Psrender, WarnsOfSlips) {
     EXPECT_THAT(said, HasSubstr("no room"));
 }
 
+TEST_F(Psrender, BlendsWithWhitePaperIfAsked) {
+    write("pale.svg", std::string(kRed).insert(kRed.rfind("</svg>"),
+                                               "<rect x='9' width='9' height='9' opacity='.5'/>"));
+    const auto seen = [&](const std::string& way) {
+        EXPECT_EQ(0, run("pale.svg -o out.ps --opacity " + way)) << said;
+        return interpret(read("out.ps")).pages.at(0).at(13, 4);
+    };
+    EXPECT_EQ(127, seen("white")[1]) << "grey, as over white";
+    EXPECT_EQ(0, seen("blend")[1]) << "dark red, as over the square";
+}
+
 TEST_F(Psrender, PrintsPicturesAsPages) {
     psrender::image::PngFile scan{50, 25, psrender::image::noise(3 * 50 * 25)};
     scan.dotsPerMetre = 72 / 0.0254 / 2;
     write("scan.png", encode(scan));
     const Bytes pixels = scan.samples;
     ASSERT_EQ(0, run("scan.png - scan.png -o out.ps <scan.png")) << said;
+    EXPECT_EQ("", said) << "nothing is wrong with them";
     const Interpretation seen = interpret(read("out.ps"), 36);
     EXPECT_EQ("", seen.messages);
     ASSERT_EQ(3U, seen.pages.size());
@@ -206,9 +236,10 @@ TEST_F(Psrender, PrintsPicturesAsPages) {
 TEST_F(Psrender, WarnsOnceAKind) {
     write("text.svg",
           "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'>"
-          "<foreignObject/><foreignObject/></svg>");
+          "<foreignObject/><foreignObject/><image href='data:;base64,TWF!'/></svg>");
     EXPECT_EQ(0, run("text.svg -o out.ps"));
-    EXPECT_THAT(said, AllOf(StartsWith("psrender: warning: text.svg: "), HasSubstr("(2 times)\n")));
+    EXPECT_THAT(said, AllOf(StartsWith("psrender: warning: text.svg: "), HasSubstr("(2 times)\n"),
+                            HasSubstr("an embedded image has a damaged data address")));
     EXPECT_EQ(0, run("text.svg -o out.ps --quiet"));
     EXPECT_EQ("", said);
     EXPECT_EQ(0, run("red.svg -o out.ps --verbose"));

@@ -88,6 +88,39 @@ TEST_F(Psrender, LeavesOutWhatNoInterpreterDraws) {
     }
 }
 
+std::string repeated(const char* text, int count) {
+    std::string result;
+    for (int i = 0; i < count; ++i)
+        result += text;
+    return result;
+}
+
+TEST_F(Psrender, BoundsWhatADrawingTakes) {
+    const std::string head = "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'>";
+    const auto convert = [&](const std::string& body, const std::string& options = "") {
+        write("large.svg", head + body + "</svg>");
+        return run("large.svg -o out.ps " + options);
+    };
+    EXPECT_EQ(1, convert(repeated("<g/>", 1'000'000)));
+    EXPECT_THAT(said, HasSubstr("more than 1000000 elements; split"));
+    EXPECT_EQ(0, convert(repeated("<g/>", 1'000'000), "--max-shapes 500001")) << said;
+    const std::string shapes = "<g id='a'>" + repeated("<circle r='1'/>", 4) + "</g>";
+    EXPECT_EQ(1, convert(shapes + repeated("<use href='#a'/>", 3), "--max-shapes 15"));
+    EXPECT_THAT(said, HasSubstr("more than 15 shapes or 600 points; split"));
+    EXPECT_EQ(0, convert(shapes + repeated("<use href='#a'/>", 3), "--max-shapes 20"));
+    std::string families;
+    for (int i = 0; i < 1100; ++i)
+        families += "None" + std::to_string(i) + ",";
+    EXPECT_EQ(0, convert("<text y='9' font-family='" + families +
+                         "'>a</text>"
+                         "<text y='9' font-family='Other'>a</text>"));
+    EXPECT_THAT(said, HasSubstr("behind the first 1000"));
+    EXPECT_EQ(0, convert("<text y='9' font-family='DejaVu Sans' stroke='red'>a" +
+                         repeated("\xCC\x81", 50'000) + "</text>"))
+        << said;
+    EXPECT_EQ("", interpret(read("out.ps")).messages);
+}
+
 TEST_F(Psrender, LeavesProtectedFilesAlone) {
     write("out.ps", "before");
     std::filesystem::permissions(folder_ / "out.ps", std::filesystem::perms(0444));

@@ -63,8 +63,9 @@ TEST(SvgSelectors, TryAllAncestors) {
 }
 
 TEST(SvgSelectors, WrongOnesTakeTheirRuleAlongWithAWarning) {
-    for (const char* selector : {"rect:hover", "rect, circle:nth-child(2)", "rect::before", "rect,",
-                                 "> rect", "rect >", "", "[", "[data", "rect..a", "rect[x!=y]"})
+    for (const char* selector :
+         {"rect:hover", "rect, circle:nth-child(2)", "rect::before", "rect,", "> rect", "rect >",
+          "", "[", "[data", "rect..a", "rect[x!=y]", "rect[a!b]"})
         EXPECT_THAT(readBody("<style>" + std::string(selector) + "{fill:red}</style>").warnings,
                     ElementsAre(HasSubstr("selector is not understood")))
             << selector;

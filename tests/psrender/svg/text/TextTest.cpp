@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdio>
+
 namespace psrender::svg {
 namespace {
 
@@ -102,6 +104,16 @@ TEST(SvgText, FollowsAPath) {
     EXPECT_THAT(drawn(path + "<text font-size='10'><textPath href='#p' startOffset='60'>ab"
                              "</textPath></text>"),
                 IsEmpty());
+    const auto curved = drawn(
+        "<path id='p' d='M0 0C0 50 50 50 50 0' fill='none'/><text font-family='Courier' "
+        "font-size='10'><textPath href='#p' startOffset='50%'>a</textPath></text>");
+    ASSERT_EQ(1U, curved.size());
+    double x = 0;
+    double y = 0;
+    ASSERT_EQ(2, std::sscanf(curved[0].c_str(), "shapes \"a\" in Courier 10 at %lf,%lf", &x, &y));
+    EXPECT_NEAR(x, 25, 0.1)
+        << "the glyph touches the curve behind its lowest point with its middle";
+    EXPECT_NEAR(y, 37.8, 0.1);
     EXPECT_THAT(readBody("<text><textPath href='#q'>a</textPath></text>").warnings,
                 ElementsAre(HasSubstr("<textPath>")));
 }

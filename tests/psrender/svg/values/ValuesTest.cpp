@@ -98,6 +98,7 @@ TEST(SvgTransforms, ApplyTheRightmostFunctionFirst) {
         {"translate(3)", {13, 20}},
         {"translate(3px -4)scale(2)", {23, 36}},
         {"scale(2,3) , translate(1,1)", {22, 63}},
+        {"scale( 2 )", {20, 40}},
         {"rotate(90)", {-20, 10}},
         {"rotate(90deg, 10, 10)", {0, 10}},
         {" skewX(45) ", {30, 20}},

@@ -1,0 +1,3 @@
+int coreOfTheHost() {
+    return 1;
+}
