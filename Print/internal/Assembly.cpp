@@ -41,7 +41,7 @@ void writeInformationText(const Core::String& text, TextBuffer& out) {
     out << '>';
 }
 
-std::string twoDigits(int number) {
+std::string twoDigits(unsigned number) {
     return (number < 10 ? "0" : "") + std::to_string(number);
 }
 
@@ -51,8 +51,12 @@ void Assembly::write(Core::IO::Stream& script, std::uint32_t pageCount, const Bo
     gatherResources();
     writeHeader(pageCount, ink);
     output_.write("%%BeginProlog\n%%BeginResource: procset PSGraphicsPrint 1 0\n");
-    output_.write(kProcedureSet);
-    output_.write("%%EndResource\n%%EndProlog\n");
+    output_.write(kBasicProcedures);
+    if (parts_.usesGradients)
+        output_.write(kGradientProcedures);
+    if (parts_.usesText)
+        output_.write(kTextProcedures);
+    output_.write("end\n%%EndResource\n%%EndProlog\n");
     writeSetup();
     copyScript(script);
     output_.write("%%Trailer\nend\n%%EOF\n");
@@ -183,7 +187,7 @@ void Assembly::copyScript(Core::IO::Stream& script) {
                 marker += piece;
             else
                 output_.write(piece);
-            if (end == text.npos)
+            if (end == std::string_view::npos)
                 break;
             if (inMarker)
                 fillMarker(std::exchange(marker, {}));

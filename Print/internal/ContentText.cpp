@@ -2,7 +2,10 @@
 
 #include "Print/internal/ContentWriter.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <span>
+#include <utility>
 
 namespace Drawing::Print {
 
@@ -44,6 +47,7 @@ void ContentWriter::selectFont(const PrintFont& font, std::uint16_t part, double
 /// The font goes before the point, as it is often known already; later parts of the font show on
 /// from where the one before ended.
 void ContentWriter::writeRun(const TextRun& run, bool asOutline) {
+    parts_->usesText = true;
     bool isFirst = true;
     for (std::size_t from = 0, to = 0; from < run.glyphs.size(); from = to) {
         const std::uint16_t part = run.glyphs[from].code.part;
@@ -59,48 +63,60 @@ void ContentWriter::writeRun(const TextRun& run, bool asOutline) {
     }
 }
 
-/// One string, or strings and the moves between them in an array.
-void ContentWriter::writeStrings(const TextRun& run, std::size_t from, std::size_t to,
-                                 bool asOutline) {
-    bool moves = asOutline;
-    for (std::size_t i = from; i < to; ++i)
-        moves |= run.glyphs[i].move != 0;
-    const int decimals = decimals_ < 0 ? decimals_ : decimals_ + 1;
-    if (!moves && run.spacing != 0) {
-        out_.number(run.spacing, decimals);
-        out_ << " 0";
-    }
-    if (moves)
-        out_ << '[';
+namespace {
+
+using Glyphs = std::span<const TextRun::Glyph>;
+
+bool hasMoves(Glyphs glyphs) {
+    return std::ranges::any_of(glyphs, [](const TextRun::Glyph& glyph) { return glyph.move != 0; });
+}
+
+/// "(string)" for glyphs that follow each other, or strings and the moves between them.
+void writeGlyphs(Glyphs glyphs, int decimals, TextBuffer& out) {
     bool isOpen = false;
-    std::size_t lineBegin = out_.size();
-    for (std::size_t i = from; i < to; ++i) {
-        const TextRun::Glyph& glyph = run.glyphs[i];
+    std::size_t lineBegin = out.size();
+    for (const TextRun::Glyph& glyph : glyphs) {
         if (glyph.move != 0) {
             if (std::exchange(isOpen, false))
-                out_ << ')';
-            if (out_.size() - lineBegin > kLineLength) {
-                out_ << '\n';
-                lineBegin = out_.size();
+                out << ')';
+            if (out.size() - lineBegin > kLineLength) {
+                out << '\n';
+                lineBegin = out.size();
             }
-            out_.number(glyph.move, decimals);
+            out.number(glyph.move, decimals);
         }
         if (!std::exchange(isOpen, true))
-            out_ << '(';
-        writeCode(glyph.code.code, out_);
+            out << '(';
+        writeCode(glyph.code.code, out);
     }
-    out_ << ')';
-    if (moves)
-        out_ << ']';
-    if (asOutline) {
-        out_.number(run.spacing, decimals);
-        out_ << " Z\n";
-    } else if (moves && run.spacing != 0) {
-        out_.number(run.spacing, decimals);
-        out_ << " A\n";
-    } else {
-        out_ << (moves ? "T\n" : run.spacing != 0 ? "a\n" : "t\n");
+    out << ')';
+}
+
+}  // namespace
+
+/// One string, or strings and the moves between them in an array, and the procedure that shows
+/// them.
+void ContentWriter::writeStrings(const TextRun& run, std::size_t from, std::size_t to,
+                                 bool asOutline) {
+    const Glyphs glyphs = Glyphs(run.glyphs).subspan(from, to - from);
+    const int decimals = decimals_ < 0 ? decimals_ : decimals_ + 1;
+    const bool isArray = asOutline || hasMoves(glyphs);
+    const bool isSpaced = run.spacing != 0;
+    if (!isArray) {
+        if (isSpaced) {
+            out_.number(run.spacing, decimals);
+            out_ << " 0";
+        }
+        writeGlyphs(glyphs, decimals, out_);
+        out_ << (isSpaced ? "a\n" : "t\n");
+        return;
     }
+    out_ << '[';
+    writeGlyphs(glyphs, decimals, out_);
+    out_ << ']';
+    if (asOutline || isSpaced)
+        out_.number(run.spacing, decimals);
+    out_ << (asOutline ? " Z\n" : isSpaced ? " A\n" : "T\n");
 }
 
 }  // namespace Drawing::Print

@@ -19,7 +19,7 @@ constexpr int kPageDecimals = 3;
 
 /// Whether the brush leaves any paint.
 bool paints(const Brush* brush) {
-    return brush && brush->getBrushType() != BrushType::none && brush->getOpacity() > 0;
+    return brush != nullptr && brush->getBrushType() != BrushType::none && brush->getOpacity() > 0;
 }
 
 bool isSolid(const Brush& brush) {
@@ -319,8 +319,10 @@ void ContentWriter::setBrush(Brush& brush) {
     if (brush.getBrushType() == BrushType::pattern) {
         writePattern(static_cast<const PatternBrush&>(brush));
     } else if (brush.getBrushType() == BrushType::colorField) {
+        parts_->usesGradients = true;
         writeColorField(static_cast<const ColorFieldBrush&>(brush), parts_->converter(), out_);
     } else {
+        parts_->usesGradients = true;
         const auto back = inverse(matrix_);
         writeGradient(static_cast<const GradientBrush&>(brush), parts_->converter(),
                       back ? sheet_.mapped(*back) : sheet_, out_);

@@ -38,10 +38,12 @@ public:
     TextRun run;
     std::uint32_t page = 0;  ///< the one that is being drawn, from 0
     bool isPageOpen = false;
-    bool isUnfinished = false;  ///< there are pages that no file has yet
-    std::string setupRequest;   ///< what the printer is asked for: for the whole file,
-    std::string pageRequest;    ///< and from the next page on
-    SizeF largestPage;          ///< of both sides the largest so far
+    bool isUnfinished = false;   ///< there are pages that no file has yet
+    std::string setupRequest;    ///< what the printer is asked for: for the whole file,
+    std::string pageRequest;     ///< and from the next page on
+    bool usesText = false;       ///< and so the procedures that text takes
+    bool usesGradients = false;  ///< and so theirs
+    SizeF largestPage;           ///< of both sides the largest so far
 };
 
 /// Places in the script that the finished file fills: a byte that no page text holds, a letter that

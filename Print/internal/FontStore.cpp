@@ -65,8 +65,8 @@ std::vector<std::string> FontStore::neededFonts() const {
     for (const auto& entry : entries_)
         if (entry->font && entry->font->partCount() > 0 && !entry->font->neededFont().empty())
             names.push_back(entry->font->neededFont());
-    std::ranges::sort(names);
-    names.erase(std::ranges::unique(names).begin(), names.end());
+    std::sort(names.begin(), names.end());
+    names.erase(std::unique(names.begin(), names.end()), names.end());
     return names;
 }
 

@@ -23,7 +23,8 @@ void writeProcedures(std::string_view drawing, Core::IO::Stream& output) {
     while (!drawing.empty()) {
         std::size_t end = drawing.size();
         if (end > kProcedure)
-            if (const std::size_t line = drawing.find('\n', kProcedure); line != drawing.npos)
+            if (const std::size_t line = drawing.find('\n', kProcedure);
+                line != std::string_view::npos)
                 end = line + 1;
         output.write("{");
         output.write(drawing.substr(0, end));

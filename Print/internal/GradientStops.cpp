@@ -82,7 +82,7 @@ bool GradientStops::hasSteps() const {
            }) != stops_.end();
 }
 
-void GradientStops::writeColor(const Ink& ink, TextBuffer& out) const {
+void GradientStops::writeColor(const Ink& ink, TextBuffer& out) {
     if (!ink.spot.empty()) {
         writeComponent(ink.tint, out);
         return;

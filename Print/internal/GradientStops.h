@@ -34,7 +34,7 @@ private:
     void unify();
     void cover();
     [[nodiscard]] bool hasSteps() const;
-    void writeColor(const Ink& ink, TextBuffer& out) const;
+    static void writeColor(const Ink& ink, TextBuffer& out);
 
     std::vector<Stop> stops_;
 };

@@ -136,7 +136,7 @@ void takeNeutralForGray(Ink& ink) {
 
 void writeComponent(double component, TextBuffer& out) {
     const double level = component * kByte;
-    const auto whole = static_cast<int>(level + 0.5);
+    const auto whole = static_cast<int>(std::lround(level));
     if (std::abs(level - whole) > 1e-9 || whole < 0 || whole > 255) {
         out.number(component, kComponentDecimals);
         return;

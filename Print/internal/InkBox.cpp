@@ -117,7 +117,7 @@ private:
 
 Box pathBox(const Path& path, const Stroke* stroke) {
     Box box;
-    const bool hasMiters = stroke && stroke->getLineJoin() == LineJoin::miter;
+    const bool hasMiters = stroke != nullptr && stroke->getLineJoin() == LineJoin::miter;
     const Stroke plain;
     MiterTips tips(box, hasMiters ? *stroke : plain);
     Spot at;

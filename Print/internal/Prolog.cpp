@@ -15,7 +15,7 @@
 
 namespace Drawing::Print {
 
-const std::string_view kProcedureSet =
+const std::string_view kBasicProcedures =
     "/languagelevel where{pop languagelevel}{1}ifelse 3 lt\n"
     "{(This document needs a PostScript interpreter of LanguageLevel 3.\\n)print flush stop}if\n"
     "/PSGraphicsPrint 120 dict def\n"
@@ -32,6 +32,15 @@ const std::string_view kProcedureSet =
     "/re{4 2 roll m 1 index 0 rlineto 0 exch rlineto neg 0 rlineto h}bind def\n"
     "/el{em currentmatrix pop 4 2 roll translate scale 1 0 m 0 0 1 0 360 arc h em setmatrix}bind "
     "def\n"
+    "/tp{makepattern setpattern}bind def\n"
+    "/fs{0 g 1 w 0 J 0 j 10 M[]0 d newpath}bind def\n"
+    "/ps{2 copy currentpagedevice/PageSize get aload pop 3 -1 roll eq 3 1 roll eq and{pop pop}\n"
+    "{2 array astore<</PageSize 3 -1 roll/ImagingBBox null>>setpagedevice}ifelse}bind def\n"
+    "/bp{/pg save def .002 setsmoothness fs[1 0 0 -1 0 7 -1 roll]concat}bind def\n"
+    "/ep{pg restore showpage}bind def\n"
+    "/rq{mark exch{setpagedevice}stopped cleartomark}bind def\n";
+
+const std::string_view kGradientProcedures =
     "/gF{8 dict begin/gb exch def/gn exch def/gc exch def/gk gb length 1 add def\n"
     "/gw gn gc length gn idiv gk 1 add ne{2 mul}if def\n"
     "gk 1 eq\n"
@@ -51,8 +60,9 @@ const std::string_view kProcedureSet =
     "/cf{12 dict begin/DataSource exch def/Size exch def/Range exch def/FunctionType 0 def\n"
     "/Domain[0 1 0 1]def/BitsPerSample 8 def currentdict end\n"
     "8 dict begin/Function exch def/ColorSpace exch def/Matrix exch def/Domain[0 1 0 1]def\n"
-    "/ShadingType 1 def currentdict end}bind def\n"
-    "/tp{makepattern setpattern}bind def\n"
+    "/ShadingType 1 def currentdict end}bind def\n";
+
+const std::string_view kTextProcedures =
     "/tf{[exch dup 0 0 3 -1 roll neg 0 0]selectfont}bind def\n"
     "/t/show load def/a/ashow load def\n"
     "/T{{dup type/stringtype eq{show}{0 rmoveto}ifelse}forall}bind def\n"
@@ -61,13 +71,6 @@ const std::string_view kProcedureSet =
     "/ch 1 string def\n"
     "/Z{exch{dup type/stringtype eq{1 index 0 eq{false charpath}\n"
     "{{ch 0 3 -1 roll put ch false charpath dup 0 rmoveto}forall}ifelse}{0 rmoveto}ifelse}forall "
-    "pop}bind def\n"
-    "/fs{0 g 1 w 0 J 0 j 10 M[]0 d newpath}bind def\n"
-    "/ps{2 copy currentpagedevice/PageSize get aload pop 3 -1 roll eq 3 1 roll eq and{pop pop}\n"
-    "{2 array astore<</PageSize 3 -1 roll/ImagingBBox null>>setpagedevice}ifelse}bind def\n"
-    "/bp{/pg save def .002 setsmoothness fs[1 0 0 -1 0 7 -1 roll]concat}bind def\n"
-    "/ep{pg restore showpage}bind def\n"
-    "/rq{mark exch{setpagedevice}stopped cleartomark}bind def\n"
-    "end\n";
+    "pop}bind def\n";
 
 }  // namespace Drawing::Print
