@@ -15,10 +15,10 @@ namespace {
 constexpr Drawing::SizeF kPage{480, 300};
 constexpr std::array kMonths{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                              "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-constexpr std::array kWater{3.1F, 2.7F, 3.4F, 5.2F, 7.9F, 11.8F,
+constexpr std::array kWater{3.1F,  2.7F,  3.4F,  5.2F,  7.9F, 11.8F,
                             15.6F, 17.1F, 15.0F, 11.2F, 7.3F, 4.4F};
-constexpr std::array kAir{-1.2F, 0.6F, 4.1F, 8.4F, 13.2F, 16.9F,
-                          19.1F, 18.6F, 14.3F, 9.2F, 4.0F, 0.3F};
+constexpr std::array kAir{-1.2F, 0.6F,  4.1F,  8.4F, 13.2F, 16.9F,
+                          19.1F, 18.6F, 14.3F, 9.2F, 4.0F,  0.3F};
 constexpr std::uint32_t kInk = 0x37474F;
 constexpr std::uint32_t kGrid = 0xB0BEC5;
 constexpr std::uint32_t kBlue = 0x1565C0;

@@ -24,8 +24,8 @@ Drawing::Matrix placed(double angle, float x, float y) {
 }
 
 SmartPtr<Drawing::Brush> ink(const Core::String& name, const SmartPtr<Drawing::CMYKColor>& shown) {
-    return makeObject<Drawing::SolidColorBrush>(makeObject<Drawing::SpotColor>(
-        name, makeObject<Drawing::ColorSubstitute>(nullptr, shown)));
+    return makeObject<Drawing::SolidColorBrush>(
+        makeObject<Drawing::SpotColor>(name, makeObject<Drawing::ColorSubstitute>(nullptr, shown)));
 }
 
 /// A leaf that points upwards from its stem at the origin.

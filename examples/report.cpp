@@ -54,8 +54,8 @@ std::vector<Row> rows() {
     for (const char* place : {"River", "Mill", "Chapel", "Terrace", "Quarry", "Meadow", "Hill"})
         for (const char* side : {"north", "east", "south", "west", "old trees", "nursery"}) {
             const int n = static_cast<int>(table.size());
-            table.push_back({std::string(place) + ", " + side, 140 + n * 37 % 160,
-                             11 + n * 29 % 47});
+            table.push_back(
+                {std::string(place) + ", " + side, 140 + n * 37 % 160, 11 + n * 29 % 47});
         }
     return table;
 }

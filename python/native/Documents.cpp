@@ -95,7 +95,7 @@ void bindPSDocument(py::module_& module) {
             },
             py::arg("media_position") = 1, py::arg("jog") = 1, py::arg("num_copies") = 1,
             py::arg("duplex") = false, py::arg("media_color") = "null",
-            R"(`media_color` is a PostScript object as text: "(blue)".)")
+            R"(`media_color` is a PostScript object as text: "(blue)".) ")
         .def_static("is_standard_font", &PSDocument::crtPSFontIsStd, py::arg("name"));
 }
 

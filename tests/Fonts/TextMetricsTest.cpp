@@ -14,7 +14,8 @@ TEST(TextMetrics, WidthCountsKerningAndSpacing) {
     const float size = font->getFontSize();
     EXPECT_FLOAT_EQ((667 + 667 - 70) * size / 1000, measureText(font, u"AV").width);
     EXPECT_FLOAT_EQ((667 + 667) * size / 1000, measureText(font, u"AV", 0, false).width);
-    EXPECT_FLOAT_EQ((667 + 667 - 70) * size / 1000 + 2 * 1.5F, measureText(font, u"AV", 1.5F).width);
+    EXPECT_FLOAT_EQ((667 + 667 - 70) * size / 1000 + 2 * 1.5F,
+                    measureText(font, u"AV", 1.5F).width);
 }
 
 TEST(TextMetrics, HeightsAreTheFontsOwn) {
