@@ -25,7 +25,9 @@ class DRAWING_API Brush : public Core::Object {
 public:
     ~Brush() override;
     [[nodiscard]] virtual BrushType getBrushType() const = 0;
-    /// 0 (invisible) to 1 (opaque).
+    /// 0 (invisible) to 1 (opaque). No page is translucent: a `PrintDocument` shows a value in
+    /// between as it looks on white paper; a `PSDocument` leaves out fills of 0 and paints all else
+    /// opaque.
     [[nodiscard]] float getOpacity() const { return opacity_; }
 
 protected:

@@ -26,7 +26,8 @@ public:
     [[nodiscard]] virtual ColorType getColorType() const = 0;
 };
 
-/// Device RGB, 0 to 255 a component.
+/// Device RGB, 0 to 255 a component. A `PSDocument` writes 255 as 255/256, which is not quite
+/// white.
 class DRAWING_API RGBColor : public Color {
 public:
     RGBColor(std::uint8_t red, std::uint8_t green, std::uint8_t blue)
@@ -44,7 +45,8 @@ private:
     std::uint8_t blue_;
 };
 
-/// Device grey, 0 (black) to 255 (white).
+/// Device grey, 0 (black) to 255 (white). In a `PSDocument`, solid paint of any level above 0 is
+/// white; an RGB colour of three equal components shows the grey.
 class DRAWING_API GrayScaleColor : public Color {
 public:
     explicit GrayScaleColor(std::uint8_t gray) : gray_(gray) {}
@@ -57,7 +59,7 @@ private:
     std::uint8_t gray_;
 };
 
-/// Device CMYK, 0 (no ink) to 1 a component.
+/// Device CMYK, 0 (no ink) to 1 a component. In a gradient, a `PSDocument` writes 1/256 of it.
 class DRAWING_API CMYKColor : public Color {
 public:
     CMYKColor(double cyan, double magenta, double yellow, double black)

@@ -22,7 +22,8 @@ struct StopPoint {
 enum class GradientSpread : std::int32_t { pad = 0, repeat = 1, reflect = 2 };
 
 /// Colours that run into each other along a line or between two circles. The stops are kept in
-/// the order given; their positions should ascend.
+/// the order given; their positions should ascend. A `PSDocument` paints nothing beyond the ends,
+/// and all of its gradients show the colours of the one that was used last.
 class DRAWING_API GradientBrush : public Brush {
 public:
     ~GradientBrush() override;

@@ -35,7 +35,11 @@ public:
 
     virtual void setStroke(Core::SmartPtr<Stroke> stroke) = 0;
     virtual void setFill(Core::SmartPtr<Brush> fill) = 0;
+    /// What is drawn later shows inside all of the paths; none: no clip. A `PSDocument` stores them
+    /// and clips nothing.
     virtual void setClip(const Core::Vector<Core::SmartPtr<Path>>& paths) = 0;
+    /// From the user space of later calls to page space. A `PSDocument` takes the height of the
+    /// current page into it, so there it has to be set on each page before the first drawing.
     virtual void setTransform(const Matrix& transform) = 0;
 
     virtual void drawLine(float x1, float y1, float x2, float y2) = 0;
@@ -45,9 +49,13 @@ public:
     virtual void drawPath(Core::SmartPtr<Path> path) = 0;
     virtual void setFont(Core::SmartPtr<Font> font) = 0;
     /// Shows `text` with its first glyph's origin at (x, y) and `spacing` more than its advance
-    /// behind each glyph. `flags` and `flag` are for back ends that tell directions apart.
+    /// behind each glyph. `flags` and `flag` are for back ends that tell directions apart. A
+    /// `PSDocument` heeds the spacing only if it kerns, and fills text in embedded fonts as
+    /// outlines, which programs cannot read again.
     virtual void drawText(const Core::String& text, int flags, float x, float y, float spacing,
                           bool flag) = 0;
+    /// Fills the box with the image. A `PSDocument` draws it at its pixel size in user units, at
+    /// (x, y) cut to integers: there the transform gives the size.
     virtual void drawImage(Core::SmartPtr<Image> image, float x, float y, float width, float height,
                            int selector) = 0;
     virtual void draw3DObject(Core::SmartPtr<Object3D> object, float x, float y, float width,

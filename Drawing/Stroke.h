@@ -14,7 +14,7 @@ namespace Drawing {
 /// The shape at the ends of lines and dashes (PLRM 4.5.1); `triangle` has no PostScript form.
 enum class LineCap : std::int32_t { butt = 0, round = 1, square = 2, triangle = 3 };
 
-/// The shape where lines meet (PLRM 4.5.1).
+/// The shape where lines meet (PLRM 4.5.1). A `PSDocument` always mitres, up to the miter limit.
 enum class LineJoin : std::int32_t { miter = 0, round = 1, bevel = 2 };
 
 /// How a line is drawn. Lengths are in user space. A new stroke is solid, black, 1 wide, with
@@ -25,12 +25,16 @@ public:
     explicit Stroke(Core::SmartPtr<Brush> brush, float thickness = 1);
     ~Stroke() override;
 
+    /// What the line is painted with; never null in a `PSDocument`, which takes no notice of its
+    /// opacity.
     [[nodiscard]] const Core::SmartPtr<Brush>& getBrush() const { return brush_; }
     [[nodiscard]] float getThickness() const { return thickness_; }
     [[nodiscard]] LineCap getDashCap() const { return dashCap_; }
     [[nodiscard]] LineJoin getLineJoin() const { return lineJoin_; }
     [[nodiscard]] float getMiterLimit() const { return miterLimit_; }
-    /// Dashes and gaps in turn; empty for a solid line.
+    /// Dashes and gaps in turn; empty for a solid line. A `PSDocument` draws both at twice their
+    /// length, with the offset as it is, and the dashed border of a rectangle as four straight
+    /// sides without a fill.
     [[nodiscard]] const Core::Vector<float>& getDashArray() const { return dashArray_; }
     [[nodiscard]] float getDashOffset() const { return dashOffset_; }
 

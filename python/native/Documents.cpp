@@ -34,7 +34,7 @@ public:
     FunctionConverter& operator=(const FunctionConverter&) = delete;
     ~FunctionConverter() override {
         const py::gil_scoped_acquire lock;
-        function_ = py::function();
+        function_.release().dec_ref();
     }
 
     [[nodiscard]] Components convert(ColorSpaceType from, const Components& color) const override {
@@ -95,7 +95,7 @@ void bindPSDocument(py::module_& module) {
             },
             py::arg("media_position") = 1, py::arg("jog") = 1, py::arg("num_copies") = 1,
             py::arg("duplex") = false, py::arg("media_color") = "null",
-            R"(`media_color` is a PostScript object as text: "(blue)".) ")
+            "`media_color` is a PostScript object as text, such as (blue) or null.")
         .def_static("is_standard_font", &PSDocument::crtPSFontIsStd, py::arg("name"));
 }
 

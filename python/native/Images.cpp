@@ -171,6 +171,7 @@ void bindImages(py::module_& module) {
         .def(py::init([](const SmartPtr<Image>& original,
                          const std::vector<std::pair<double, double>>& pairs) {
                  std::vector<TintedImage::Range> ranges;
+                 ranges.reserve(pairs.size());
                  for (const auto& [low, high] : pairs)
                      ranges.push_back({low, high});
                  return Core::makeObject<TintedImage>(original, std::move(ranges));

@@ -24,6 +24,7 @@ using Stops = std::vector<std::pair<float, SmartPtr<Color>>>;
 
 Core::Vector<StopPoint> stopsOf(const Stops& pairs) {
     Core::Vector<StopPoint> stops;
+    stops.reserve(pairs.size());
     for (const auto& [position, color] : pairs)
         stops.push_back({position, color});
     return stops;

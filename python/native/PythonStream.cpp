@@ -31,7 +31,7 @@ PythonStream::PythonStream(py::object file) : file_(std::move(file)), buffer_(kB
 /// What was not flushed is not written: only a failure leaves something.
 PythonStream::~PythonStream() {
     const py::gil_scoped_acquire lock;
-    file_ = py::object();
+    file_.release().dec_ref();
 }
 
 std::size_t PythonStream::read(Core::ByteArray& into, std::size_t offset, std::size_t count) {
