@@ -15,10 +15,9 @@ Drawing::XPointF pointOf(scene::Point p) {
     return {static_cast<float>(p.x), static_cast<float>(p.y)};
 }
 
-SmartPtr<Drawing::Path> pathOf(const Outline& outline, scene::FillRule rule) {
+SmartPtr<Drawing::Path> pathOf(const Outline& outline, Drawing::FillRule rule) {
     auto path = makeObject<Drawing::Path>();
-    if (rule == scene::FillRule::evenOdd)
-        path->setFillRule(Drawing::FillRule::evenOdd);
+    path->setFillRule(rule);
     path->reserve(outline.verbs().size());
     const scene::Point* next = outline.points().data();
     const auto x = [&](int i) { return static_cast<float>(next[i].x); };

@@ -4,7 +4,7 @@
 #include "Drawing/Matrix.h"
 #include "Drawing/Path.h"
 #include "Drawing/SizeF.h"
-#include "psrender/scene/DisplayList.h"
+#include "psrender/scene/Outline.h"
 
 namespace psrender::paint {
 
@@ -12,6 +12,6 @@ namespace psrender::paint {
 Drawing::Matrix matrixOf(const scene::Affine& map);
 Drawing::XPointF pointOf(scene::Point p);
 Core::SmartPtr<Drawing::Path> pathOf(const scene::Outline& outline,
-                                     scene::FillRule rule = scene::FillRule::nonZero);
+                                     Drawing::FillRule rule = Drawing::FillRule::nonZero);
 
 }  // namespace psrender::paint

@@ -10,6 +10,15 @@ namespace psrender::paint {
 using scene::Affine;
 using scene::PlacedGlyph;
 
+namespace {
+
+Drawing::FillRule ruleOf(const scene::Shape& shape) {
+    return shape.fillRule == scene::FillRule::evenOdd ? Drawing::FillRule::evenOdd
+                                                      : Drawing::FillRule::nonZero;
+}
+
+}  // namespace
+
 void ItemPainter::paint(const scene::ItemList& list) {
     for (const scene::Item& item : list.items)
         std::visit(*this, item);
@@ -19,7 +28,7 @@ void ItemPainter::paint(const scene::ItemList& list) {
 void ItemPainter::operator()(const scene::Shape& shape) {
     place(shape.transform);
     setPaints(shape.fill, shape.stroke, shape.strokeStyle);
-    context_.drawPath(pathOf(*shape.outline, shape.fillRule));
+    context_.drawPath(pathOf(*shape.outline, ruleOf(shape)));
 }
 
 void ItemPainter::operator()(const scene::Text& text) {
@@ -103,7 +112,7 @@ void ItemPainter::place(const Affine& transform) {
         for (const scene::Clip* clip : clips_) {
             const auto& shape = std::get<scene::Shape>(clip->area->items.front());
             paths.push_back(pathOf(shape.outline->transformed(clip->transform * shape.transform),
-                                   shape.fillRule));
+                                   ruleOf(shape)));
         }
         context_.setClip(paths);
         applied_ = clips_;

@@ -1,7 +1,7 @@
 // Any bytes as an SVG drawing, all the way to a document: whole, or refused with a sentence.
 
 #include "Core/MemoryStream.h"
-#include "PS/PSDocument.h"
+#include "Print/PrintDocument.h"
 #include "psrender/job/PageFrame.h"
 #include "psrender/paint/Painter.h"
 #include "psrender/plan/Planner.h"
@@ -16,7 +16,8 @@
 namespace {
 
 std::string_view documentOf(const psrender::scene::Page& page, Core::IO::MemoryStream& output) {
-    const auto document = Core::makeObject<Drawing::PS::PSDocument>(&output, true);
+    const auto document =
+        Core::makeObject<Drawing::Print::PrintDocument>(Core::SmartPtr<Core::IO::Stream>(&output));
     document->startDocument();
     psrender::paint::Painter(*document).paintPage(page);
     document->endDocument();

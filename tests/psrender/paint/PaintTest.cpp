@@ -1,4 +1,3 @@
-#include "psrender/scene/OutlineBox.h"
 #include "psrender/svg/SvgReader.h"
 #include "tests/psrender/Spots.h"
 #include "tests/support/Interpreter.h"
@@ -175,18 +174,6 @@ TEST(Paints, CostNoMoreThanThePageIsWorth) {
           "<rect width='100' height='1e-20' fill='url(#rb)'/><rect width='1e-20' height='9' "
           "transform='scale(1e20 1)' fill='url(#g)'/>");
     shown(nested + "<rect width='1e9' height='1e9' fill='url(#a)'/>");
-}
-
-TEST(OutlineBoxes, EndWhereCurvesTurn) {
-    psrender::scene::Outline outline;
-    outline.moveTo({0, 0});
-    outline.cubicTo({0, 40}, {30, 40}, {30, 0});
-    outline.lineTo({10, -5});
-    const auto box = tightBox(outline);
-    ASSERT_TRUE(box);
-    EXPECT_NEAR(-5, box->y, 1e-9);
-    EXPECT_NEAR(35, box->height, 1e-9);
-    EXPECT_NEAR(30, box->width, 1e-9);
 }
 
 }  // namespace
