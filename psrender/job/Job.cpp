@@ -1,7 +1,7 @@
 #include "psrender/job/Job.h"
 
 #include "Core/Exception.h"
-#include "PS/PSDocument.h"
+#include "Print/PrintDocument.h"
 #include "psrender/base/Absence.h"
 #include "psrender/base/InputError.h"
 #include "psrender/base/Warnings.h"
@@ -59,7 +59,7 @@ public:
     explicit Job(const JobRequest& request)
         : request_(request),
           output_(outputOf(request)),
-          document_(Core::makeObject<Drawing::PS::PSDocument>(output_.stream(), true)),
+          document_(Core::makeObject<Drawing::Print::PrintDocument>(output_.stream())),
           reader_(request.mostPixels, request.limits),
           planner_({request.mostDotsPerInch, request.opacity}),
           painter_(*document_),
@@ -156,7 +156,7 @@ private:
 
     const JobRequest& request_;
     OutputFile output_;
-    Core::SmartPtr<Drawing::PS::PSDocument> document_;
+    Core::SmartPtr<Drawing::Print::PrintDocument> document_;
     PageReader reader_;
     plan::Planner planner_;
     paint::Painter painter_;

@@ -11,8 +11,14 @@ Drawing::Matrix matrixOf(const scene::Affine& m) {
     return {number(m.a), number(m.b), number(m.c), number(m.d), number(m.e), number(m.f)};
 }
 
-SmartPtr<Drawing::Path> pathOf(const Outline& outline) {
+Drawing::XPointF pointOf(scene::Point p) {
+    return {static_cast<float>(p.x), static_cast<float>(p.y)};
+}
+
+SmartPtr<Drawing::Path> pathOf(const Outline& outline, scene::FillRule rule) {
     auto path = makeObject<Drawing::Path>();
+    if (rule == scene::FillRule::evenOdd)
+        path->setFillRule(Drawing::FillRule::evenOdd);
     path->reserve(outline.verbs().size());
     const scene::Point* next = outline.points().data();
     const auto x = [&](int i) { return static_cast<float>(next[i].x); };

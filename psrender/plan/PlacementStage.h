@@ -1,49 +1,40 @@
 #pragma once
 
-#include "psrender/plan/Sink.h"
+#include "psrender/plan/Stage.h"
+#include "psrender/plan/pattern/PatternStage.h"
 
-#include <functional>
-#include <map>
+#include <cstddef>
 #include <memory>
+#include <optional>
 #include <unordered_map>
 #include <utility>
 
 namespace psrender::plan {
 
-/// The first sink: symbols that are placed often stay placements, which become fragments of the
-/// document; all others are laid out as the items that they consist of.
-///
-/// A fragment holds opaque solid shapes only: text in it would clash with the fonts of the page,
-/// gradients and patterns with theirs, and a translucent shape looks different in each place.
-class PlacementStage : public Sink {
+/// The first stage: symbols that are placed often stay placements, which become fragments of the
+/// document; all others are laid out as the items that they consist of. A fragment is opaque, as a
+/// translucent thing looks different in each place.
+class PlacementStage : public Stage {
 public:
-    using Items = std::vector<scene::Item>;
-    /// Plans items by themselves to the very end.
-    using PlanAlone = std::function<Items(Items)>;
-
     /// `next` must outlive the stage.
     PlacementStage(const scene::ItemList& page, PlanAlone planAlone, Sink& next);
 
-    void take(scene::Item item) override;
+protected:
+    void on(scene::Placement placement) override;
 
 private:
-    using SymbolKey = std::pair<const scene::ItemList*, int>;
+    /// What is known of a symbol.
+    struct Known {
+        std::size_t count = 0;  ///< placements on the page
+        bool isPlanned = false;
+        std::shared_ptr<const scene::ItemList> fragment;  ///< null if it is laid out
+        std::optional<scene::Rect> box;                   ///< of the symbol
+    };
 
-    void place(const scene::Placement& placement);
-    [[nodiscard]] bool isWorthIt(const scene::Placement& placement) const;
-    /// The symbol as a fragment shows it at the size of this placement, or null.
-    std::shared_ptr<const scene::ItemList> fragmentFor(const scene::Placement& placement);
-    [[nodiscard]] std::shared_ptr<const scene::ItemList> makeFragment(const scene::ItemList& symbol,
-                                                                      double scale) const;
-    void layOut(const scene::Placement& placement);
+    void plan(const scene::Placement& placement, Known& known) const;
 
     PlanAlone planAlone_;
-    Sink& next_;
-    std::unordered_map<const scene::ItemList*, std::size_t> counts_;  ///< placements on the page
-    std::map<SymbolKey, std::shared_ptr<const scene::ItemList>> fragments_;
+    std::unordered_map<const scene::ItemList*, Known> symbols_;
 };
-
-/// `placement` as the items that it shows. They may be placements again.
-scene::ItemList itemsOf(const scene::Placement& placement);
 
 }  // namespace psrender::plan

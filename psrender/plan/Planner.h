@@ -1,7 +1,6 @@
 #pragma once
 
 #include "psrender/base/Warnings.h"
-#include "psrender/plan/NativeGradients.h"
 #include "psrender/scene/DisplayList.h"
 
 #include <cstdint>
@@ -18,19 +17,18 @@ struct PlanOptions {
     OpacityWay opacity = OpacityWay::blend;
 };
 
-/// Plans the pages of one document, in their order.
+/// Plans pages, each by itself.
 class Planner {
 public:
     explicit Planner(PlanOptions options = {}) : options_(options) {}
 
-    /// The page as it can be painted: no groups and no clips; every paint none or opaque; fills by
-    /// the non-zero rule; joins mitred or bevelled; nothing that cannot be seen, and no number
-    /// that PostScript cannot read. Looks the same, but for what `warnings` counts.
-    scene::Page plan(scene::Page page, Warnings& warnings);
+    /// The page as it can be painted: every paint none or opaque; groups that clip by one shape
+    /// and do nothing else; tiles and symbols in the same form; no number that an interpreter
+    /// cannot read or compute with. Looks the same, but for what `warnings` counts.
+    [[nodiscard]] scene::Page plan(scene::Page page, Warnings& warnings) const;
 
 private:
     PlanOptions options_;
-    NativeGradients natives_;
 };
 
 }  // namespace psrender::plan

@@ -25,38 +25,75 @@ private:
     const Affine& map_;
 };
 
-template <class Server>
-std::shared_ptr<const Server> moved(const std::shared_ptr<const Server>& server,
-                                    const Affine& map) {
-    if (!server)
-        return nullptr;
-    auto result = std::make_shared<Server>(*server);
-    result->transform = map * server->transform;
-    return result;
-}
+/// The server of a paint, moved.
+class ServerMapper {
+public:
+    explicit ServerMapper(const Affine& map) : map_(map) {}
+
+    Paint::Source operator()(const std::monostate& none) const { return none; }
+    Paint::Source operator()(const Color& color) const { return color; }
+    template <class Server>
+    Paint::Source operator()(const std::shared_ptr<const Server>& server) const {
+        auto result = std::make_shared<Server>(*server);
+        result->transform = map_ * server->transform;
+        return std::shared_ptr<const Server>(std::move(result));
+    }
+
+private:
+    const Affine& map_;
+};
 
 }  // namespace
 
+Shape Shape::onlyFill() const {
+    Shape result = *this;
+    result.stroke = {};
+    return result;
+}
+
+Shape Shape::onlyStroke() const {
+    Shape result = *this;
+    result.fill = {};
+    return result;
+}
+
 Clip rectangleClip(const Rect& rect, const Affine& toPage) {
-    auto border = std::make_shared<Outline>();
-    border->moveTo({rect.x, rect.y});
-    border->lineTo({rect.x + rect.width, rect.y});
-    border->lineTo({rect.x + rect.width, rect.y + rect.height});
-    border->lineTo({rect.x, rect.y + rect.height});
-    border->close();
     Shape shape;
-    shape.outline = std::move(border);
-    shape.fill.kind = Paint::Kind::solid;
-    auto area = std::make_shared<ItemList>();
-    area->items.emplace_back(std::move(shape));
-    return {std::move(area), toPage};
+    shape.outline = std::make_shared<const Outline>(Outline::rectangle(rect));
+    shape.fill.source = Color();
+    return {std::make_shared<const ItemList>(ItemList{{std::move(shape)}}), toPage};
+}
+
+const Paint* paintOf(const Item& item) {
+    return std::visit(
+        [](const auto& it) -> const Paint* {
+            if constexpr (requires { paintOf(it).source; })
+                return &paintOf(it);
+            else
+                return nullptr;
+        },
+        item);
+}
+
+const Affine* transformOf(const Item& item) {
+    return std::visit(
+        [](const auto& it) -> const Affine* {
+            if constexpr (requires { it.transform; })
+                return &it.transform;
+            else
+                return nullptr;
+        },
+        item);
+}
+
+std::vector<Item> itemsOf(const Placement& placement) {
+    ItemList list = *placement.symbol;
+    transform(list, placement.transform);
+    return std::move(list.items);
 }
 
 Paint moved(const Paint& paint, const Affine& map) {
-    Paint result = paint;
-    result.gradient = moved(paint.gradient, map);
-    result.pattern = moved(paint.pattern, map);
-    return result;
+    return {std::visit(ServerMapper(map), paint.source), paint.opacity};
 }
 
 void transform(ItemList& list, const Affine& map) {

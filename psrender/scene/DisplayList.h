@@ -2,10 +2,12 @@
 
 #include "Core/SmartPtr.h"
 #include "Drawing/Image.h"
+#include "psrender/scene/Color.h"
 #include "psrender/scene/Geometry.h"
 #include "psrender/scene/Outline.h"
 #include "psrender/scene/TextRun.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -17,35 +19,39 @@
 /// it; the painter walks it. Nothing behind it knows which format it came from.
 namespace psrender::scene {
 
-/// A device RGB colour, 0 to 255 a component.
-struct Color {
-    std::uint8_t red = 0;
-    std::uint8_t green = 0;
-    std::uint8_t blue = 0;
-
-    friend bool operator==(const Color&, const Color&) = default;
-};
-
 struct Gradient;
 struct Pattern;
+struct ColorField;
 
-/// What an area is covered with. `opacity` is 0 (invisible) to 1 (opaque) and holds the
-/// paint's own share only; that of groups around it stands in their `BeginGroup`.
+/// What an area is covered with: nothing, one colour, or one of the paint servers, which are never
+/// null. `opacity` is 0 (invisible) to 1 (opaque) and holds the paint's own share only; that of
+/// groups around it stands in their `BeginGroup`.
 struct Paint {
-    enum class Kind : std::uint8_t { none, solid, gradient, pattern };
+    using Source = std::variant<std::monostate, Color, std::shared_ptr<const Gradient>,
+                                std::shared_ptr<const Pattern>, std::shared_ptr<const ColorField>>;
 
-    Kind kind = Kind::none;
-    Color color;  ///< of a solid paint
+    Source source;
     double opacity = 1;
-    std::shared_ptr<const Gradient> gradient{};  ///< of a gradient paint, else null
-    std::shared_ptr<const Pattern> pattern{};    ///< of a pattern paint, else null
+
+    /// What it is covered with if that is of the asked kind, else null.
+    [[nodiscard]] const Color* color() const { return std::get_if<Color>(&source); }
+    [[nodiscard]] const Gradient* gradient() const { return server<Gradient>(); }
+    [[nodiscard]] const Pattern* pattern() const { return server<Pattern>(); }
+    [[nodiscard]] const ColorField* field() const { return server<ColorField>(); }
 
     friend bool operator==(const Paint&, const Paint&) = default;
+
+private:
+    template <class Server>
+    [[nodiscard]] const Server* server() const {
+        const auto* shared = std::get_if<std::shared_ptr<const Server>>(&source);
+        return shared != nullptr ? shared->get() : nullptr;
+    }
 };
 
 /// Whether there is anything to paint with.
 inline bool isPainted(const Paint& paint) {
-    return paint.kind != Paint::Kind::none;
+    return !std::holds_alternative<std::monostate>(paint.source);
 }
 
 enum class FillRule : std::uint8_t { nonZero, evenOdd };
@@ -75,6 +81,9 @@ struct Shape {
     FillRule fillRule = FillRule::nonZero;
     Paint stroke;
     StrokeStyle strokeStyle;
+
+    [[nodiscard]] Shape onlyFill() const;
+    [[nodiscard]] Shape onlyStroke() const;
 };
 
 /// A run of text in one font and its paints; fill and stroke as of a shape.
@@ -127,6 +136,22 @@ struct ItemList {
     std::vector<Item> items;
 };
 
+/// What `placement` shows, where it shows it. There may be placements among it again.
+[[nodiscard]] std::vector<Item> itemsOf(const Placement& placement);
+
+/// The paint of a shape or text that has one only.
+template <class Painted>
+requires requires(Painted& item) {
+    item.strokeStyle;
+}
+auto& paintOf(Painted& item) {
+    return isPainted(item.fill) ? item.fill : item.stroke;
+}
+/// The same of any item; null for one that is not painted.
+[[nodiscard]] const Paint* paintOf(const Item& item);
+/// Where an item lies; null for groups.
+[[nodiscard]] const Affine* transformOf(const Item& item);
+
 /// A colour at a place along a gradient: 0 its start, 1 its end.
 struct ColorStop {
     double position = 0;
@@ -162,6 +187,17 @@ struct Pattern {
     std::shared_ptr<const ItemList> content;
     Affine transform;       ///< from the pattern's space to that of the outline that is painted
     bool isClipped = true;  ///< whether content beyond the tile is hidden
+    Rect bounds{};          ///< around the content of one that is not clipped, once planned
+};
+
+/// Colours at the crossings of a grid that is spread over a box, the outermost ones on its edges.
+/// They run into each other between them, and nothing is painted beyond.
+struct ColorField {
+    Rect box;
+    std::size_t columns = 2;
+    std::size_t rows = 2;
+    std::vector<Color> colors;  ///< `columns` times `rows`, the top row first
+    Affine transform;           ///< to the space of the outline that is painted
 };
 
 /// One page: its size in points, y downwards from the top left corner, and its items.

@@ -4,6 +4,16 @@
 
 namespace psrender::scene {
 
+Outline Outline::rectangle(const Rect& rect) {
+    Outline outline;
+    outline.moveTo({rect.x, rect.y});
+    outline.lineTo({rect.right(), rect.y});
+    outline.lineTo({rect.right(), rect.bottom()});
+    outline.lineTo({rect.x, rect.bottom()});
+    outline.close();
+    return outline;
+}
+
 void Outline::moveTo(Point p) {
     verbs_.push_back(Verb::move);
     points_.push_back(p);

@@ -15,6 +15,8 @@ class Outline {
 public:
     enum class Verb : std::uint8_t { move, line, cubic, close };
 
+    static Outline rectangle(const Rect& rect);
+
     void moveTo(Point p);
     void lineTo(Point p);
     void cubicTo(Point control1, Point control2, Point end);

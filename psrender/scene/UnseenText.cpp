@@ -81,8 +81,8 @@ private:
             placement->symbol = withoutUnseen(placement->symbol, map * placement->transform);
         else if (auto* shape = std::get_if<Shape>(&item))
             for (Paint* paint : {&shape->fill, &shape->stroke})
-                if (paint->pattern)
-                    paint->pattern = withoutUnseen(paint->pattern, map * shape->transform);
+                if (auto* pattern = std::get_if<std::shared_ptr<const Pattern>>(&paint->source))
+                    *pattern = withoutUnseen(*pattern, map * shape->transform);
     }
 
     std::shared_ptr<const Pattern> withoutUnseen(const std::shared_ptr<const Pattern>& pattern,
@@ -123,9 +123,8 @@ private:
                 add(placement->transform, emsOf(*placement->symbol));
             else if (const auto* shape = std::get_if<Shape>(&item))
                 for (const Paint* paint : {&shape->fill, &shape->stroke})
-                    if (paint->pattern)
-                        add(shape->transform * paint->pattern->transform,
-                            emsOf(*paint->pattern->content));
+                    if (const Pattern* pattern = paint->pattern())
+                        add(shape->transform * pattern->transform, emsOf(*pattern->content));
         }
         return known_.emplace(&list, all).first->second;
     }

@@ -1,27 +1,31 @@
 #include "tests/psrender/Spots.h"
 
+#include "Core/MemoryStream.h"
 #include "psrender/paint/Painter.h"
-#include "psrender/plan/Planner.h"
 #include "psrender/svg/SvgReader.h"
-#include "tests/support/Documents.h"
 #include "tests/support/Interpreter.h"
 
 #include <gtest/gtest.h>
 
 namespace psrender::tests {
 
+std::string printed(const scene::Page& page, const plan::PlanOptions& options) {
+    Warnings warnings;
+    const auto output = Core::makeObject<Core::IO::MemoryStream>();
+    const auto document = Core::makeObject<Drawing::Print::PrintDocument>(output);
+    document->startDocument();
+    paint::Painter(*document).paintPage(plan::Planner(options).plan(page, warnings));
+    document->endDocument();
+    return std::string(output->view());
+}
+
 std::string script(const std::string& body) {
     Warnings warnings;
-    const auto page = svg::readSvg(
-        "<svg xmlns='http://www.w3.org/2000/svg' width='100pt' height='100pt' "
-        "viewBox='0 0 100 100'>" +
-            body + "</svg>",
-        "test", warnings);
-    return finished(
-        [&](OpenDocument& document) {
-            paint::Painter(document).paintPage(plan::Planner().plan(page, warnings));
-        },
-        true);
+    return printed(
+        svg::readSvg("<svg xmlns='http://www.w3.org/2000/svg' width='100pt' height='100pt' "
+                     "viewBox='0 0 100 100'>" +
+                         body + "</svg>",
+                     "test", warnings));
 }
 
 void expectSpots(const std::string& body, std::initializer_list<Spot> spots) {

@@ -15,12 +15,12 @@ using scene::Paint;
 void Canvas::add(scene::Shape shape, pugi::xml_node element) {
     if (!hasInside(*shape.outline))
         shape.fill = {};
-    if (shape.fill.kind != Paint::Kind::none || shape.stroke.kind != Paint::Kind::none)
+    if (isPainted(shape.fill) || isPainted(shape.stroke))
         require(items_.add(std::move(shape)), element);
 }
 
 void Canvas::add(scene::Text text, pugi::xml_node element) {
-    if (text.fill.kind != Paint::Kind::none || text.stroke.kind != Paint::Kind::none)
+    if (isPainted(text.fill) || isPainted(text.stroke))
         require(items_.add(std::move(text)), element);
 }
 

@@ -8,7 +8,6 @@ namespace psrender::svg {
 
 namespace {
 
-using scene::Paint;
 using scene::Shape;
 
 /// Fill and stroke overlap, so with both the opacity has to stay around the two.
@@ -16,8 +15,7 @@ template <class Painted>
 bool takeOver(double opacity, Painted& item) {
     if (isPainted(item.fill) == isPainted(item.stroke))
         return false;
-    Paint& paint = isPainted(item.fill) ? item.fill : item.stroke;
-    paint.opacity *= opacity;
+    paintOf(item).opacity *= opacity;
     return true;
 }
 

@@ -108,12 +108,9 @@ std::optional<scene::Paint> PatternReader::read(pugi::xml_node pattern, const Pa
     references_.drawWithin(holder, [&] {
         result->content = placed(symbolOf(holder, measures, place.depth), *contentMap);
     });
-    scene::Paint paint;
-    if (!result->content->items.empty()) {
-        paint.kind = scene::Paint::Kind::pattern;
-        paint.pattern = std::move(result);
-    }
-    return paint;
+    if (result->content->items.empty())
+        return scene::Paint();
+    return scene::Paint{std::shared_ptr<const scene::Pattern>(std::move(result))};
 }
 
 /// A pattern's content inherits from where the pattern stands.

@@ -31,7 +31,7 @@ scene::Spread spreadOf(std::string_view text) {
 }
 
 Paint solid(const ColorStop& stop) {
-    return {Paint::Kind::solid, stop.color, stop.opacity};
+    return {stop.color, stop.opacity};
 }
 
 bool isOneColor(const std::vector<ColorStop>& stops) {
@@ -78,10 +78,7 @@ std::optional<Paint> GradientReader::read(pugi::xml_node element, const PaintPla
         return std::nullopt;
     if (!hasLength(gradient) || isOneColor(*stops))
         return solid(stops->back());
-    Paint paint;
-    paint.kind = Paint::Kind::gradient;
-    paint.gradient = std::make_shared<const Gradient>(std::move(gradient));
-    return paint;
+    return Paint{std::make_shared<const Gradient>(std::move(gradient))};
 }
 
 void GradientReader::readLine(const PaintServer& server, const Measures& measures,

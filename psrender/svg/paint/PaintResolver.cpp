@@ -15,7 +15,7 @@ scene::Paint toPaint(const PlainPaint& paint, double opacity, const Rgba& curren
     const double total = color.alpha * opacity;
     if (total <= 0)
         return {};
-    return {scene::Paint::Kind::solid, color.color, total};
+    return {color.color, total};
 }
 
 }  // namespace

@@ -57,7 +57,7 @@ scene::Shape ShapePaints::resolve(const ComputedStyle& style, const PaintPlace& 
     shape.fillRule = style.fillRule;
     if (style.strokeWidth.value > 0)
         shape.stroke = paints_.resolve(style.stroke, style.strokeOpacity, style.color, place);
-    if (shape.stroke.kind != scene::Paint::Kind::none)
+    if (isPainted(shape.stroke))
         shape.strokeStyle = resolveStroke(style, place.measures);
     return shape;
 }

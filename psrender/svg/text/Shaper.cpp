@@ -111,12 +111,25 @@ private:
                          at.x_offset * unit_,
                          at.y_offset * unit_,
                          false,
-                         isLast};
+                         isLast,
+                         isFirst ? endOfCluster({infos, count}, i, run) - infos[i].cluster : 0};
             glyphs[i].isPlain = isAlone && !run.isRightToLeft && at.x_offset == 0 &&
                                 at.y_offset == 0 &&
                                 isNominal(text[infos[i].cluster], infos[i].codepoint);
         }
         return glyphs;
+    }
+
+    /// Behind the characters that glyph `i` shows. Glyphs of text from right to left come last
+    /// character first.
+    static std::size_t endOfCluster(std::span<const hb_glyph_info_t> glyphs, std::size_t i,
+                                    const ShapingRun& run) {
+        if (run.isRightToLeft)
+            return i == 0 ? run.end : glyphs[i - 1].cluster;
+        const auto next = std::ranges::find_if(
+            glyphs.subspan(i),
+            [&](const hb_glyph_info_t& glyph) { return glyph.cluster != glyphs[i].cluster; });
+        return next == glyphs.end() ? run.end : next->cluster;
     }
 
     [[nodiscard]] bool isNominal(char32_t character, hb_codepoint_t glyph) const {

@@ -21,6 +21,8 @@ struct ShapedGlyph {
     /// Whether the glyph is the font's plain one for just this character, at the pen.
     bool isPlain = false;
     bool endsCluster = true;  ///< whether the next glyph shows other characters
+    /// How many characters it shows; 0 for the later ones of several glyphs that show the same.
+    std::size_t countCharacters = 1;
 };
 
 /// A piece of a text in one font, script and direction.

@@ -141,6 +141,7 @@ void TextLayout::shapeSegment(const TextSegment& segment, std::vector<LaidGlyph>
         glyph.font = segment.font;
         glyph.span = first.span;
         glyph.character = segment.begin + shaped.character;
+        glyph.countCharacters = shaped.countCharacters;
         glyph.id = shaped.id;
         glyph.origin = {shaped.x * size, drop - shaped.y * size};
         glyph.rotation = first.rotation;

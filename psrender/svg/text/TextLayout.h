@@ -14,6 +14,7 @@ struct LaidGlyph {
     const ChosenFont* font = nullptr;
     std::size_t span = 0;
     std::size_t character = 0;
+    std::size_t countCharacters = 1;  ///< that it shows; 0 if a glyph before it shows them
     std::uint32_t id = 0;
     scene::Point origin;   ///< of the glyph, on its baseline
     double rotation = 0;   ///< degrees, clockwise

@@ -31,8 +31,11 @@ public:
         }
         const scene::Point at{(glyph.origin.x - origin_.x) / glyph.stretch,
                               glyph.origin.y - origin_.y};
-        run_->glyphs.push_back({glyph.id, run_->isPlain ? scene::Point{at.x, 0} : at, 0});
-        Core::Unicode::appendUtf16(text_, content_.characters[glyph.character].code);
+        const std::size_t before = text_.size();
+        for (std::size_t i = 0; i < glyph.countCharacters; ++i)
+            Core::Unicode::appendUtf16(text_, content_.characters[glyph.character + i].code);
+        run_->glyphs.push_back({glyph.id, run_->isPlain ? scene::Point{at.x, 0} : at, 0,
+                                static_cast<std::uint32_t>(text_.size() - before)});
         last_ = glyph;
     }
 

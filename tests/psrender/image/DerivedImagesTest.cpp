@@ -5,8 +5,6 @@
 
 #include <gmock/gmock.h>
 
-#include <set>
-
 namespace psrender::image {
 
 namespace {
@@ -88,37 +86,6 @@ std::vector<scene::Picture> planned(const Image& image, double mostDotsPerInch =
     for (const auto& item : plan::Planner({mostDotsPerInch}).plan(page, warnings).items)
         pictures.push_back(std::get<scene::Picture>(item));
     return pictures;
-}
-
-TEST(Pictures, LargeOnesAreCutIntoStripsThatCoverThem) {
-    struct Case {
-        int width, height;
-        ColorSpaceType space;
-        std::size_t strips;
-    };
-    for (const Case& c : {Case{256, 21844, ColorSpaceType::rgb, 1},
-                          {256, 21845, ColorSpaceType::rgb, 2},
-                          {256, 65534, ColorSpaceType::gray, 4},
-                          {4096, 4096, ColorSpaceType::rgb, 4},
-                          {6'000'000, 2, ColorSpaceType::rgb, 4}}) {
-        const auto strips = planned(Core::makeObject<HugeImage>(c.width, c.height, c.space));
-        EXPECT_EQ(c.strips, strips.size()) << c.width;
-        std::set<Core::String> keys;
-        double area = 0;
-        for (const scene::Picture& strip : strips) {
-            keys.insert(strip.image->getHashKey());
-            area += strip.transform.determinant();
-            const auto size = strip.image->getPixelSize();
-            EXPECT_LE(std::int64_t{size.width} * size.height *
-                          strip.image->getColorSpace()->getComponentCount(),
-                      16'776'704);
-        }
-        EXPECT_EQ(c.strips, keys.size());
-        EXPECT_NEAR(200 * 100, area, 1e-6);
-        EXPECT_EQ((scene::Point{7, 8}), strips.front().transform.apply({0, 0}));
-        EXPECT_NEAR(207, strips.back().transform.apply({1, 1}).x, 1e-9);
-        EXPECT_NEAR(108, strips.back().transform.apply({1, 1}).y, 1e-9);
-    }
 }
 
 TEST(Pictures, AreReducedToTheResolutionAskedFor) {

@@ -1,10 +1,8 @@
 #include "psrender/image/ImageStore.h"
-#include "psrender/paint/Painter.h"
-#include "psrender/plan/Planner.h"
 #include "psrender/svg/SvgReader.h"
 #include "psrender/svg/image/DataUri.h"
+#include "tests/psrender/Spots.h"
 #include "tests/psrender/image/ImageFiles.h"
-#include "tests/support/Documents.h"
 #include "tests/support/Interpreter.h"
 
 #include <gmock/gmock.h>
@@ -50,9 +48,7 @@ std::vector<std::string> seen(const std::string& body) {
         "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 80 40' width='80pt' height='40pt'>" +
             body + "</svg>",
         "test", warnings, {&store});
-    const Interpretation result = interpret(finished([&](OpenDocument& document) {
-        paint::Painter(document).paintPage(plan::Planner().plan(page, warnings));
-    }));
+    const Interpretation result = interpret(tests::printed(page));
     EXPECT_EQ("", result.messages);
     std::vector<std::string> rows;
     for (int y = 5; y < 40; y += 10) {

@@ -1,8 +1,6 @@
-#include "psrender/paint/Painter.h"
-#include "psrender/plan/Planner.h"
 #include "psrender/scene/OutlineBox.h"
 #include "psrender/svg/SvgReader.h"
-#include "tests/support/Documents.h"
+#include "tests/psrender/Spots.h"
 #include "tests/support/Interpreter.h"
 
 #include <gtest/gtest.h>
@@ -31,13 +29,8 @@ Picture shown(const std::string& body) {
         "viewBox='0 0 100 100'><defs><linearGradient id='rb'><stop stop-color='red'/>"
         "<stop offset='1' stop-color='blue'/></linearGradient></defs>" +
         body + "</svg>";
-    const Interpretation seen =
-        interpret(finished([&](OpenDocument& document) {
-                      psrender::plan::Planner planner;
-                      psrender::paint::Painter(document).paintPage(planner.plan(
-                          psrender::svg::readSvg(drawing, "test", warnings), warnings));
-                  }),
-                  72 * kScale);
+    const Interpretation seen = interpret(
+        psrender::tests::printed(psrender::svg::readSvg(drawing, "test", warnings)), 72 * kScale);
     EXPECT_EQ("", seen.messages) << body;
     return seen.pages.empty() ? Picture{} : seen.pages[0];
 }

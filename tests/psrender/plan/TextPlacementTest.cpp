@@ -1,11 +1,9 @@
 // Text that an interpreter shows must lie where its glyphs were laid out: it is compared with the
 // same run drawn by the outlines of its glyphs.
 
-#include "psrender/paint/Painter.h"
-#include "psrender/plan/Planner.h"
 #include "psrender/plan/TextOutlines.h"
 #include "psrender/svg/SvgReader.h"
-#include "tests/support/Documents.h"
+#include "tests/psrender/Spots.h"
 #include "tests/support/Interpreter.h"
 
 #include <gtest/gtest.h>
@@ -20,13 +18,7 @@ namespace {
 using InkBox = std::array<int, 4>;
 
 InkBox inkBoxOf(const scene::Page& page) {
-    Warnings warnings;
-    const std::string script = finished(
-        [&](OpenDocument& document) {
-            paint::Painter(document).paintPage(plan::Planner().plan(page, warnings));
-        },
-        true);
-    const Interpretation seen = interpret(script, 144);
+    const Interpretation seen = interpret(tests::printed(page), 144);
     EXPECT_EQ("", seen.messages);
     InkBox box{9999, 9999, -1, -1};
     const Picture& picture = seen.pages.at(0);

@@ -25,11 +25,12 @@ std::string number(double value) {
 }
 
 std::string describe(const Paint& paint) {
-    if (paint.kind == Paint::Kind::none)
+    const scene::Color* color = paint.color();
+    if (color == nullptr)
         return "none";
     std::ostringstream out;
     out << '#' << std::hex << std::setfill('0');
-    for (const int component : {paint.color.red, paint.color.green, paint.color.blue})
+    for (const int component : {color->red, color->green, color->blue})
         out << std::setw(2) << component;
     return paint.opacity == 1 ? out.str() : out.str() + "/" + number(paint.opacity);
 }
@@ -54,7 +55,7 @@ std::string describe(const Shape& shape) {
     std::string text = "fill=" + describe(shape.fill);
     if (shape.fillRule == scene::FillRule::evenOdd)
         text += " evenodd";
-    if (shape.stroke.kind != Paint::Kind::none)
+    if (isPainted(shape.stroke))
         text += " stroke=" + describe(shape.stroke) + describe(shape.strokeStyle);
     return text + " " + toText(shape.outline->transformed(toPixels * shape.transform));
 }
