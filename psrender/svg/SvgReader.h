@@ -14,7 +14,8 @@ namespace psrender::svg {
 /// Reads one SVG document (SVG 1.1 with CSS presentation properties) into a page.
 ///
 /// The page has the drawing's own size: width and height of the outermost `svg` element in
-/// points at 96 px an inch, else its viewBox, else 300 by 150 px. Elements that the reader
+/// points at 96 px an inch, else its viewBox, else the box around what is drawn. Drawings of more
+/// than 14400 points are scaled down to that. Elements that the reader
 /// does not know are left out and counted in `warnings`.
 ///
 /// `text` is the whole document in UTF-8 (or UTF-16 with a byte order mark); `name` is what

@@ -7,6 +7,7 @@
 #include "psrender/svg/values/Length.h"
 #include "psrender/svg/values/Paint.h"
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string_view>
@@ -17,17 +18,18 @@ namespace psrender::svg {
 /// Properties that change the picture and that the reader leaves out, as bits of a set.
 using FeatureSet = std::uint16_t;
 namespace feature {
-constexpr FeatureSet kMask = 1;
 constexpr FeatureSet kFilter = 2;
 constexpr FeatureSet kBlendMode = 4;
 constexpr FeatureSet kFixedStrokeWidth = 8;
-constexpr FeatureSet kPaintOrder = 16;
-
-constexpr FeatureSet kInherited = kPaintOrder;
 }  // namespace feature
 
 /// Shared between an element and what inherits it; never null entries. Null means solid.
 using DashList = std::shared_ptr<const std::vector<Length>>;
+
+/// What a shape or text is painted with, one over the other.
+enum class PaintLayer : std::uint8_t { fill, stroke, markers };
+/// All of them, the lowest first.
+using PaintOrder = std::array<PaintLayer, 3>;
 
 /// What children take over from their parent.
 struct InheritedStyle {
@@ -46,6 +48,7 @@ struct InheritedStyle {
     Length dashOffset;
     double fontSize = 16;
     TextStyle text;
+    PaintOrder paintOrder{PaintLayer::fill, PaintLayer::stroke, PaintLayer::markers};
     bool isVisible = true;
     /// Ids of markers, empty for none.
     std::string_view markerStart;
@@ -59,6 +62,8 @@ struct InheritedStyle {
 struct OwnStyle {
     double opacity = 1;
     std::string_view clipPath;  ///< its id, empty for none
+    std::string_view mask;      ///< its id, empty for none
+    bool isAlphaMask = false;   ///< of a mask: the colours of its content do not matter
     bool isDisplayed = true;
     bool overflows = false;  ///< what is outside of its viewport is shown
     scene::Affine transform;

@@ -31,10 +31,7 @@ bool takeImportance(std::string_view& value) {
     return true;
 }
 
-/// Of a style attribute's comments, those before a declaration are passed over.
 void parseDeclaration(std::string_view text, std::vector<Declaration>& result) {
-    const std::size_t comment = text.rfind("*/");
-    text.remove_prefix(comment == kNone ? 0 : comment + 2);
     const std::size_t colon = text.find(':');
     if (colon == kNone)
         return;

@@ -14,12 +14,10 @@ struct LeftOut {
 };
 
 constexpr std::array kLeftOutAnywhere{
-    LeftOut{feature::kMask, "masks are left out (mask)"},
     LeftOut{feature::kFilter, "filters are left out (filter)"},
     LeftOut{feature::kBlendMode, "blend modes are left out (mix-blend-mode)"},
 };
 constexpr std::array kLeftOutOfShapes{
-    LeftOut{feature::kPaintOrder, "fill is drawn before stroke whatever is asked (paint-order)"},
     LeftOut{feature::kFixedStrokeWidth, "lines are scaled with their shape (vector-effect)"},
 };
 

@@ -30,6 +30,11 @@ constexpr std::array kVisibilities{Keyword<bool>{"visible", true}, Keyword<bool>
 constexpr std::array kOverflows{Keyword<bool>{"visible", true}, Keyword<bool>{"auto", true},
                                 Keyword<bool>{"hidden", false}, Keyword<bool>{"scroll", false}};
 
+constexpr std::array kMaskTypes{Keyword<bool>{"luminance", false}, Keyword<bool>{"alpha", true}};
+constexpr std::array kLayers{Keyword<PaintLayer>{"fill", PaintLayer::fill},
+                             Keyword<PaintLayer>{"stroke", PaintLayer::stroke},
+                             Keyword<PaintLayer>{"markers", PaintLayer::markers}};
+
 using Style = ComputedStyle;
 
 template <auto field>
@@ -73,6 +78,25 @@ bool applyDisplay(std::string_view text, Style& style) {
 
 bool applyTransform(std::string_view text, Style& style) {
     return assign(style.transform, parseTransform(text));
+}
+
+/// The layers that are named come first; the others follow in their usual order.
+bool applyPaintOrder(std::string_view text, Style& style) {
+    PaintOrder order = Style().paintOrder;
+    auto next = order.begin();
+    bool isUnderstood = true;
+    const auto take = [&](std::string_view word) {
+        const auto layer = lookUp(kLayers, word);
+        auto* const found = layer ? std::find(next, order.end(), *layer) : order.end();
+        isUnderstood = isUnderstood && found != order.end();
+        if (isUnderstood)
+            std::rotate(next++, found, found + 1);
+    };
+    if (!equalsIgnoringCase(text, "normal"))
+        forEachWord(text, take);
+    if (isUnderstood)
+        style.paintOrder = order;
+    return isUnderstood;
 }
 
 bool applyStrokeWidth(std::string_view text, Style& style) {
@@ -181,11 +205,12 @@ constexpr std::array<Property, kPropertyCount> kProperties{{
     {"marker-end", applyReference<&Style::markerEnd>, copy<&Style::markerEnd>},
     {"marker-mid", applyReference<&Style::markerMid>, copy<&Style::markerMid>},
     {"marker-start", applyReference<&Style::markerStart>, copy<&Style::markerStart>},
-    leftOut<feature::kMask>("mask"),
+    {"mask", applyReference<&Style::mask>, copy<&Style::mask>},
+    {"mask-type", applyKeyword<&Style::isAlphaMask, kMaskTypes>, copy<&Style::isAlphaMask>},
     leftOut<feature::kBlendMode>("mix-blend-mode"),
     {"opacity", applyOpacity<&Style::opacity>, copy<&Style::opacity>},
     {"overflow", applyKeyword<&Style::overflows, kOverflows>, copy<&Style::overflows>},
-    leftOut<feature::kPaintOrder>("paint-order"),
+    {"paint-order", applyPaintOrder, copy<&Style::paintOrder>},
     {"stop-color", applyStopColor, copy<&Style::stopColor>},
     {"stop-opacity", applyOpacity<&Style::stopOpacity>, copy<&Style::stopOpacity>},
     {"stroke", applyPaint<&Style::stroke>, copy<&Style::stroke>},
@@ -247,7 +272,6 @@ ComputedStyle ComputedStyle::childOf(const ComputedStyle& parent) {
     ComputedStyle child;
     // NOLINTNEXTLINE(cppcoreguidelines-slicing): children inherit just this part.
     static_cast<InheritedStyle&>(child) = parent;
-    child.leftOut = parent.leftOut & feature::kInherited;
     return child;
 }
 

@@ -16,6 +16,16 @@ struct AttributeTest {
     std::string_view value;
 };
 
+/// A condition on where an element stands. The nth ones count the children of its parent, all or
+/// those of its type, from the first or the last, and hold for every count of `step` n + `offset`.
+struct PlaceTest {
+    enum class Kind : std::uint8_t { root, empty, nth, nthLast, nthOfType, nthLastOfType };
+
+    Kind kind = Kind::root;
+    int step = 0;
+    int offset = 1;
+};
+
 /// How an element relates to the one that the compound to the left in the text describes.
 enum class Combinator : std::uint8_t { descendant, child, nextSibling, laterSibling };
 
@@ -25,8 +35,10 @@ struct Compound {
     std::string_view id;
     std::vector<std::string_view> classes;
     std::vector<AttributeTest> attributes;
-    bool isFirstChild = false;
-    bool isRoot = false;
+    std::vector<PlaceTest> places;
+    std::string_view language;         ///< that it or an element around it is in
+    std::vector<Compound> exceptions;  ///< what it must not fit
+    bool isDynamic = false;            ///< asks for what paper never shows, such as a pointer
     Combinator relation = Combinator::descendant;  ///< to the next of `Selector::compounds`
 };
 
@@ -35,8 +47,8 @@ struct Selector {
     std::uint32_t specificity = 0;
 };
 
-/// The selectors of a comma list; nothing if any of them is wrong, holds a pseudo-class
-/// other than :first-child and :root, or has more than 64 compounds. They are views into
+/// The selectors of a comma list; nothing if any of them is wrong, holds a unknown
+/// pseudo-class, or has more than 64 compounds. They are views into
 /// `text`.
 std::optional<std::vector<Selector>> parseSelectors(std::string_view text);
 

@@ -34,6 +34,14 @@ bool fitsValue(const AttributeTest& test, std::string_view value) {
     return false;
 }
 
+/// Whether an element has neither children nor text.
+bool isEmpty(pugi::xml_node element) {
+    for (const pugi::xml_node child : element.children())
+        if (child.type() != pugi::node_comment && child.type() != pugi::node_pi)
+            return false;
+    return true;
+}
+
 }  // namespace
 
 bool hasWord(std::string_view list, std::string_view word) {
@@ -103,8 +111,47 @@ bool SelectorMatcher::fits(const Compound& compound, pugi::xml_node element) {
     for (const AttributeTest& test : compound.attributes)
         if (!fits(test, element))
             return false;
-    return !(compound.isFirstChild && previousElement(element)) &&
-           !(compound.isRoot && parentElement(element));
+    if (!compound.language.empty() && !isInLanguage(compound.language, element))
+        return false;
+    for (const PlaceTest& test : compound.places)
+        if (!fits(test, element))
+            return false;
+    for (const Compound& exception : compound.exceptions)
+        if (fits(exception, element))
+            return false;
+    return true;
+}
+
+bool SelectorMatcher::fits(const PlaceTest& test, pugi::xml_node element) {
+    using Kind = PlaceTest::Kind;
+    if (test.kind == Kind::root)
+        return !parentElement(element);
+    if (test.kind == Kind::empty)
+        return isEmpty(element);
+    const bool isFromLast = test.kind == Kind::nthLast || test.kind == Kind::nthLastOfType;
+    const bool isOfType = test.kind == Kind::nthOfType || test.kind == Kind::nthLastOfType;
+    int place = 1;
+    for (auto each = isFromLast ? nextElement(element) : previousElement(element); each;
+         each = isFromLast ? nextElement(each) : previousElement(each)) {
+        ++steps_;
+        if (!isOfType || std::string_view(each.name()) == element.name())
+            ++place;
+        if (test.step == 0 && place > test.offset)
+            return false;
+    }
+    const std::int64_t rest = std::int64_t{place} - test.offset;
+    return test.step == 0 ? rest == 0 : rest % test.step == 0 && rest / test.step >= 0;
+}
+
+bool SelectorMatcher::isInLanguage(std::string_view language, pugi::xml_node element) {
+    for (; element; element = parentElement(element))
+        for (const char* name : {"xml:lang", "lang"}) {
+            ++steps_;
+            if (const pugi::xml_attribute attribute = element.attribute(name))
+                return fitsValue({name, AttributeTest::Kind::isLanguage, language},
+                                 attribute.value());
+        }
+    return false;
 }
 
 bool SelectorMatcher::fits(const AttributeTest& test, pugi::xml_node element) {

@@ -27,6 +27,8 @@ private:
     Result matchAmongSiblings(const Selector& selector, std::size_t index, pugi::xml_node later);
     bool fits(const Compound& compound, pugi::xml_node element);
     bool fits(const AttributeTest& test, pugi::xml_node element);
+    bool fits(const PlaceTest& test, pugi::xml_node element);
+    bool isInLanguage(std::string_view language, pugi::xml_node element);
 
     std::uint64_t steps_ = 0;
 };

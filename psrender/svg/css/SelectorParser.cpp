@@ -1,18 +1,81 @@
 #include "psrender/svg/css/Selector.h"
 #include "psrender/svg/values/Characters.h"
+#include "psrender/svg/values/Keywords.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
+#include <iterator>
+#include <string>
 
 namespace psrender::svg {
 
 namespace {
 
 constexpr std::size_t kMostCompounds = 64;
+constexpr std::size_t kDeepestExceptions = 8;
 
 /// Weights of the three ranks; sums within a rank do not reach the next one in practice.
 constexpr std::uint32_t kIdWeight = 1U << 20;
 constexpr std::uint32_t kClassWeight = 1U << 10;
 constexpr std::uint32_t kTypeWeight = 1;
+
+using PlaceKind = PlaceTest::Kind;
+
+struct NamedPlaces {
+    std::string_view name;
+    std::array<PlaceTest, 2> tests;
+    std::size_t count = 1;
+};
+constexpr std::array kPlaces{
+    NamedPlaces{"root", {{{PlaceKind::root}}}},
+    NamedPlaces{"empty", {{{PlaceKind::empty}}}},
+    NamedPlaces{"first-child", {{{PlaceKind::nth}}}},
+    NamedPlaces{"last-child", {{{PlaceKind::nthLast}}}},
+    NamedPlaces{"only-child", {{{PlaceKind::nth}, {PlaceKind::nthLast}}}, 2},
+    NamedPlaces{"first-of-type", {{{PlaceKind::nthOfType}}}},
+    NamedPlaces{"last-of-type", {{{PlaceKind::nthLastOfType}}}},
+    NamedPlaces{"only-of-type", {{{PlaceKind::nthOfType}, {PlaceKind::nthLastOfType}}}, 2},
+};
+constexpr std::array kCounts{
+    Keyword<PlaceKind>{"nth-child", PlaceKind::nth},
+    Keyword<PlaceKind>{"nth-last-child", PlaceKind::nthLast},
+    Keyword<PlaceKind>{"nth-of-type", PlaceKind::nthOfType},
+    Keyword<PlaceKind>{"nth-last-of-type", PlaceKind::nthLastOfType},
+};
+/// What depends on a pointer, a keyboard or a history.
+constexpr std::array<std::string_view, 14> kDynamic{
+    "hover",   "active",  "focus",   "focus-visible", "focus-within", "visited",  "target",
+    "enabled", "checked", "default", "disabled",      "playing",      "selected", "invalid"};
+
+std::optional<int> toInt(std::string_view text) {
+    if (text.starts_with('+'))
+        text.remove_prefix(1);
+    int value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    const bool isWhole = error == std::errc() && end == text.data() + text.size();
+    return isWhole ? std::optional(value) : std::nullopt;
+}
+
+/// "odd", "even", "3", "2n+1", "-n + 3".
+std::optional<PlaceTest> parseCount(PlaceKind kind, std::string_view text) {
+    if (equalsIgnoringCase(text, "odd"))
+        return PlaceTest{kind, 2, 1};
+    if (equalsIgnoringCase(text, "even"))
+        return PlaceTest{kind, 2, 0};
+    std::string packed;
+    std::ranges::copy_if(text, std::back_inserter(packed), [](char c) { return !isSpace(c); });
+    const std::size_t n = packed.find_first_of("nN");
+    const std::string_view all = packed;
+    if (n == std::string::npos) {
+        const auto offset = toInt(all);
+        return offset ? std::optional(PlaceTest{kind, 0, *offset}) : std::nullopt;
+    }
+    const std::string_view factor = all.substr(0, n);
+    const auto step = factor.empty() || factor == "+" ? 1 : factor == "-" ? -1 : toInt(factor);
+    const auto offset = n + 1 == all.size() ? 0 : toInt(all.substr(n + 1));
+    return step && offset ? std::optional(PlaceTest{kind, *step, *offset}) : std::nullopt;
+}
 
 class SelectorParser {
 public:
@@ -25,7 +88,8 @@ public:
             auto selector = parseSelector();
             if (!selector)
                 return std::nullopt;
-            result.push_back(std::move(*selector));
+            if (std::ranges::none_of(selector->compounds, &Compound::isDynamic))
+                result.push_back(std::move(*selector));
         } while (skip(','));
         return text_.empty() ? std::optional(std::move(result)) : std::nullopt;
     }
@@ -35,7 +99,9 @@ private:
     bool parseCompound(Compound& compound, std::uint32_t& specificity);
     bool parsePart(Compound& compound, std::uint32_t& specificity);
     bool parseAttribute(Compound& compound);
-    bool parsePseudoClass(Compound& compound);
+    bool parsePseudoClass(Compound& compound, std::uint32_t& specificity);
+    bool parseFunction(std::string_view name, Compound& compound, std::uint32_t& specificity);
+    bool parseExceptions(Compound& compound, std::uint32_t& specificity);
     std::optional<AttributeTest::Kind> parseOperator();
     std::optional<Combinator> parseCombinator();
     std::string_view parseValue();
@@ -44,6 +110,7 @@ private:
     bool skip(char c);
 
     std::string_view text_;  ///< what is left to read
+    std::size_t depth_ = 0;  ///< of exceptions
 };
 
 std::optional<Selector> SelectorParser::parseSelector() {
@@ -81,7 +148,7 @@ bool SelectorParser::parsePart(Compound& compound, std::uint32_t& specificity) {
     }
     if (skip(':')) {
         specificity += kClassWeight;
-        return parsePseudoClass(compound);
+        return parsePseudoClass(compound, specificity);
     }
     const bool isId = text_.front() == '#';
     text_.remove_prefix(1);
@@ -130,11 +197,65 @@ std::optional<AttributeTest::Kind> SelectorParser::parseOperator() {
     return kKinds[sign];
 }
 
-bool SelectorParser::parsePseudoClass(Compound& compound) {
+bool SelectorParser::parsePseudoClass(Compound& compound, std::uint32_t& specificity) {
+    if (skip(':')) {
+        compound.isDynamic = true;  // A part of an element that only boxes of text have.
+        return !name().empty();
+    }
     const std::string_view word = name();
-    compound.isFirstChild = compound.isFirstChild || word == "first-child";
-    compound.isRoot = compound.isRoot || word == "root";
-    return word == "first-child" || word == "root";
+    if (skip('('))
+        return parseFunction(word, compound, specificity);
+    compound.isDynamic = compound.isDynamic || std::ranges::find(kDynamic, word) != kDynamic.end();
+    const auto* const known = std::ranges::find(kPlaces, word, &NamedPlaces::name);
+    if (known == kPlaces.end())
+        return std::ranges::find(kDynamic, word) != kDynamic.end();
+    compound.places.insert(compound.places.end(), known->tests.begin(),
+                           known->tests.begin() + static_cast<std::ptrdiff_t>(known->count));
+    return true;
+}
+
+/// Reads what stands between the parentheses, and the closing one.
+bool SelectorParser::parseFunction(std::string_view name, Compound& compound,
+                                   std::uint32_t& specificity) {
+    if (name == "not")
+        return parseExceptions(compound, specificity);
+    const std::size_t end = text_.find(')');
+    if (end == std::string_view::npos)
+        return false;
+    const std::string_view argument = trimmed(text_.substr(0, end));
+    text_.remove_prefix(end + 1);
+    if (name == "lang") {
+        compound.language = argument;
+        return !argument.empty();
+    }
+    const auto kind = lookUp(kCounts, name);
+    const auto test = kind ? parseCount(*kind, argument) : std::nullopt;
+    if (test)
+        compound.places.push_back(*test);
+    return test.has_value();
+}
+
+/// The pseudo-class counts as much as the strongest of what it excepts. What never applies on
+/// paper is no exception.
+bool SelectorParser::parseExceptions(Compound& compound, std::uint32_t& specificity) {
+    specificity -= kClassWeight;
+    if (++depth_ > kDeepestExceptions)
+        return false;
+    std::uint32_t strongest = 0;
+    do {
+        skipSpace();
+        Compound exception;
+        std::uint32_t own = 0;
+        if (!parseCompound(exception, own))
+            return false;
+        strongest = std::max(strongest, own);
+        if (!exception.isDynamic)
+            compound.exceptions.push_back(std::move(exception));
+        skipSpace();
+    } while (skip(','));
+    --depth_;
+    specificity += strongest;
+    return skip(')');
 }
 
 /// Nothing at the end of the selector.

@@ -128,6 +128,12 @@ void StyleResolver::addSheetRules(pugi::xml_node element, Cascade& cascade) {
 
 void StyleResolver::addStyleAttribute(std::string_view text, Cascade& cascade) {
     inline_.clear();
+    if (text.find("/*") != std::string_view::npos) {
+        const auto [known, isNew] = uncommented_.try_emplace(text.data());
+        if (isNew)
+            known->second = withoutComments(text);
+        text = known->second;
+    }
     parseDeclarations(text, inline_);
     for (const Declaration& declaration : inline_)
         cascade.add(declaration.property, declaration.value,

@@ -5,6 +5,8 @@
 #include "psrender/svg/css/StyleSheet.h"
 #include "psrender/svg/xml/XmlTree.h"
 
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace psrender {
@@ -40,6 +42,8 @@ private:
     SelectorMatcher matcher_;
     std::uint64_t declarationSteps_ = 0;
     std::vector<Declaration> inline_;  ///< kept for its memory
+    /// Style attributes that had comments, by where they begin in the document.
+    std::unordered_map<const char*, std::string> uncommented_;
 };
 
 }  // namespace psrender::svg

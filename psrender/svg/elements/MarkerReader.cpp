@@ -1,5 +1,6 @@
 #include "psrender/svg/elements/MarkerReader.h"
 
+#include "psrender/base/Warnings.h"
 #include "psrender/svg/css/StyleResolver.h"
 #include "psrender/svg/elements/Canvas.h"
 #include "psrender/svg/elements/References.h"
@@ -10,6 +11,7 @@
 #include "psrender/svg/xml/LengthReader.h"
 #include "psrender/svg/xml/XmlTree.h"
 
+#include <numbers>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -37,6 +39,15 @@ Rect boxOf(pugi::xml_node marker, const Rect& size) {
     return box && box->width > 0 && box->height > 0 ? *box : size;
 }
 
+/// Degrees in a unit of angles.
+double degreesOf(std::string_view unit) {
+    if (unit == "rad")
+        return 180 / std::numbers::pi;
+    if (unit == "turn")
+        return 360;
+    return unit == "grad" ? 0.9 : 1;
+}
+
 double angleOf(pugi::xml_node marker, const MarkerVertex& vertex, bool isStart) {
     const std::string_view orient = trimmed(marker.attribute("orient").value());
     if (orient == "auto")
@@ -44,7 +55,7 @@ double angleOf(pugi::xml_node marker, const MarkerVertex& vertex, bool isStart) 
     if (orient == "auto-start-reverse")
         return vertex.angle() + (isStart ? 180 : 0);
     NumberScanner scanner(orient);
-    return scanner.number().value_or(0);
+    return scanner.number().value_or(0) * degreesOf(scanner.word());
 }
 
 /// From the marker's content to the element that it stands on.
@@ -90,8 +101,12 @@ void MarkerReader::draw(pugi::xml_node element, const Outline& outline,
 
 void MarkerReader::drawMarker(pugi::xml_node marker, const MarkerVertex& vertex, bool isStart,
                               const Surroundings& inside) {
-    if (elementKind(marker.name()) != ElementKind::marker || references_.isWithin(marker))
+    if (elementKind(marker.name()) != ElementKind::marker)
         return;
+    if (references_.isWithin(marker)) {
+        warnings_.add("markers on what they are made of are left out (<marker>)");
+        return;
+    }
     const bool goesByStroke =
         std::string_view(marker.attribute("markerUnits").value()) != "userSpaceOnUse";
     const double scale =

@@ -22,11 +22,12 @@ bool takeOver(double opacity, Painted& item) {
 /// Puts a box around items, mapped from their space.
 class BoxFinder {
 public:
-    explicit BoxFinder(const scene::Affine& map) : map_(map) {}
+    explicit BoxFinder(const scene::Affine& map, bool hasStrokes = false)
+        : map_(map), hasStrokes_(hasStrokes) {}
 
     void operator()(const Shape& shape) {
         if (const auto around = tightBox(shape.outline->transformed(map_ * shape.transform)))
-            addBox(*around);
+            addBox(around->grown(strokeBeyond(shape)));
     }
     /// The cells of its glyphs.
     void operator()(const scene::Text& text) {
@@ -43,7 +44,7 @@ public:
             addPoint(picture.transform, corner);
     }
     void operator()(const scene::Placement& placement) {
-        BoxFinder finder(map_ * placement.transform);
+        BoxFinder finder(map_ * placement.transform, hasStrokes_);
         for (const scene::Item& item : placement.symbol->items)
             std::visit(finder, item);
         if (finder.box)
@@ -55,6 +56,11 @@ public:
     std::optional<scene::Rect> box;
 
 private:
+    /// How far the stroke reaches at most, its spikes aside.
+    [[nodiscard]] double strokeBeyond(const Shape& shape) const {
+        const bool counts = hasStrokes_ && isPainted(shape.stroke);
+        return counts ? shape.strokeStyle.width / 2 * (map_ * shape.transform).largestScale() : 0;
+    }
     void addPoint(const scene::Affine& transform, scene::Point point) {
         const scene::Point p = (map_ * transform).apply(point);
         addBox({p.x, p.y, 0, 0});
@@ -71,6 +77,7 @@ private:
     }
 
     scene::Affine map_;
+    bool hasStrokes_;
 };
 
 bool takeOver(double opacity, scene::Item& item) {
@@ -128,6 +135,13 @@ std::optional<scene::Rect> PageItems::boxSince(Mark begin, const scene::Affine& 
     BoxFinder finder(fromPage);
     for (std::size_t i = begin + 1; i < items_.size(); ++i)
         std::visit(finder, items_[i]);
+    return finder.box;
+}
+
+std::optional<scene::Rect> PageItems::inkBox() const {
+    BoxFinder finder({}, true);
+    for (const scene::Item& item : items_)
+        std::visit(finder, item);
     return finder.box;
 }
 

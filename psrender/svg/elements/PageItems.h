@@ -52,6 +52,8 @@ public:
     /// if there are no shapes and pictures.
     [[nodiscard]] std::optional<scene::Rect> boxSince(Mark begin,
                                                       const scene::Affine& fromPage) const;
+    /// The box around everything with its strokes.
+    [[nodiscard]] std::optional<scene::Rect> inkBox() const;
     /// Moves the clip of the group that began at `begin`.
     void moveClip(Mark begin, const scene::Affine& toPage);
 

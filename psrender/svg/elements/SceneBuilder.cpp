@@ -6,6 +6,9 @@
 #include "psrender/svg/xml/Conditions.h"
 #include "psrender/svg/xml/XmlWalk.h"
 
+#include <algorithm>
+#include <optional>
+
 namespace psrender::svg {
 
 using scene::Affine;
@@ -14,6 +17,8 @@ using scene::Rect;
 namespace {
 
 constexpr double kPointsPerPixel = 0.75;
+/// In points; what page description languages take at most.
+constexpr double kLargestSide = 14400;
 constexpr std::size_t kDeepestNesting = 1000;
 
 void warnOfElement(ElementKind kind, Warnings& warnings) {
@@ -21,6 +26,23 @@ void warnOfElement(ElementKind kind, Warnings& warnings) {
         warnings.add("content that is not SVG is left out (<foreignObject>)");
     else
         warnings.add("elements that SVG does not know are left out");
+}
+
+/// Makes the page the area of `box`.
+void moveTo(const Rect& box, scene::Page& page) {
+    if (box.width <= 0 || box.height <= 0)
+        return;
+    scene::transform(page, Affine::translation(-box.x, -box.y));
+    page.width = box.width;
+    page.height = box.height;
+}
+
+void scaleDown(scene::Page& page, Warnings& warnings) {
+    const double scale = kLargestSide / std::max(page.width, page.height);
+    scene::transform(page, Affine::scaling(scale, scale));
+    page.width = std::min(page.width * scale, kLargestSide);
+    page.height = std::min(page.height * scale, kLargestSide);
+    warnings.add("drawings of more than 14400 points are scaled down to that (<svg>)");
 }
 
 /// A clip path takes the area of shapes and nothing of their looks.
@@ -31,6 +53,7 @@ void makeSilhouette(ComputedStyle& style) {
     style.fillOpacity = style.opacity = 1;
     style.fillRule = style.clipRule;
     style.markerStart = style.markerMid = style.markerEnd = {};
+    style.mask = {};
     style.leftOut = 0;
 }
 
@@ -52,6 +75,7 @@ SceneBuilder::SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warni
       references_(tree, canvas_.items()),
       uses_(tree, canvas_, references_, *this, warnings),
       clips_(tree, styles_, canvas_.items(), references_, *this),
+      masks_(tree, styles_, canvas_.items(), references_, *this, warnings),
       markers_(tree, styles_, canvas_, references_, *this, warnings),
       patterns_(tree, styles_, references_, *this, warnings),
       images_(tree, canvas_, links_, warnings),
@@ -64,10 +88,16 @@ scene::Page SceneBuilder::build() {
     const Rect area = drawingArea(tree_, styles_.resolve(root, initial).fontSize);
     const Affine toPage = Affine::scaling(kPointsPerPixel, kPointsPerPixel);
     draw(root, {initial, toPage, {area.width, area.height}}, &area);
+    const auto content =
+        isSizedByContent(root) ? canvas_.items().inkBox() : std::optional<Rect>();
     scene::Page page;
     page.items = canvas_.items().takeItems();
     page.width = area.width * kPointsPerPixel;
     page.height = area.height * kPointsPerPixel;
+    if (content)
+        moveTo(*content, page);
+    if (std::max(page.width, page.height) > kLargestSide)
+        scaleDown(page, warnings_);
     return page;
 }
 
@@ -89,12 +119,18 @@ void SceneBuilder::draw(pugi::xml_node element, const Surroundings& around, cons
                         around.isReferred,
                         around.isClip};
     inside.measures.fontSize = style.fontSize;
+    const auto drawMasked = [&] {
+        if (style.mask.empty())
+            drawContent(kind, element, inside, area);
+        else
+            masks_.drawWithin(inside, [&] { drawContent(kind, element, inside, area); });
+    };
     if (!style.clipPath.empty())
-        clips_.drawWithin(inside, [&] { drawContent(kind, element, inside, area); });
+        clips_.drawWithin(inside, drawMasked);
     else if (style.opacity == 1)
-        drawContent(kind, element, inside, area);
+        drawMasked();
     else
-        canvas_.items().group(style.opacity, {}, [&] { drawContent(kind, element, inside, area); });
+        canvas_.items().group(style.opacity, {}, drawMasked);
 }
 
 void SceneBuilder::drawContent(ElementKind kind, pugi::xml_node element, const Surroundings& inside,

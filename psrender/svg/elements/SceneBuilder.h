@@ -7,6 +7,7 @@
 #include "psrender/svg/elements/ElementWalker.h"
 #include "psrender/svg/elements/ImageReader.h"
 #include "psrender/svg/elements/MarkerReader.h"
+#include "psrender/svg/elements/MaskReader.h"
 #include "psrender/svg/elements/PatternReader.h"
 #include "psrender/svg/elements/References.h"
 #include "psrender/svg/elements/ShapeDrawer.h"
@@ -54,6 +55,7 @@ private:
 
     UseReader uses_;
     ClipReader clips_;
+    MaskReader masks_;
     MarkerReader markers_;
     PatternReader patterns_;
     ImageReader images_;

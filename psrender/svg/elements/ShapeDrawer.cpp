@@ -6,6 +6,7 @@
 #include "psrender/svg/paint/ShapePaints.h"
 #include "psrender/svg/path/ShapeReader.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -41,9 +42,20 @@ void ShapeDrawer::draw(ElementKind kind, pugi::xml_node element, const Surroundi
         paints_.resolve(style, {boxFor(style, *outline), inside.measures, inside.depth});
     shape.transform = inside.toPage;
     shape.outline = outline;
+    const auto drawLayer = [&](PaintLayer layer) {
+        if (layer == PaintLayer::fill)
+            canvas_.add(shape.onlyFill(), element);
+        else if (layer == PaintLayer::stroke)
+            canvas_.add(shape.onlyStroke(), element);
+        else if (isMarked)
+            markers_.draw(element, *outline, inside);
+    };
+    if (style.paintOrder != ComputedStyle().paintOrder) {
+        std::ranges::for_each(style.paintOrder, drawLayer);
+        return;
+    }
     canvas_.add(std::move(shape), element);
-    if (isMarked)
-        markers_.draw(element, *outline, inside);
+    drawLayer(PaintLayer::markers);
 }
 
 }  // namespace psrender::svg

@@ -177,6 +177,14 @@ void TextReader::drawRun(const LaidRun& run, const TextSpan& span, const PaintPl
         text.fill.opacity *= span.style.opacity;
         text.stroke.opacity *= span.style.opacity;
     }
+    const PaintOrder& order = span.style.paintOrder;
+    if (isPainted(text.fill) && isPainted(text.stroke) &&
+        std::ranges::find(order, PaintLayer::stroke) < std::ranges::find(order, PaintLayer::fill)) {
+        scene::Text halo = text;
+        halo.fill = {};
+        text.stroke = {};
+        canvas_.add(std::move(halo), span.element);
+    }
     canvas_.add(std::move(text), span.element);
 }
 

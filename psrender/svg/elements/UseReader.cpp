@@ -7,6 +7,7 @@
 #include "psrender/svg/xml/ElementKind.h"
 #include "psrender/svg/xml/LengthReader.h"
 #include "psrender/svg/xml/XmlTree.h"
+#include "psrender/svg/xml/XmlWalk.h"
 
 #include <string_view>
 
@@ -26,8 +27,10 @@ void UseReader::draw(pugi::xml_node use, const Surroundings& inside) {
     const pugi::xml_node target = findTarget(use);
     if (!target)
         return;
-    if (references_.isWithin(target))
-        tree_.fail(use, "<use> refers to something that it is part of; remove the circle");
+    if (isWithin(use, target)) {
+        warnings_.add("references to what they are part of are left out (<use>)");
+        return;
+    }
     const LengthReader lengths(use, inside.measures, warnings_);
     Surroundings around = inside;
     around.isReferred = true;
@@ -46,6 +49,17 @@ pugi::xml_node UseReader::findTarget(pugi::xml_node use) {
     if (!target)
         warnings_.add("references to what is not in the file are left out (<use>)");
     return target;
+}
+
+/// Whether drawing the target would never end: it is being drawn through another reference, or it
+/// stands around this one.
+bool UseReader::isWithin(pugi::xml_node use, pugi::xml_node target) const {
+    if (references_.isWithin(target))
+        return true;
+    for (auto around = use; around; around = parentElement(around))
+        if (around == target)
+            return true;
+    return false;
 }
 
 void UseReader::drawTarget(pugi::xml_node use, pugi::xml_node target, const Surroundings& inside) {

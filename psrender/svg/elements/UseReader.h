@@ -29,10 +29,11 @@ public:
           walker_(walker),
           warnings_(warnings) {}
 
-    /// Throws `InputError` for one that is part of what it refers to.
+    /// One that is part of what it refers to is left out.
     void draw(pugi::xml_node use, const Surroundings& inside);
 
 private:
+    [[nodiscard]] bool isWithin(pugi::xml_node use, pugi::xml_node target) const;
     [[nodiscard]] pugi::xml_node findTarget(pugi::xml_node use);
     void drawTarget(pugi::xml_node use, pugi::xml_node target, const Surroundings& inside);
     const Symbol& symbolOf(pugi::xml_node target, const Surroundings& inside,

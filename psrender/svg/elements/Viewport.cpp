@@ -70,6 +70,15 @@ Rect nestedArea(pugi::xml_node svg, const Measures& measures, Warnings& warnings
             lengths.findSize("height", Axis::vertical).value_or(measures.height)};
 }
 
+bool isSizedByContent(pugi::xml_node root) {
+    const auto isOpen = [root](const char* name) {
+        const std::string_view text = trimmed(root.attribute(name).value());
+        return text.empty() || text == "auto" || text.ends_with('%');
+    };
+    return trimmed(root.attribute("viewBox").value()).empty() && isOpen("width") &&
+           isOpen("height");
+}
+
 /// A side that is not given follows from the other by the viewBox's proportions.
 Rect drawingArea(const XmlTree& tree, double fontSize) {
     const auto box = readRootViewBox(tree);

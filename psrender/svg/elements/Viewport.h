@@ -29,6 +29,9 @@ std::optional<Viewport> openViewport(pugi::xml_node element, const scene::Rect& 
 /// Where a drawing within the drawing asks to be shown.
 scene::Rect nestedArea(pugi::xml_node svg, const Measures& measures, Warnings& warnings);
 
+/// Whether the drawing tells no size of its own: neither a viewBox nor a side that is a length.
+bool isSizedByContent(pugi::xml_node root);
+
 /// Width and height of the drawing in pixels, at (0, 0). Throws `InputError` if there is no
 /// making sense of the root element's size or viewBox.
 scene::Rect drawingArea(const XmlTree& tree, double fontSize);
