@@ -27,9 +27,9 @@ public:
 private:
     /// Glyphs from `first` up to `last`, under the run's transform.
     struct Stretch {
-        std::size_t first;
-        std::size_t last;
-        std::size_t text;  ///< where in the run's text theirs begins
+        std::size_t first = 0;
+        std::size_t last = 0;
+        std::size_t text = 0;  ///< where in the run's text theirs begins
     };
 
     /// Brings clip and transform up to date for what is drawn next.

@@ -32,7 +32,7 @@ public:
     /// An appearance that is a picture or pattern beneath an even tint.
     struct Tinted {
         Tint tint{{}, 0};
-        const Layer* original;
+        const Layer* original = nullptr;
     };
     [[nodiscard]] std::optional<Tinted> tinted() const;
 

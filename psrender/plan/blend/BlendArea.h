@@ -51,7 +51,7 @@ private:
     BlendArea(scene::Item item, const scene::Rect& box, ChainPtr clips);
 
     [[nodiscard]] std::optional<ClipRegion> findRegion(Budget& budget) const;
-    [[nodiscard]] ClippedItem shownPicture(const Appearance::Tinted& tinted, Budget& budget) const;
+    [[nodiscard]] ClippedItem shownPicture(const Appearance::Tinted& seen, Budget& budget) const;
     [[nodiscard]] scene::Paint paint(Budget& budget, Recoloring& recoloring) const;
 
     scene::Item item_;

@@ -37,12 +37,12 @@ private:
     /// The page, or a group that is not complete yet.
     struct Level {
         BlendLayer layer;
-        double opacity;
-        std::size_t beneath;  ///< areas of the level around it when the group began
+        double opacity = 1;
+        std::size_t beneath = 0;  ///< areas of the level around it when the group began
     };
     /// What a group was, and the clips around it.
     struct Group {
-        bool isClip;
+        bool isClip = false;
         ChainPtr around;
     };
     /// An opaque item or, without one, an area, and what stands for it on the page.

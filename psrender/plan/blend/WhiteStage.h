@@ -31,8 +31,8 @@ private:
     [[nodiscard]] double opacity() const { return groups_.empty() ? 1 : groups_.back().opacity; }
 
     struct Group {
-        double opacity;  ///< of all groups around
-        bool isClip;     ///< whether it goes on
+        double opacity = 1;   ///< of all groups around
+        bool isClip = false;  ///< whether it goes on
     };
 
     std::vector<Group> groups_;

@@ -27,8 +27,8 @@ protected:
 
 private:
     struct Group {
-        bool isClipped;
-        bool isFaint;  ///< whether it has an opacity, for which it goes on
+        bool isClipped = false;
+        bool isFaint = false;  ///< whether it has an opacity, for which it goes on
     };
 
     void show(scene::Item item);
