@@ -61,8 +61,7 @@ private:
                 continue;
             if (paint->color() == nullptr)
                 return false;
-            const double level =
-                paint->opacity * (isAlpha_ ? 1 : luminanceOf(*paint->color()));
+            const double level = paint->opacity * (isAlpha_ ? 1 : luminanceOf(*paint->color()));
             if (level == 0 && area_.items.empty())
                 continue;
             if (!area_.items.empty() && (level != 1 || level_ != 1))
@@ -113,8 +112,7 @@ void MaskReader::drawWithin(const Surroundings& inside, const std::function<void
     if (level == 0)
         return;
     const auto region = regionOf(mask, inside);
-    const auto outer = items_.beginGroup(
-        level, scene::Clip{area.takeArea(), inside.toPage});
+    const auto outer = items_.beginGroup(level, scene::Clip{area.takeArea(), inside.toPage});
     const auto inner = items_.beginGroup(
         1, region ? std::optional(scene::rectangleClip(*region, inside.toPage)) : std::nullopt);
     const std::size_t shapesBefore = items_.size().shapes;
@@ -142,8 +140,7 @@ std::shared_ptr<const ItemList> MaskReader::read(pugi::xml_node mask, const Comp
         .symbolOf(mask, {style, measures, std::nullopt},
                   [&] {
                       references_.drawWithin(mask, [&] {
-                          walker_.drawChildren(mask,
-                                               {style, {}, measures, inside.depth + 1, true});
+                          walker_.drawChildren(mask, {style, {}, measures, inside.depth + 1, true});
                       });
                   })
         .items;

@@ -88,8 +88,7 @@ scene::Page SceneBuilder::build() {
     const Rect area = drawingArea(tree_, styles_.resolve(root, initial).fontSize);
     const Affine toPage = Affine::scaling(kPointsPerPixel, kPointsPerPixel);
     draw(root, {initial, toPage, {area.width, area.height}}, &area);
-    const auto content =
-        isSizedByContent(root) ? canvas_.items().inkBox() : std::optional<Rect>();
+    const auto content = isSizedByContent(root) ? canvas_.items().inkBox() : std::optional<Rect>();
     scene::Page page;
     page.items = canvas_.items().takeItems();
     page.width = area.width * kPointsPerPixel;

@@ -93,6 +93,23 @@ TEST(Opacity, IsBlendedOverWhiteThroughAllGroups) {
     EXPECT_EQ(1, shapes[0].fill.opacity);
 }
 
+/// What the fill of `outline` covers by a rule, against the winding number, on a grid of places.
+void expectArea(const std::shared_ptr<const Outline>& outline, FillRule rule) {
+    Shape crossing = shape(outline, solid(1));
+    crossing.transform = {2, 0, 0, 2, 5, 5};
+    crossing.fillRule = rule;
+    psrender::plan::Budget budget;
+    const auto area = psrender::plan::fillArea(crossing, budget);
+    ASSERT_TRUE(area);
+    for (double x = 0.3; x < 100; x += 3.7)
+        for (double y = 0.9; y < 100; y += 3.3) {
+            const int turns = winding(*outline, {x, y});
+            ASSERT_EQ(rule == FillRule::evenOdd ? turns % 2 != 0 : turns != 0,
+                      area->contains(crossing.transform.apply({x, y})))
+                << x << " " << y;
+        }
+}
+
 TEST(Areas, AreThoseOfTheFillRule) {
     std::vector<Point> star;
     for (int i = 0; i < 5; ++i)

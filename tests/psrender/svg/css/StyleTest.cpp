@@ -190,9 +190,8 @@ TEST(SvgStyle, CountsWhatItLeavesOut) {
                  "<path d='M0 0h1' style='mask:url(#m);mix-blend-mode:multiply'/></g>"
                  "<g style='filter:url(#f)'>" +
                  rect + "<line vector-effect='non-scaling-stroke'/></g>");
-    EXPECT_THAT(reading.warnings,
-                ElementsAre(HasSubstr("blend modes"), HasSubstr("filters"),
-                            HasSubstr("lines are scaled")));
+    EXPECT_THAT(reading.warnings, ElementsAre(HasSubstr("blend modes"), HasSubstr("filters"),
+                                              HasSubstr("lines are scaled")));
 }
 
 }  // namespace
