@@ -116,11 +116,7 @@ TEST(Rendering, ShowsTextFilledStrokedAndAlongCurves) {
         "startOffset='50%'>l</textPath></text>"
         "<text x='10' y='90' font-family='Times' font-size='20' fill='red' "
         "opacity='0'>hidden</text>",
-        {{12.2, 50, true},
-         {42.9, 50, true},
-         {42.9, 70, false},
-         {72.6, 53, true},
-         {52.8, 80, true}});
+        {{12.2, 50, true}, {42.9, 50, true}, {42.9, 70, false}, {72.6, 53, true}, {52.8, 80, true}});
 }
 
 /// Words that are found in the page again, as a reader would search for them.
