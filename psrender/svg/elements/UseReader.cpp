@@ -36,7 +36,9 @@ void UseReader::draw(pugi::xml_node use, const Surroundings& inside) {
     around.isReferred = true;
     around.toPage = inside.toPage * Affine::translation(lengths.get("x", Axis::horizontal),
                                                         lengths.get("y", Axis::vertical));
+    open_.push_back(use);
     references_.drawWithin(target, [&] { drawTarget(use, target, around); });
+    open_.pop_back();
 }
 
 pugi::xml_node UseReader::findTarget(pugi::xml_node use) {
@@ -52,13 +54,14 @@ pugi::xml_node UseReader::findTarget(pugi::xml_node use) {
 }
 
 /// Whether drawing the target would never end: it is being drawn through another reference, or it
-/// stands around this one.
+/// stands around this one or around the one that all began with.
 bool UseReader::isWithin(pugi::xml_node use, pugi::xml_node target) const {
     if (references_.isWithin(target))
         return true;
-    for (auto around = use; around; around = parentElement(around))
-        if (around == target)
-            return true;
+    for (pugi::xml_node around : {use, open_.empty() ? use : open_.front()})
+        for (; around; around = parentElement(around))
+            if (around == target)
+                return true;
     return false;
 }
 

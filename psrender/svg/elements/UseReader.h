@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <pugixml.hpp>
+#include <vector>
 
 namespace psrender {
 class Warnings;
@@ -46,6 +47,7 @@ private:
     References& references_;
     ElementWalker& walker_;
     Warnings& warnings_;
+    std::vector<pugi::xml_node> open_;  ///< references that are being drawn
 };
 
 }  // namespace psrender::svg

@@ -17,7 +17,7 @@ TEST(SvgPage, HasTheSizeOfTheDrawing) {
     const std::tuple<const char*, double, double> rows[] = {
         {"width='96' height='2in'", 72, 144},
         {"width='10em' height='1cm'", 120, 28.346},
-        {"width='2e9' height='1'", 1.5e9, 0.75},
+        {"width='192000' height='9600'", 14400, 720},
         {"", 225, 112.5},
         {"viewBox='0 0 40 20'", 30, 15},
         {"viewBox='0 0 40 20' width='80'", 60, 30},
@@ -30,6 +30,14 @@ TEST(SvgPage, HasTheSizeOfTheDrawing) {
         EXPECT_NEAR(page.width, width, 1e-3) << attributes;
         EXPECT_NEAR(page.height, height, 1e-3) << attributes;
     }
+}
+
+TEST(SvgPage, WithoutASizeIsTheBoxOfWhatIsDrawn) {
+    const Reading reading =
+        read(open + "width='100%'><path d='M50 40h10v20' stroke='red' stroke-width='4'/></svg>");
+    EXPECT_NEAR(reading.page.width, 14 * 0.75, 1e-9);
+    EXPECT_NEAR(reading.page.height, 24 * 0.75, 1e-9);
+    EXPECT_THAT(reading.items, ElementsAre(HasSubstr("M2,2 L12,2 L12,22")));
 }
 
 TEST(SvgPage, ShowsItsViewBox) {
@@ -162,6 +170,37 @@ TEST(SvgElements, WithWrongAttributesAreDrawnWithoutThem) {
                             "negative sizes are ignored",
                             "paths with an error in their data are drawn up to it",
                             "point lists with an error are drawn up to it"));
+}
+
+TEST(SvgMasks, OfOneBrightnessAreAnAreaWithAnOpacity) {
+    const auto masked = [](const std::string& attributes, const std::string& content) {
+        return readBody("<mask id='m' " + attributes + ">" + content + "</mask><g mask='url(#m)'>" +
+                        triangle + "<path d='M5 5h1v1'/></g>");
+    };
+    const std::pair<const char*, const char*> rows[] = {
+        {"<rect width='9' height='9' fill='white'/>", "begin 1"},
+        {"<rect width='9' height='9' fill='#f00' fill-opacity='.5'/>", "begin 0.106"},
+        {"<rect width='9' height='9'/><path d='M0 0h9v9' fill='white'/>", "begin 1"},
+    };
+    for (const auto& [content, group] : rows)
+        EXPECT_THAT(masked("", content).items.front(), group) << content;
+    EXPECT_THAT(masked("mask-type='alpha'", rows[1].first).items.front(), "begin 0.5");
+    EXPECT_THAT(masked("", "<rect width='9' height='9'/>").items, IsEmpty());
+    const Reading uneven = masked("",
+                                  "<rect width='9' height='9' fill='white'/>"
+                                  "<rect width='2' height='2' fill='black'/>");
+    EXPECT_EQ(uneven.items.size(), 2U);
+    EXPECT_THAT(uneven.warnings, ElementsAre(HasSubstr("more than one brightness")));
+}
+
+TEST(SvgPaintOrder, LaysStrokesAndMarkersBeneath) {
+    const auto ordered = [](const std::string& order) {
+        return drawn("<path d='M0 0H1V1' stroke='red' paint-order='" + order + "'/>");
+    };
+    EXPECT_THAT(ordered("stroke"), ElementsAre(HasSubstr("fill=none stroke=#ff0000"), plain));
+    EXPECT_THAT(ordered("normal"), ElementsAre(HasSubstr("fill=#000000 stroke=#ff0000")));
+    EXPECT_THAT(ordered("fill fill"), ElementsAre(HasSubstr("fill=#000000 stroke=#ff0000")));
+    EXPECT_EQ(drawn("<text stroke='red' paint-order='stroke' y='9'>a</text>").size(), 2U);
 }
 
 TEST(SvgSymbols, AreDrawnOnceForEachAppearance) {
