@@ -1,5 +1,7 @@
 #include "Print/internal/DocumentParts.h"
 
+#include "Core/Log.h"
+
 namespace Drawing::Print {
 
 DocumentParts::DocumentParts(const PrintSettings& documentSettings)
@@ -8,7 +10,14 @@ DocumentParts::DocumentParts(const PrintSettings& documentSettings)
       forms(spool),
       fonts({documentSettings.embedStandardFonts, documentSettings.keepHints}) {}
 
-DocumentParts::~DocumentParts() = default;
+DocumentParts::~DocumentParts() {
+    if (isEnded || pageCount == 0)
+        return;
+    try {
+        Core::Log::warning(u"A document's pages were drawn and are lost; call endDocument.");
+    } catch (...) {  // NOLINT(bugprone-empty-catch): a destructor has nobody to tell
+    }
+}
 
 void DocumentParts::notePicture(PictureStore::Id id, bool isNested) {
     if (isNested)

@@ -20,6 +20,8 @@ namespace Drawing::Print {
 class DocumentParts : public Core::Object {
 public:
     explicit DocumentParts(const PrintSettings& documentSettings);
+    /// The last of the document, its copies and nested contexts has gone. Tells by `Log::warning`
+    /// of pages that nobody wrote.
     ~DocumentParts() override;
 
     [[nodiscard]] bool isEps() const { return settings.form != FileForm::pages; }
@@ -37,7 +39,9 @@ public:
     GlyphLine line;  ///< room for the text that is being drawn
     TextRun run;
     std::uint32_t page = 0;  ///< the one that is being drawn, from 0
+    std::uint32_t pageCount = 0;
     bool isPageOpen = false;
+    bool isEnded = false;
     std::string setupRequest;  ///< what the printer is asked for: for the whole file,
     std::string pageRequest;   ///< and from the next page on
     SizeF largestPage;         ///< of both sides the largest so far
