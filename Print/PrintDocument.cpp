@@ -74,11 +74,12 @@ void PrintDocument::startPage(const SizeF& size) {
         throw PrintException("a page of " + std::to_string(size.width) + " by " +
                              std::to_string(size.height) +
                              " points cannot be; both must be above 0");
-    if (documentParts->isEps() && pageIndex >= 0)
+    if (documentParts->isEps() && documentParts->pageCount > 0)
         throw PrintException("an Encapsulated PostScript file has one page only");
     documentParts->isPageOpen = true;
     documentParts->isUnfinished = true;
-    documentParts->page = static_cast<std::uint32_t>(++pageIndex);
+    documentParts->page = documentParts->pageCount++;
+    pageIndex = static_cast<std::int32_t>(documentParts->page);
     SizeF& largest = documentParts->largestPage;
     largest = {std::max(largest.width, size.width), std::max(largest.height, size.height)};
     graphicsState->pageSize = size;
@@ -102,7 +103,8 @@ void PrintDocument::endPage() {
 /// marked.
 void PrintDocument::writePageBegin(const SizeF& size) {
     TextBuffer& out = contentWriter->text();
-    out << "%%Page: " << std::to_string(pageIndex + 1) << ' ' << std::to_string(pageIndex + 1);
+    out << "%%Page: " << std::to_string(documentParts->pageCount) << ' '
+        << std::to_string(documentParts->pageCount);
     out << "\n%%PageBoundingBox: 0 0";
     out.number(std::ceil(size.width));
     out.number(std::ceil(size.height));
@@ -120,7 +122,7 @@ void PrintDocument::writePageBegin(const SizeF& size) {
 }
 
 void PrintDocument::requestPrinting(const PrintingRequest& request) {
-    if (pageIndex < 0)
+    if (documentParts->pageCount == 0)
         documentParts->setupRequest = printingText(request);
     else
         documentParts->pageRequest = printingText(request);

@@ -12,12 +12,12 @@ namespace Drawing::Print {
 void PrintDocument::endDocument() {
     if (documentParts->isPageOpen)
         throw PrintException("the document ends within a page; call endPage first");
-    if (documentParts->isEps() && pageIndex != 0)
+    if (documentParts->isEps() && documentParts->pageCount != 1)
         throw PrintException("an Encapsulated PostScript file has exactly one page, not none");
     if (!outputStream)
         throw PrintException("the document has no output stream; call setOutputStream");
     Assembly(*documentParts, *outputStream)
-        .write(*scriptStream, static_cast<std::uint32_t>(pageIndex + 1), contentWriter->ink());
+        .write(*scriptStream, documentParts->pageCount, contentWriter->ink());
     documentParts->isUnfinished = false;
 }
 

@@ -108,7 +108,7 @@ void PrintDocument::drawStencil(const SmartPtr<Image>& image, float x, float y, 
     if (!image)
         throw PrintException("the stencil to be painted through is null");
     Brush* fill = graphicsState->fill.get();
-    if (!fill)
+    if (!ContentWriter::paints(fill))
         return;
     const PictureStore::Id id = documentParts->pictures.addStencil(image, selector);
     showPicture(id, *image, x, y, width, height, fill);
@@ -142,6 +142,9 @@ void PrintDocument::drawDocumentFragment(SmartPtr<IOutputContext> context) {
     const auto form = context.dynamicCast<PrintForm>();
     if (!form || !form->belongsTo(*this))
         throw PrintException("what is to be placed is no fragment of this document");
+    if (form.get() == this)
+        throw PrintException("a fragment is to be placed in itself");
+    contentWriter->flush();
     const FormStore::Id id = form->seal();
     documentParts->noteForm(id, contentWriter->isForm());
     contentWriter->drawForm(place(), documentParts->forms.shapeOf(id).bounds, [&](TextBuffer& out) {

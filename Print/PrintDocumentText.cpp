@@ -11,6 +11,7 @@
 #include "Print/internal/TextRunMaker.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace Drawing::Print {
 
@@ -44,9 +45,9 @@ private:
 };
 
 void checkSize(double size) {
-    if (!(size > 0))
+    if (!(size > 0) || !std::isfinite(size))
         throw PrintException("a font of size " + std::to_string(size) +
-                             " shows nothing; take a size above 0");
+                             " shows nothing; take a finite size above 0");
 }
 
 /// Where the glyphs of a line stand when they follow each other.
@@ -117,6 +118,12 @@ void PrintDocument::drawGlyphs(const SmartPtr<Fonts::FontProgram>& program, floa
         throw PrintException(std::to_string(glyphs.size()) + " glyphs have " +
                              std::to_string(positions.size()) + " positions and " +
                              std::to_string(texts.size()) + " texts; each needs one");
+    if (!program)
+        throw PrintException("glyphs are drawn without a font program");
+    for (const XPointF& at : positions)
+        if (!std::isfinite(at.x) || !std::isfinite(at.y))
+            throw PrintException("a glyph is to stand at " + std::to_string(at.x) + ", " +
+                                 std::to_string(at.y) + ", which is no place");
     FontStore::Entry& font = documentParts->fonts.entryOf(program);
     if (!font.font) {
         showOutlines(*program, size, glyphs, positions);

@@ -14,6 +14,8 @@ public:
     enum class Kind : std::uint8_t { fragment, tile };
 
     PrintForm(const PrintDocument& parent, SizeF size, Kind kind);
+    PrintForm(const PrintForm&) = delete;
+    PrintForm& operator=(const PrintForm&) = delete;
     ~PrintForm() override;
 
     [[nodiscard]] OutputType getType() const override;

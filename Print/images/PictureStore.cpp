@@ -114,6 +114,12 @@ std::optional<std::uint32_t> PictureStore::onlyPage(Id id) const {
     return samples.isNested || samples.isOnSeveralPages ? std::nullopt : samples.page;
 }
 
+void PictureStore::beginFile() {
+    decodedInAll_ = 0;
+    for (Samples& samples : samples_)
+        samples.isDefined = false;
+}
+
 void PictureStore::defineSamples(std::size_t index, Core::IO::Stream& output) {
     Samples& samples = samples_[index];
     if (std::exchange(samples.isDefined, true))

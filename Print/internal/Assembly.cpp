@@ -64,6 +64,7 @@ void Assembly::write(Core::IO::Stream& script, std::uint32_t pageCount, const Bo
 }
 
 void Assembly::gatherResources() {
+    parts_.pictures.beginFile();
     for (PictureStore::Id id = 0; id < parts_.pictures.count(); ++id) {
         if (!parts_.pictures.isShared(id))
             continue;

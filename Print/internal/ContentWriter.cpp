@@ -17,11 +17,6 @@ constexpr std::size_t kFlushSize = std::size_t{1} << 16;
 /// A thousandth of a point: a sixtieth of a pixel at 1200 dpi.
 constexpr int kPageDecimals = 3;
 
-/// Whether the brush leaves any paint.
-bool paints(const Brush* brush) {
-    return brush != nullptr && brush->getBrushType() != BrushType::none && brush->getOpacity() > 0;
-}
-
 bool isSolid(const Brush& brush) {
     return brush.getBrushType() == BrushType::solid;
 }
@@ -44,6 +39,8 @@ void ContentWriter::begin(const Box& sheet) {
 }
 
 void ContentWriter::end() {
+    if (isDrawing_)
+        throw PrintException("a tile is painted with itself");
     closeMatrix();
     closeClip();
     out_.flushTo(*stream_);

@@ -55,7 +55,8 @@ public:
 
     /// A new page or form, whose space `sheet` covers as far as anything can be seen.
     void begin(const Box& sheet);
-    /// Closes what is open and hands everything on to the stream.
+    /// Closes what is open and hands everything on to the stream. Raises `PrintException` within
+    /// a drawing call, which only a tile can cause that is painted with itself.
     void end();
     /// The same as it stands, for text between pages.
     TextBuffer& text() { return out_; }
@@ -76,6 +77,11 @@ public:
     /// What `use` writes, in the space of `place`, covering `box` of it.
     template <class Use>
     void drawForm(const Place& place, const Box& box, Use use);
+
+    /// Whether the brush leaves any paint.
+    [[nodiscard]] static bool paints(const Brush* brush) {
+        return brush && brush->getBrushType() != BrushType::none && brush->getOpacity() > 0;
+    }
 
     /// The clip that later drawing is to have.
     void setClip(std::vector<ClipPart> clip) { wantedClip_ = std::move(clip); }
@@ -139,6 +145,7 @@ private:
     Box ink_;
     std::array<Known, 4> levels_;
     std::size_t depth_ = 0;
+    bool isDrawing_ = false;
     bool hasClipLevel_ = false;
     bool hasMatrixLevel_ = false;
     std::vector<ClipPart> wantedClip_;
@@ -153,10 +160,12 @@ public:
     explicit Attempt(ContentWriter& writer)
         : writer_(writer), size_(writer.out_.size()), depth_(writer.depth_) {
         writer.out_.reserve(kMostTakenBack);
+        writer.isDrawing_ = true;
     }
     Attempt(const Attempt&) = delete;
     Attempt& operator=(const Attempt&) = delete;
     ~Attempt() {
+        writer_.isDrawing_ = false;
         if (!isDone_)
             takeBack();
     }

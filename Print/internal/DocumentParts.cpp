@@ -14,9 +14,13 @@ DocumentParts::DocumentParts(const PrintSettings& documentSettings)
 
 /// A document that is given up because of a failure needs no second message.
 DocumentParts::~DocumentParts() {
-    if (isUnfinished && std::uncaught_exceptions() == 0)
+    if (!isUnfinished || std::uncaught_exceptions() != 0)
+        return;
+    try {
         Core::Log::warning(
             u"a print document was let go without endDocument, so its pages are in no file");
+    } catch (...) {  // NOLINT(bugprone-empty-catch): a destructor has nobody to tell
+    }
 }
 
 void DocumentParts::notePicture(PictureStore::Id id, bool isNested) {

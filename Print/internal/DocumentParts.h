@@ -20,6 +20,8 @@ namespace Drawing::Print {
 class DocumentParts : public Core::Object {
 public:
     explicit DocumentParts(const PrintSettings& documentSettings);
+    /// The last of the document, its copies and nested contexts has gone. Tells by `Log::warning`
+    /// of pages that nobody wrote.
     ~DocumentParts() override;
 
     [[nodiscard]] bool isEps() const { return settings.form != FileForm::pages; }
@@ -37,6 +39,7 @@ public:
     GlyphLine line;  ///< room for the text that is being drawn
     TextRun run;
     std::uint32_t page = 0;  ///< the one that is being drawn, from 0
+    std::uint32_t pageCount = 0;
     bool isPageOpen = false;
     bool isUnfinished = false;   ///< there are pages that no file has yet
     std::string setupRequest;    ///< what the printer is asked for: for the whole file,

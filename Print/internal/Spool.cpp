@@ -14,14 +14,13 @@ Core::IO::Stream& Spool::begin() {
         const Core::String name = Core::IO::FileSystem::getTempFileName(Core::String());
         file_ = Core::makeObject<Core::IO::FileStream>(name, true, true, false);
     }
-    file_->seek(end_, Core::IO::SeekOrigin::begin);
-    begin_ = end_;
+    begin_ = file_->length();
+    file_->seek(begin_, Core::IO::SeekOrigin::begin);
     return *file_;
 }
 
 Spool::Extent Spool::end() {
-    end_ = file_->length();
-    return {begin_, end_ - begin_};
+    return {begin_, file_->length() - begin_};
 }
 
 void Spool::copyTo(Core::IO::Stream& output, const Extent& piece) {

@@ -26,8 +26,7 @@ public:
 
 private:
     Core::SmartPtr<Core::IO::Stream> file_;
-    std::int64_t begin_ = 0;
-    std::int64_t end_ = 0;
+    std::int64_t begin_ = 0;  ///< behind a piece that was given up, too
 };
 
 }  // namespace Drawing::Print

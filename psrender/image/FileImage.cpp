@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <iterator>
 #include <limits>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -22,6 +23,13 @@ struct StateDeleter {
     void operator()(XXH3_state_t* state) const { XXH3_freeState(state); }
 };
 using HashState = std::unique_ptr<XXH3_state_t, StateDeleter>;
+
+HashState newHash() {
+    HashState state(XXH3_createState());
+    if (!state)
+        throw std::bad_alloc();
+    return state;
+}
 
 /// What decoding all of a file tells about it.
 class PixelHash {
@@ -83,8 +91,8 @@ private:
     }
 
     const ImageFacts& facts_;
-    HashState colors_{XXH3_createState()};
-    HashState alphas_{XXH3_createState()};
+    HashState colors_{newHash()};
+    HashState alphas_{newHash()};
     bool isOpaque_ = true;
     std::int32_t left_ = std::numeric_limits<std::int32_t>::max();
     std::int32_t top_ = left_;

@@ -3,6 +3,7 @@
 #include "Core/Log.h"
 #include "Core/MemoryStream.h"
 #include "Drawing/Font.h"
+#include "Drawing/RasterImage.h"
 #include "Print/PrintException.h"
 #include "Print/PrintForm.h"
 
@@ -228,4 +229,35 @@ TEST(PrintFile, isMissedWhenTheDocumentIsNotEnded) {
         PrintException);
     EXPECT_EQ(1U, warnings.size());
     Core::Log::setSink(std::move(before));
+}
+
+TEST(PrintFile, isWrittenAgainFromCopiesAndMissedIfNever) {
+    std::vector<std::string> warnings;
+    const auto before =
+        Core::Log::setSink([&](const Core::String& text) { warnings.push_back(text.toUtf8()); });
+    {
+        const auto output = makeObject<Core::IO::MemoryStream>();
+        const auto document = makeObject<PrintDocument>(output, PrintSettings());
+        const auto copy = makeObject<PrintDocument>(*document);
+        const auto image = makeObject<Drawing::RasterImage>(
+            Drawing::PixelSize{1, 1}, Drawing::ColorSpaceType::gray, Core::ByteArray(1));
+        for (PrintDocument* each : {document.get(), copy.get()}) {
+            each->startPage({10, 10});
+            each->drawImage(image, 0, 0, 5, 5, 0);
+            each->endPage();
+        }
+        document->endDocument();
+        const std::string first(output->view());
+        EXPECT_THAT(first, HasSubstr("%%Page: 2 2"));
+        copy->endDocument();
+        EXPECT_EQ(output->view(), first + first);
+    }
+    EXPECT_TRUE(warnings.empty());
+    {
+        const auto lost = makeObject<PrintDocument>(nullptr, PrintSettings());
+        lost->startPage({10, 10});
+        const auto copy = makeObject<PrintDocument>(*lost);
+    }
+    Core::Log::setSink(before);
+    EXPECT_EQ(warnings.size(), 1U) << "for the document and its copy together";
 }

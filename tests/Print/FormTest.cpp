@@ -184,5 +184,12 @@ TEST(PrintForm, isRefusedWhereItDoesNotBelong) {
             other.setFill(makeObject<PatternBrush>(nullptr, Drawing::Matrix()));
             EXPECT_THROW(other.drawRectangle(0, 0, 1, 1, 0, 0), PrintException);
         });
+        const auto tile = document.createPatternOutputContext(9, 9);
+        const auto self = document.createDocumentFragment(9, 9);
+        EXPECT_THROW(self->drawDocumentFragment(self), PrintException);
+        tile->setFill(makeObject<PatternBrush>(tile, Drawing::Matrix()));
+        EXPECT_THROW(tile->drawRectangle(0, 0, 1, 1, 0, 0), PrintException) << "with itself";
+        tile->setFill(nullptr);
+        tile->drawRectangle(0, 0, 1, 1, 0, 0);
     });
 }

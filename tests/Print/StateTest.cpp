@@ -4,6 +4,7 @@
 #include "Core/Exception.h"
 #include "Drawing/Font.h"
 #include "Drawing/Image.h"
+#include "Drawing/RasterImage.h"
 #include "Print/PrintException.h"
 
 #include <gtest/gtest.h>
@@ -44,6 +45,10 @@ TEST(PrintState, paintsNothingWithoutPaint) {
                   document.drawLine(1, 2, 3, 4);
                   document.setFill(makeObject<Drawing::NoneBrush>());
                   document.drawEllipse(5, 5, 2, 2);
+                  document.drawStencil(makeObject<Drawing::RasterImage>(
+                                           Drawing::PixelSize{1, 1}, Drawing::ColorSpaceType::gray,
+                                           Core::ByteArray(1), Core::ByteArray(1)),
+                                       1, 1, 2, 2, 0);
                   document.setFill(paintOf(1, 2, 3, 0));
                   document.drawPath(polygon({{1, 1}, {2, 1}, {2, 2}}));
                   document.setStroke(makeObject<Drawing::Stroke>(nullptr, 2.0F));

@@ -10,6 +10,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 using Core::makeObject;
 using Drawing::Font;
 using Drawing::XPointF;
@@ -90,6 +92,9 @@ TEST(PrintText, showsGlyphsWhereTheHostPutsThem) {
         EXPECT_THROW(target.drawGlyphs(glyphs, places, {}), PrintException);
         EXPECT_THROW(target.drawGlyphs(glyphs, stairs, texts), PrintException);
         EXPECT_THROW(target.drawGlyphs(program, 0, glyphs, stairs, {}), PrintException);
+        EXPECT_THROW(target.drawGlyphs(nullptr, 1, glyphs, stairs, {}), PrintException);
+        const std::vector<XPointF> nowhere{{10, 40}, {20, std::nanf("")}, {30, 50}};
+        EXPECT_THROW(target.drawGlyphs(glyphs, nowhere, {}), PrintException);
     });
     EXPECT_THAT(wordsOf(document), HasSubstr("fix"));
     EXPECT_THAT(document, HasSubstr("10 20 m("));

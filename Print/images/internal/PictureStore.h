@@ -55,6 +55,8 @@ public:
     /// Pictures have the ids from 0 to below it.
     [[nodiscard]] Id count() const { return static_cast<Id>(pictures_.size()); }
 
+    /// Nothing is defined yet in the file that is now written; a document can be written again.
+    void beginFile();
     /// Lines that define a shared picture, once for each.
     void writeDefinition(Id id, Core::IO::Stream& output);
     /// Lines that show the picture in the unit square of the current space, y downwards, rows from
