@@ -38,14 +38,15 @@ namespace Drawing::Print {
 ///   page is opaque. No brush, or a `NoneBrush`: nothing is painted.
 /// - A picture fills the box that `drawImage` is told; a size of 0 stands for its size in pixels.
 /// - What a fragment or tile holds is complete when it is first placed or painted with; drawing in
-///   it later raises `FormatException`.
+///   it later raises `PrintException`.
 ///
 /// Drawing goes to a private temporary file; `endDocument` writes the header, the resources and
 /// the pages to the caller's stream. Pages, pictures, recorded drawing and gradients cost no memory
 /// once they are drawn, only fonts do. A resource that one page alone uses is defined on that page,
 /// so an interpreter's memory does not grow with pages either.
 ///
-/// Failures are exceptions as in `PSDocument`, and a drawing call that raises has drawn nothing.
+/// What cannot be done, or not at this time, raises `PrintException`; otherwise failures are as in
+/// `PSDocument`. A drawing call that raises has drawn nothing.
 class PRINT_API PrintDocument : public PS::PSDocument {
 public:
     /// A document that `endDocument` writes to `output`; null can be made good by
@@ -59,7 +60,7 @@ public:
     PrintDocument& operator=(const PrintDocument& other);
     ~PrintDocument() override;
 
-    /// Writes the whole file. Raises `FormatException` for an Encapsulated PostScript file that
+    /// Writes the whole file. Raises `PrintException` for an Encapsulated PostScript file that
     /// has not exactly one page, and for a page that was not ended.
     void endDocument() override;
     /// Begins a page of `size` points, both above 0. Stroke, fill, font and transform are those of
@@ -73,7 +74,7 @@ public:
     void clipToText(const Core::String& text, float x, float y, float spacing);
     void setTransform(const Matrix& transform) override;
 
-    /// Draws with the stroke; a line without length shows its round or square caps.
+    /// Draws with the stroke; a line without length shows with round caps only, as a dot.
     void drawLine(float x1, float y1, float x2, float y2) override;
     void drawRectangle(float x, float y, float width, float height, float radiusX,
                        float radiusY) override;
@@ -81,13 +82,13 @@ public:
     /// Filled by the path's own fill rule, then stroked.
     void drawPath(Core::SmartPtr<Path> path) override;
     /// Shows text in the current font, filled, then stroked; a font that may not be embedded is
-    /// drawn by its outlines, and `Log::warning` says so once. Raises `NullPointerException`
+    /// drawn by its outlines, and `Log::warning` says so once. Raises `PrintException`
     /// without a font, `FontNotFoundException` for one that nobody knows.
     void drawText(const Core::String& text, int flags, float x, float y, float spacing,
                   bool flag) override;
     /// For hosts that shape text themselves: glyph `glyphs[i]` of the current font with its origin
     /// at `positions[i]` in user space. `texts[i]` is what a reader of the page finds there, empty
-    /// for the later glyphs of a cluster; or there are no texts at all. Raises `FormatException` if
+    /// for the later glyphs of a cluster; or there are no texts at all. Raises `PrintException` if
     /// the counts differ.
     void drawGlyphs(std::span<const Fonts::FontProgram::GlyphId> glyphs,
                     std::span<const XPointF> positions, std::span<const Core::String> texts);
@@ -107,18 +108,18 @@ public:
     /// the transform and clip of the place. Its own space is y downwards, too; the size is for the
     /// host only. Belongs to this document alone, and may hold anything, further fragments too.
     Core::SmartPtr<IOutputContext> createDocumentFragment(float width, float height) override;
-    /// Raises `FormatException` for a context that is no fragment of this document.
+    /// Raises `PrintException` for a context that is no fragment of this document.
     void drawDocumentFragment(Core::SmartPtr<IOutputContext> context) override;
     [[nodiscard]] bool isFragmentOf(Core::SmartPtr<IOutputContext> context) const override;
     /// The tile of a `PatternBrush`: what lies outside of (0, 0, width, height) is cut off unless
     /// `PrintForm::setBounds` says otherwise. Both must be above 0.
     Core::SmartPtr<IOutputContext> createPatternOutputContext(float width, float height) override;
 
-    /// "title", "author", "subject", "keywords" and "creator" (the program that drew) describe the
-    /// document, in any script; other names are passed over.
     /// What this document shares with its nested contexts; for them alone.
     [[nodiscard]] const Core::SmartPtr<DocumentParts>& parts() const { return documentParts; }
 
+    /// "title", "author", "subject", "keywords" and "creator" (the program that drew) describe the
+    /// document, in any script; other names are passed over.
     void setProperty(const Core::String& name, const Core::String& value) override;
 
     /// Holds from the next page on; before the first page for the whole file. What is not asked

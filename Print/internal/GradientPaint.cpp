@@ -15,6 +15,8 @@ namespace {
 
 /// More periods than that are finer than any eye or printer.
 constexpr double kMostPeriods = 4000;
+/// A part of a matrix that is smaller, beside its largest one, moves nothing that can be seen.
+constexpr double kNothing = 1e-9;
 /// What a string of PostScript holds (PLRM appendix B).
 constexpr std::size_t kMostStringBytes = 65535;
 
@@ -188,9 +190,12 @@ void writeMatrix(const Matrix& m, TextBuffer& out) {
         return;
     }
     out << '[';
-    for (const float value : {m.getScaleX(), m.getShearY(), m.getShearX(), m.getScaleY(),
-                              m.getTranslateX(), m.getTranslateY()})
-        out.number(value);
+    // What is left of a rotation by a right angle, say, is nothing.
+    const double least = largestScale(m) * kNothing;
+    for (const float value : {m.getScaleX(), m.getShearY(), m.getShearX(), m.getScaleY()})
+        out.number(std::abs(value) < least ? 0 : value);
+    out.number(m.getTranslateX());
+    out.number(m.getTranslateY());
     out << ']';
 }
 
