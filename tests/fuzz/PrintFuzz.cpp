@@ -1,10 +1,9 @@
 // Any bytes as drawing calls on a print document, its fragments and tiles in each other, valid or
 // not, with settings of any kind. Calls raise exceptions of the library or nothing, and drawing
-// goes on after them; whatever was drawn, the document that ends is one that interpreters show, and
-// ending it again gives the same bytes.
+// goes on after them; a document that ends is whole, and ending it again gives the same bytes.
 //
-// A first byte that is even allows only calls that raise nothing. With PSGRAPHICS_FUZZ_OUTPUT in
-// the environment the document is left in the file of that name.
+// A first byte that is even allows only calls that make a document which interpreters show. With
+// PSGRAPHICS_FUZZ_OUTPUT in the environment the document is left in the file of that name.
 
 #include "Core/MemoryStream.h"
 #include "Drawing/ColorFieldBrush.h"
@@ -14,7 +13,6 @@
 #include "tests/fuzz/Artist.h"
 
 #include <cstdlib>
-#include <optional>
 
 namespace {
 
