@@ -170,7 +170,7 @@ void ContentWriter::paint(const Place& place, const Box& box, FillRule rule, Bru
     Brush* line = stroke ? stroke->getBrush().get() : nullptr;
     const bool fills = paints(fill);
     const bool strokes = paints(line);
-    if (!fills && !strokes)
+    if ((!fills && !strokes) || isFlat(place))
         return;
     flush();
     Attempt attempt(*this);
@@ -229,7 +229,7 @@ void ContentWriter::drawText(const Place& place, const TextRun& run, Brush* fill
     Brush* line = stroke ? stroke->getBrush().get() : nullptr;
     const bool fills = paints(fill);
     const bool strokes = paints(line);
-    if (!fills && !strokes)
+    if ((!fills && !strokes) || isFlat(place))
         return;
     flush();
     Attempt attempt(*this);

@@ -78,6 +78,8 @@ public:
     template <class Use>
     void drawForm(const Place& place, const Box& box, Use use);
 
+    /// Whether nothing can be seen there: no interpreter divides by such a matrix.
+    [[nodiscard]] static bool isFlat(const Place& place) { return !inverse(place.matrix); }
     /// Whether the brush leaves any paint.
     [[nodiscard]] static bool paints(const Brush* brush) {
         return brush && brush->getBrushType() != BrushType::none && brush->getOpacity() > 0;
@@ -184,7 +186,7 @@ private:
 
 template <class Use>
 void ContentWriter::drawBox(const Place& place, const Box& box, Brush* fill, Use use) {
-    if (box.isEmpty() || box.left == box.right || box.top == box.bottom)
+    if (box.isEmpty() || box.left == box.right || box.top == box.bottom || isFlat(place))
         return;
     flush();
     Attempt attempt(*this);
@@ -205,6 +207,8 @@ void ContentWriter::drawBox(const Place& place, const Box& box, Brush* fill, Use
 
 template <class Use>
 void ContentWriter::drawForm(const Place& place, const Box& box, Use use) {
+    if (isFlat(place))
+        return;
     flush();
     Attempt attempt(*this);
     open(place);

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <iomanip>
+#include <locale>
 #include <sstream>
 #include <utility>
 
@@ -18,6 +19,7 @@ using Drawing::Print::GlyphCode;
 
 std::string hexadecimal(GlyphCode code) {
     std::ostringstream out;
+    out.imbue(std::locale::classic());
     out << '<' << std::hex << std::setw(2) << std::setfill('0') << int{code.code} << '>';
     return out.str();
 }
@@ -60,6 +62,7 @@ FontPage::FontPage(Program program, const Drawing::Print::FontSettings& settings
 
 FontPage& FontPage::glyph(double x, double y, int size, GlyphCode code) {
     std::ostringstream out;
+    out.imbue(std::locale::classic());
     out << "/" << font_->partName(code.part) << " " << size << " selectfont " << x << " " << y
         << " moveto " << hexadecimal(code) << " show\n";
     script_ += out.str();
@@ -68,6 +71,7 @@ FontPage& FontPage::glyph(double x, double y, int size, GlyphCode code) {
 
 FontPage& FontPage::show(int x, int y, int size, const Core::String& text) {
     std::ostringstream out;
+    out.imbue(std::locale::classic());
     out << x << " " << y << " moveto\n";
     const auto glyphs = program_->mapGlyphs({text, 0});
     const auto characters = charactersOf(text.toUtf8());
@@ -132,6 +136,7 @@ std::string FontPage::definitions() const {
 
 std::string FontPage::document() const {
     std::ostringstream out;
+    out.imbue(std::locale::classic());
     out << "%!PS-Adobe-3.0\n%%BoundingBox: 0 0 " << width_ << " " << height_ << "\n<</PageSize["
         << width_ << " " << height_ << "]>>setpagedevice\n"
         << definitions() << script_ << "showpage\n";

@@ -1,5 +1,6 @@
 #include "Print/fonts/internal/PrintFont.h"
 
+#include "Core/FixedFormat.h"
 #include "Fonts/StandardFont.h"
 #include "Fonts/TTFFont.h"
 #include "Print/fonts/internal/CharString.h"
@@ -9,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <charconv>
 #include <cmath>
 #include <sstream>
 #include <string>
@@ -38,6 +40,12 @@ FontPage::Program standard(const char* name) {
 std::vector<std::string> wordsOf(const std::string& text) {
     std::istringstream in(text);
     return {std::istream_iterator<std::string>(in), {}};
+}
+
+float numberOf(const std::string& text) {
+    float number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
 }
 
 /// Every form that a font can take in a document.
@@ -109,7 +117,7 @@ TEST(PrintFont, EveryFormDrawsTheOutlinesOfItsGlyphs) {
     private:
         void add(std::initializer_list<float> numbers, const char* step) {
             for (const float number : numbers)
-                path += std::to_string(number) + " ";
+                path += Core::formatFixed<"{0} ">(number);
             path += std::string(step) + "\n";
         }
     };
@@ -149,7 +157,7 @@ TEST(PrintFont, EveryFormAdvancesAsItSays) {
             wordsOf(outputOf("gs -q -dSAFER -dBATCH -dNODISPLAY -", page.definitions() + asked));
         ASSERT_EQ(advances.size(), answers.size());
         for (std::size_t i = 0; i < advances.size(); ++i)
-            EXPECT_NEAR(advances[i], std::stof(answers[i]), 0.6) << form.name << " " << i;
+            EXPECT_NEAR(advances[i], numberOf(answers[i]), 0.6) << form.name << " " << i;
     }
 }
 

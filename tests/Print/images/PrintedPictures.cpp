@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <locale>
 #include <set>
 #include <sstream>
 
@@ -24,6 +25,7 @@ const std::string& PrintedPictures::page() {
     const auto stream = Core::makeObject<MemoryStream>();
     const auto write = [&](const auto&... parts) {
         std::ostringstream text;
+        text.imbue(std::locale::classic());
         (text << ... << parts);
         stream->write(text.str());
     };

@@ -5,7 +5,8 @@
 
 #include <gmock/gmock.h>
 
-#include <cstdio>
+#include <locale>
+#include <sstream>
 
 namespace psrender::svg {
 namespace {
@@ -108,9 +109,15 @@ TEST(SvgText, FollowsAPath) {
         "<path id='p' d='M0 0C0 50 50 50 50 0' fill='none'/><text font-family='Courier' "
         "font-size='10'><textPath href='#p' startOffset='50%'>a</textPath></text>");
     ASSERT_EQ(1U, curved.size());
+    const std::string before = "shapes \"a\" in Courier 10 at ";
+    ASSERT_THAT(curved[0], testing::StartsWith(before));
+    std::istringstream place(curved[0].substr(before.size()));
+    place.imbue(std::locale::classic());
     double x = 0;
     double y = 0;
-    ASSERT_EQ(2, std::sscanf(curved[0].c_str(), "shapes \"a\" in Courier 10 at %lf,%lf", &x, &y));
+    char comma = ' ';
+    place >> x >> comma >> y;
+    ASSERT_EQ(',', comma);
     EXPECT_NEAR(x, 25, 0.1)
         << "the glyph touches the curve behind its lowest point with its middle";
     EXPECT_NEAR(y, 37.8, 0.1);
