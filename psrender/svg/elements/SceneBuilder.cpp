@@ -44,8 +44,11 @@ void moveTo(const Rect& box, scene::Page& page) {
     page.height = box.height;
 }
 
+/// Leaves a page as it is that would become too thin to be one.
 void scaleDown(scene::Page& page, Warnings& warnings) {
     const double scale = kLargestSide / std::max(page.width, page.height);
+    if (std::min(page.width, page.height) * scale < 1)
+        return;
     scene::transform(page, Affine::scaling(scale, scale));
     page.width = std::min(page.width * scale, kLargestSide);
     page.height = std::min(page.height * scale, kLargestSide);
