@@ -67,6 +67,8 @@ struct OwnStyle {
     bool isDisplayed = true;
     bool overflows = false;  ///< what is outside of its viewport is shown
     scene::Affine transform;
+    Length originX;  ///< the point that `transform` leaves where it is
+    Length originY;
     PlainPaint stopColor{PlainPaint::Kind::color, {}};
     double stopOpacity = 1;
     double baselineShift = 0;  ///< user units, upwards

@@ -35,6 +35,9 @@ constexpr std::array kLayers{Keyword<PaintLayer>{"fill", PaintLayer::fill},
                              Keyword<PaintLayer>{"stroke", PaintLayer::stroke},
                              Keyword<PaintLayer>{"markers", PaintLayer::markers}};
 
+constexpr std::array kSidesAcross{Keyword<double>{"left", 0}, Keyword<double>{"right", 1}};
+constexpr std::array kSidesDown{Keyword<double>{"top", 0}, Keyword<double>{"bottom", 1}};
+
 using Style = ComputedStyle;
 
 template <auto field>
@@ -99,6 +102,33 @@ bool applyPaintOrder(std::string_view text, Style& style) {
     return isUnderstood;
 }
 
+/// One or two places, the one along the x axis first unless words tell; the depth is of no concern.
+bool applyTransformOrigin(std::string_view text, Style& style) {
+    Length x{0.5, true};
+    Length y{0.5, true};
+    std::size_t count = 0;
+    bool isUnderstood = true;
+    forEachWord(text, [&](std::string_view word) {
+        const auto across = lookUp(kSidesAcross, word);
+        const auto down = lookUp(kSidesDown, word);
+        const auto length = parseLength(word, style.fontSize);
+        if (across)
+            x = {*across, true};
+        else if (down)
+            y = {*down, true};
+        else if (length && count < 2)
+            (count == 0 ? x : y) = *length;
+        else if (!equalsIgnoringCase(word, "center"))
+            isUnderstood = isUnderstood && length;
+        ++count;
+    });
+    if (isUnderstood) {
+        style.originX = x;
+        style.originY = y;
+    }
+    return isUnderstood;
+}
+
 bool applyStrokeWidth(std::string_view text, Style& style) {
     const auto width = parseLength(text, style.fontSize);
     return width && width->value >= 0 && assign(style.strokeWidth, width);
@@ -149,6 +179,11 @@ template <FeatureSet features>
 void copyLeftOut(const Style& from, Style& to) {
     to.leftOut =
         static_cast<FeatureSet>((to.leftOut & ~unsigned{features}) | (from.leftOut & features));
+}
+
+void copyTransformOrigin(const Style& from, Style& to) {
+    copy<&Style::originX>(from, to);
+    copy<&Style::originY>(from, to);
 }
 
 void copyMarkers(const Style& from, Style& to) {
@@ -225,6 +260,7 @@ constexpr std::array<Property, kPropertyCount> kProperties{{
     {"text-decoration", textProperties::applyDecoration, copyText<&TextStyle::decorations>},
     {"text-decoration-line", textProperties::applyDecoration, copyText<&TextStyle::decorations>},
     {"transform", applyTransform, copy<&Style::transform>},
+    {"transform-origin", applyTransformOrigin, copyTransformOrigin},
     leftOut<feature::kFixedStrokeWidth>("vector-effect"),
     {"visibility", applyKeyword<&Style::isVisible, kVisibilities>, copy<&Style::isVisible>},
     {"white-space", textProperties::applyWhiteSpace, copyText<&TextStyle::keepsSpace>},

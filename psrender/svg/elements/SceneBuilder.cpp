@@ -21,6 +21,13 @@ constexpr double kPointsPerPixel = 0.75;
 constexpr double kLargestSide = 14400;
 constexpr std::size_t kDeepestNesting = 1000;
 
+/// The transform of an element, about its origin.
+Affine transformOf(const ComputedStyle& style, const Measures& measures) {
+    const double x = style.originX.resolve(measures, Axis::horizontal);
+    const double y = style.originY.resolve(measures, Axis::vertical);
+    return Affine::translation(x, y) * style.transform * Affine::translation(-x, -y);
+}
+
 void warnOfElement(ElementKind kind, Warnings& warnings) {
     if (kind == ElementKind::foreignObject)
         warnings.add("content that is not SVG is left out (<foreignObject>)");
@@ -37,8 +44,11 @@ void moveTo(const Rect& box, scene::Page& page) {
     page.height = box.height;
 }
 
+/// Leaves a page as it is that would become too thin to be one.
 void scaleDown(scene::Page& page, Warnings& warnings) {
     const double scale = kLargestSide / std::max(page.width, page.height);
+    if (std::min(page.width, page.height) * scale < 1)
+        return;
     scene::transform(page, Affine::scaling(scale, scale));
     page.width = std::min(page.width * scale, kLargestSide);
     page.height = std::min(page.height * scale, kLargestSide);
@@ -112,7 +122,7 @@ void SceneBuilder::draw(pugi::xml_node element, const Surroundings& around, cons
         return;
     warnOfLeftOut(style, kind, warnings_);
     Surroundings inside{style,
-                        around.toPage * style.transform,
+                        around.toPage * transformOf(style, around.measures),
                         around.measures,
                         around.depth + 1,
                         around.isReferred,

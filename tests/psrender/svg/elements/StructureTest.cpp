@@ -193,6 +193,19 @@ TEST(SvgMasks, OfOneBrightnessAreAnAreaWithAnOpacity) {
     EXPECT_THAT(uneven.warnings, ElementsAre(HasSubstr("more than one brightness")));
 }
 
+TEST(SvgTransforms, TurnAboutTheirOrigin) {
+    const auto turned = [](const std::string& origin) {
+        return drawn("<path d='M10 0h1' stroke='red' transform='rotate(180)' transform-origin='" +
+                     origin + "'/>")
+            .front();
+    };
+    for (const char* origin : {"10px 5", "10% 5%", "10 5 3px"})
+        EXPECT_THAT(turned(origin), HasSubstr("M10,10 L9,10")) << origin;
+    EXPECT_THAT(turned("bottom right"), HasSubstr("M190,200 L189,200"));
+    EXPECT_THAT(turned("center"), HasSubstr("M90,100 L89,100"));
+    EXPECT_THAT(turned("no"), HasSubstr("M-10,0 L-11,0"));
+}
+
 TEST(SvgPaintOrder, LaysStrokesAndMarkersBeneath) {
     const auto ordered = [](const std::string& order) {
         return drawn("<path d='M0 0H1V1' stroke='red' paint-order='" + order + "'/>");
