@@ -100,7 +100,7 @@ TEST_F(Psrender, NamesWhatIsWrongWithAnInput) {
         {".", ".: this is a folder"},
         {"empty.svg", "empty.svg: is empty"},
         {"/dev/zero", "/dev/zero: is larger than 256 MiB"},
-        {"huge.svg", "huge.svg: the page would be 14400 by"},
+        {"huge.svg", "huge.svg: the page would be 1.5e+09 by 6.75 points"},
         {"bad.svg", "bad.svg:1:"}};
     write("out.ps", "before");
     for (const auto& [input, sentence] : cases) {
