@@ -73,12 +73,32 @@ FontChooser::FontList& FontChooser::listFor(const TextStyle& style) {
     FontList& list = lists_[key];
     std::string_view families = style.families;
     const std::string_view first = takeFamily(families);
-    for (families = style.families; !trimmed(families).empty() && maySearch();)
-        addKnown(takeFamily(families), style, list);
+    bool isKnown = first.empty() || isGeneric(first);
+    for (families = style.families; !trimmed(families).empty() && maySearch();) {
+        const std::string_view family = takeFamily(families);
+        const std::size_t before = list.fonts.size();
+        addKnown(family, style, list);
+        isKnown = isKnown || (!isGeneric(family) && list.fonts.size() > before);
+    }
     for (const std::string_view family : {first, std::string_view("sans-serif")})
         if (list.fonts.empty())
             addPreferred(family, style, list);
+    if (!isKnown && !list.fonts.empty())
+        tellOfReplacement(first, list);
     return list;
+}
+
+/// A drawing may name any number of families, each of any length.
+void FontChooser::tellOfReplacement(std::string_view family, const FontList& list) {
+    constexpr std::size_t kMostNames = 20;
+    constexpr std::size_t kMostLetters = 60;
+    if (++replaced_ > kMostNames)
+        warnings_.add("more font families are not installed");
+    else
+        warnings_.add("the font family " + std::string(family.substr(0, kMostLetters)) +
+                      " is not installed; " +
+                      list.fonts.front()->program->getMetrics().familyName.toUtf8() +
+                      " stands in for it");
 }
 
 bool FontChooser::maySearch() {

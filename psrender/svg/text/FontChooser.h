@@ -40,7 +40,8 @@ struct ChosenFont {
 /// none is installed. Families that the standard fonts were made to the measure of are those.
 class FontChooser {
 public:
-    /// Families beyond those that it has time to look for are counted in `warnings`.
+    /// Families that are not there, and those that it has no time to look for, are counted in
+    /// `warnings`.
     explicit FontChooser(Warnings& warnings) : warnings_(warnings) {}
 
     /// Never null and valid as long as the chooser. A character that no font has gets the first
@@ -59,12 +60,15 @@ private:
     bool maySearch();
     static void addKnown(std::string_view family, const TextStyle& style, FontList& list);
     static void addPreferred(std::string_view family, const TextStyle& style, FontList& list);
+    /// Tells that none of the families asked for is there.
+    void tellOfReplacement(std::string_view family, const FontList& list);
     static const ChosenFont* search(FontList& list, char32_t character);
     static std::unique_ptr<const ChosenFont> substitute(const ChosenFont& wanted,
                                                         char32_t character);
 
     Warnings& warnings_;
     std::size_t searches_ = 0;
+    std::size_t replaced_ = 0;
     std::map<StyleKey, FontList> lists_;
 };
 

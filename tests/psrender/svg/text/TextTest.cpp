@@ -95,6 +95,20 @@ TEST(SvgText, HasLinesAlongIt) {
     EXPECT_THAT(text("text-decoration='line-through'", "a").at(1), HasSubstr("fill=#000000 M0,"));
 }
 
+TEST(SvgText, TellsOfFamiliesThatAreNotThere) {
+    const auto warningsOf = [](const std::string& families) {
+        return readBody("<text font-family='" + families + "'>a</text>").warnings;
+    };
+    for (const char* families :
+         {"Courier", "No Such Font, Courier", "serif", "serif, No Such Font"})
+        EXPECT_THAT(warningsOf(families), IsEmpty()) << families;
+    for (const char* families : {"No Such Font", "No Such Font, serif"})
+        EXPECT_THAT(warningsOf(families),
+                    ElementsAre(AllOf(HasSubstr("No Such Font is not installed"),
+                                      HasSubstr(" stands in for it"))))
+            << families;
+}
+
 TEST(SvgText, FollowsAPath) {
     const std::string path = "<path id='p' d='M0 50V0' fill='none'/>";
     const auto along = drawn(path +
