@@ -1,8 +1,8 @@
 #include "psrender/job/CommandLine.h"
 
-#include "psrender/image/ProfileConverter.h"
 #include "psrender/job/InputFile.h"
 #include "psrender/job/Message.h"
+#include "psrender/job/ProfileConverter.h"
 #include "psrender/svg/values/Color.h"
 
 #include <CLI/CLI.hpp>
@@ -238,7 +238,7 @@ public:
         if (!background_.empty())
             request_.frame.background = parseBackground(background_);
         if (!icc_.empty())
-            request_.settings.colors = image::converterTo(icc_);
+            request_.settings.colors = converterTo(icc_);
         else if (!colors_.empty())
             request_.settings.colors = Drawing::Print::ColorConverter::plain(*colorsNamed(colors_));
         request_.settings.embedStandardFonts = embedding_ == "all";

@@ -1,4 +1,4 @@
-#include "psrender/image/ProfileConverter.h"
+#include "psrender/job/ProfileConverter.h"
 
 #include <lcms2.h>
 
@@ -6,7 +6,7 @@
 #include <memory>
 #include <stdexcept>
 
-namespace psrender::image {
+namespace psrender {
 
 using Drawing::ColorSpaceType;
 using Drawing::Print::ColorConverter;
@@ -86,4 +86,4 @@ Core::SmartPtr<ColorConverter> converterTo(const std::string& profileFile) {
     return Core::makeObject<ProfileConverter>(device, profile);
 }
 
-}  // namespace psrender::image
+}  // namespace psrender
