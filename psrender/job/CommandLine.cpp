@@ -162,7 +162,7 @@ std::optional<scene::Color> parseBackground(const std::string& text) {
 /// Where a user's defaults stand; empty where there are none.
 std::string settingsFile() {
     const auto variable = [](const char* name) {
-        const char* value = std::getenv(name);
+        const char* value = ::secure_getenv(name);
         return std::filesystem::path(value == nullptr ? "" : value);
     };
     if (const auto named = variable("PSRENDER_CONFIG"); !named.empty())
