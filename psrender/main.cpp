@@ -23,12 +23,12 @@ int main(int argc, char** argv) {
         const auto asked = psrender::parseCommandLine(argc, argv);
         if (const auto* code = std::get_if<psrender::ExitCode>(&asked))
             return *code;
-        const auto& request = std::get<psrender::JobRequest>(asked);
-        Core::Log::setSink([&](const Core::String& text) {
-            if (!request.quiet)
+        const auto& [request, batch] = std::get<psrender::Asked>(asked);
+        Core::Log::setSink([quiet = request.quiet](const Core::String& text) {
+            if (!quiet)
                 psrender::tell("warning: " + text.toUtf8());
         });
-        return psrender::runJob(request);
+        return batch ? psrender::runBatch(request, *batch) : psrender::runJob(request);
     } catch (const Core::Exception& error) {
         return complain(error.getMessage());
     } catch (const std::bad_alloc&) {

@@ -9,6 +9,7 @@
 #include "psrender/job/Message.h"
 #include "psrender/job/OutputFile.h"
 #include "psrender/job/PageReader.h"
+#include "psrender/job/PdfFile.h"
 #include "psrender/job/Preview.h"
 #include "psrender/job/Progress.h"
 #include "psrender/paint/Painter.h"
@@ -59,13 +60,16 @@ public:
     explicit Job(const JobRequest& request)
         : request_(request),
           output_(outputOf(request)),
-          document_(Core::makeObject<Drawing::Print::PrintDocument>(output_.stream())),
+          interim_(makesPdf(request) ? std::make_optional<InterimFile>() : std::nullopt),
+          document_(Core::makeObject<Drawing::Print::PrintDocument>(
+              interim_ ? interim_->stream() : output_.stream(), settingsOf(request))),
           reader_(request.mostPixels, request.limits),
           planner_({request.mostDotsPerInch, request.opacity}),
           painter_(*document_),
           progress_(request.inputs.size(), !request.quiet && ::isatty(STDERR_FILENO) == 1) {}
 
     ExitCode run() {
+        describeDocument();
         document_->startDocument();
         if (request_.printing)
             document_->requestPrinting(*request_.printing);
@@ -75,14 +79,34 @@ public:
             throw std::runtime_error(
                 "no page is left: every input was skipped, nothing is written");
         document_->endDocument();
+        if (interim_)
+            writePdf(*interim_, output_.stream());
         output_.commit();
         progress_.clear();
         if (request_.previewPrefix)
             renderPreview(request_.output, *request_.previewPrefix, request_.previewResolution);
-        return skipped_ ? pagesSkipped : success;
+        if (skipped_)
+            return pagesSkipped;
+        return simplified_ && request_.strict ? simplified : success;
     }
 
 private:
+    static bool makesPdf(const JobRequest& request) { return request.format == OutputFormat::pdf; }
+
+    static Drawing::Print::PrintSettings settingsOf(const JobRequest& request) {
+        Drawing::Print::PrintSettings settings = request.settings;
+        if (request.format == OutputFormat::eps)
+            settings.form = Drawing::Print::FileForm::epsSheet;
+        return settings;
+    }
+
+    void describeDocument() {
+        if (!request_.title.empty())
+            document_->setProperty(u"title", request_.title);
+        if (!request_.author.empty())
+            document_->setProperty(u"author", request_.author);
+    }
+
     void addOrSkip(const std::string& input) {
         try {
             addPage(input);
@@ -134,6 +158,7 @@ private:
 
     void report(const std::string& name, const scene::Page& page, const Warnings& warnings,
                 Clock::duration time) {
+        simplified_ = simplified_ || !warnings.empty();
         if (!request_.quiet)
             for (const std::string& sentence : warnings.sentences())
                 say(std::string("warning: ").append(name).append(": ").append(sentence));
@@ -156,6 +181,7 @@ private:
 
     const JobRequest& request_;
     OutputFile output_;
+    std::optional<InterimFile> interim_;  ///< the PostScript that a PDF is made of
     Core::SmartPtr<Drawing::Print::PrintDocument> document_;
     PageReader reader_;
     plan::Planner planner_;
@@ -163,6 +189,7 @@ private:
     Progress progress_;
     int pages_ = 0;
     bool skipped_ = false;
+    bool simplified_ = false;
 };
 
 }  // namespace

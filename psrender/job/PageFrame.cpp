@@ -12,9 +12,16 @@ namespace {
 
 constexpr double kRounding = 0.1;  // points: nobody misses less
 
-PaperSize pageSize(const scene::Page& drawing, const PageFrame& frame) {
+struct Scale {
+    double x = 1;
+    double y = 1;
+};
+
+PaperSize pageSize(const PaperSize& drawing, const PageFrame& frame) {
+    const Margins& around = frame.margins;
     if (!frame.paper)
-        return {drawing.width + 2 * frame.margin, drawing.height + 2 * frame.margin};
+        return {drawing.width + around.left + around.right,
+                drawing.height + around.top + around.bottom};
     PaperSize size = *frame.paper;
     if (frame.landscape)
         std::swap(size.width, size.height);
@@ -33,14 +40,38 @@ void requirePossible(const PaperSize& size) {
     throw std::runtime_error(text.str());
 }
 
-double scaleOf(const scene::Page& drawing, const PaperSize& size, const PageFrame& frame) {
+/// What brings a drawing to the size that was asked for.
+Scale askedScale(const scene::Page& drawing, const PageFrame& frame) {
+    Scale scale{frame.scale, frame.scale};
+    if (frame.width)
+        scale.x = *frame.width / drawing.width;
+    if (frame.height)
+        scale.y = *frame.height / drawing.height;
+    if (!frame.width && frame.height)
+        scale.x = scale.y;
+    if (frame.width && !frame.height)
+        scale.y = scale.x;
+    if (frame.width && frame.height && frame.keepProportions)
+        scale.x = scale.y = std::min(scale.x, scale.y);
+    return scale;
+}
+
+/// What brings a drawing from the size that was asked for to its paper.
+double fittingScale(const PaperSize& drawing, const PaperSize& room, const PageFrame& frame) {
     if (!frame.fit)
         return 1;
-    const double width = size.width - 2 * frame.margin;
-    const double height = size.height - 2 * frame.margin;
-    if (width <= 0 || height <= 0)
+    if (room.width <= 0 || room.height <= 0)
         throw std::runtime_error("the margin leaves no room on the paper; make it smaller");
-    return std::min(width / drawing.width, height / drawing.height);
+    return std::min(room.width / drawing.width, room.height / drawing.height);
+}
+
+/// Under everything else, edge to edge.
+void paintBackground(scene::Page& page, const scene::Color& color) {
+    scene::Shape sheet;
+    sheet.outline = std::make_shared<const scene::Outline>(
+        scene::Outline::rectangle({0, 0, page.width, page.height}));
+    sheet.fill.source = color;
+    page.items.insert(page.items.begin(), std::move(sheet));
 }
 
 /// Around the drawing there may be paper now; nothing of it may show there.
@@ -53,25 +84,31 @@ void cutOff(scene::Page& page) {
 }  // namespace
 
 void frame(scene::Page& page, const PageFrame& frame, Warnings& warnings) {
-    const PaperSize size = pageSize(page, frame);
+    const Scale asked = askedScale(page, frame);
+    PaperSize drawing{page.width * asked.x, page.height * asked.y};
+    const PaperSize size = pageSize(drawing, frame);
     requirePossible(size);
-    const double scale = scaleOf(page, size, frame);
-    if (page.width * scale > size.width + kRounding ||
-        page.height * scale > size.height + kRounding)
+    const Margins& around = frame.margins;
+    const PaperSize room{size.width - around.left - around.right,
+                         size.height - around.top - around.bottom};
+    const double fitting = fittingScale(drawing, room, frame);
+    drawing = {drawing.width * fitting, drawing.height * fitting};
+    if (drawing.width > size.width + kRounding || drawing.height > size.height + kRounding)
         warnings.add("the drawing is larger than the paper and is cut off; --fit makes it smaller");
-    const scene::Affine map{scale,
+    const scene::Affine map{asked.x * fitting,
                             0,
                             0,
-                            scale,
-                            (size.width - page.width * scale) / 2,
-                            (size.height - page.height * scale) / 2};
-    if (page.width * scale < size.width - kRounding ||
-        page.height * scale < size.height - kRounding)
+                            asked.y * fitting,
+                            around.left + (room.width - drawing.width) / 2,
+                            around.top + (room.height - drawing.height) / 2};
+    if (drawing.width < size.width - kRounding || drawing.height < size.height - kRounding)
         cutOff(page);
     page.width = size.width;
     page.height = size.height;
     if (map != scene::Affine())
         scene::transform(page, map);
+    if (frame.background)
+        paintBackground(page, *frame.background);
 }
 
 }  // namespace psrender

@@ -8,13 +8,25 @@
 
 namespace psrender {
 
+/// Points on each side of a page.
+struct Margins {
+    double top = 0;
+    double right = 0;
+    double bottom = 0;
+    double left = 0;
+};
+
 /// How a drawing comes to lie on its page.
 struct PageFrame {
     std::optional<PaperSize> paper;  ///< else each page is as large as its drawing
     bool landscape = false;          ///< turns the paper
     bool fit = false;                ///< scales the drawing to the paper less the margin
-    /// Points on all sides. Without paper the page grows by it.
-    double margin = 0;
+    Margins margins;                 ///< without paper the page grows by them
+    double scale = 1;                ///< of the drawing, before all else
+    std::optional<double> width;     ///< points: the drawing is scaled to it,
+    std::optional<double> height;    ///< and in proportion where one of the two is given
+    bool keepProportions = false;    ///< where both are given: the largest that fits in them
+    std::optional<scene::Color> background;  ///< of the whole page
 };
 
 /// The size limits of a page in points: what interpreters and PDF readers take.

@@ -1,15 +1,8 @@
 #include "psrender/job/Preview.h"
 
-#include "psrender/job/ProcessState.h"
+#include "psrender/job/Ghostscript.h"
 
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <stdexcept>
-#include <vector>
 
 namespace psrender {
 
@@ -26,72 +19,15 @@ std::string outputPattern(const std::string& prefix) {
     return pattern + "-%d.png";
 }
 
-/// A child meets the signals as any program does, whatever is ignored here.
-class UsualSignals {
-public:
-    UsualSignals() {
-        sigset_t signals{};
-        sigemptyset(&signals);
-        for (const int signal : kWriteSignals)
-            sigaddset(&signals, signal);
-        posix_spawnattr_init(&attributes_);
-        posix_spawnattr_setsigdefault(&attributes_, &signals);
-        posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGDEF);
-    }
-    UsualSignals(const UsualSignals&) = delete;
-    UsualSignals& operator=(const UsualSignals&) = delete;
-    ~UsualSignals() { posix_spawnattr_destroy(&attributes_); }
-    [[nodiscard]] const posix_spawnattr_t* get() const { return &attributes_; }
-
-private:
-    posix_spawnattr_t attributes_{};
-};
-
-/// Sends what a child says to nowhere: the caller has a sentence of its own.
-class Silence {
-public:
-    Silence() {
-        posix_spawn_file_actions_init(&actions_);
-        posix_spawn_file_actions_addopen(&actions_, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-        posix_spawn_file_actions_adddup2(&actions_, STDOUT_FILENO, STDERR_FILENO);
-    }
-    Silence(const Silence&) = delete;
-    Silence& operator=(const Silence&) = delete;
-    ~Silence() { posix_spawn_file_actions_destroy(&actions_); }
-    [[nodiscard]] const posix_spawn_file_actions_t* get() const { return &actions_; }
-
-private:
-    posix_spawn_file_actions_t actions_{};
-};
-
-int runAndWait(std::vector<std::string> arguments) {
-    std::vector<char*> pointers;
-    pointers.reserve(arguments.size() + 1);
-    for (std::string& argument : arguments)
-        pointers.push_back(argument.data());
-    pointers.push_back(nullptr);
-    const Silence silence;
-    const UsualSignals signals;
-    pid_t child = 0;
-    if (::posix_spawnp(&child, pointers[0], silence.get(), signals.get(), pointers.data(),
-                       environ) != 0)
-        throw std::runtime_error(
-            "no preview: Ghostscript (gs) was not found; install it or leave out --preview");
-    int status = 0;
-    while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
-    }
-    return status;
-}
-
 }  // namespace
 
 void renderPreview(const std::string& document, const std::string& prefix, int dotsPerInch) {
     const std::string file = document.starts_with('/') ? document : "./" + document;
-    const int status =
-        runAndWait({"gs", "-q", "-dSAFER", "-dBATCH", "-dNOPAUSE", "-sDEVICE=png16m",
-                    "-r" + std::to_string(dotsPerInch), "-dTextAlphaBits=4",
-                    "-dGraphicsAlphaBits=4", "-sOutputFile=" + outputPattern(prefix), "-f", file});
-    if (status != 0)
+    const bool done = runGhostscript(
+        {"-sDEVICE=png16m", "-r" + std::to_string(dotsPerInch), "-dTextAlphaBits=4",
+         "-dGraphicsAlphaBits=4", "-sOutputFile=" + outputPattern(prefix), "-f", file},
+        "no preview", "leave out --preview");
+    if (!done)
         throw std::runtime_error("no preview: Ghostscript could not render " + document + " to " +
                                  prefix + "-1.png; check that the folder exists");
 }

@@ -60,11 +60,68 @@ TEST_F(Psrender, FitsDrawingsToPaper) {
 }
 
 TEST_F(Psrender, WorksInAPipeAndPassesPrintingOptions) {
-    ASSERT_EQ(0, run("- -o - --duplex --copies 2 --tray 3 --media-color 'a(b' <red.svg >out.ps"));
-    EXPECT_THAT(read("out.ps"), AllOf(HasSubstr("/Duplex true"), HasSubstr("/MediaPosition 3"),
-                                      HasSubstr("/MediaColor(a\\(b)"), HasSubstr("/NumCopies 2"),
-                                      Not(HasSubstr("/Jog"))));
+    ASSERT_EQ(
+        0, run("- -o - --duplex short --copies 2 --tray 3 --media-color 'a(b' <red.svg >out.ps"));
+    EXPECT_THAT(
+        read("out.ps"),
+        AllOf(HasSubstr("/Duplex true"), HasSubstr("/Tumble true"), HasSubstr("/MediaPosition 3"),
+              HasSubstr("/MediaColor(a\\(b)"), HasSubstr("/NumCopies 2"), Not(HasSubstr("/Jog"))));
     EXPECT_EQ("", interpret(read("out.ps")).messages);
+}
+
+TEST_F(Psrender, MakesTheKindOfFileThatTheSuffixSays) {
+    ASSERT_EQ(0, run("red.svg >out.ps")) << said;
+    EXPECT_EQ(40, interpret(read("out.ps")).pages.at(0).width) << "on standard output";
+    ASSERT_EQ(0, run("red.svg -o out.eps --title T")) << said;
+    EXPECT_THAT(read("out.eps"), AllOf(StartsWith("%!PS-Adobe-3.0 EPSF"), HasSubstr("%%Title: T")));
+    ASSERT_EQ(0, run("red.svg red.svg -o out.pdf")) << said;
+    EXPECT_THAT(read("out.pdf"), StartsWith("%PDF-"));
+    EXPECT_EQ(1, run("red.svg -o out.pdf", "PATH=/nowhere"));
+    EXPECT_THAT(said, HasSubstr("no PDF: Ghostscript (gs) was not found"));
+    EXPECT_THAT(read("out.pdf"), StartsWith("%PDF-")) << "the old one stays";
+}
+
+TEST_F(Psrender, SizesAndColorsPages) {
+    ASSERT_EQ(0, run("red.svg -o out.ps --width 80px --dpi 72 --background blue "
+                     "--margin 10pt,0pt,5pt,20pt --colors gray"))
+        << said;
+    const std::string text = read("out.ps");
+    const Picture page = interpret(text).pages.at(0);
+    EXPECT_EQ(100, page.width) << "80 and 20 on the left";
+    EXPECT_EQ(55, page.height) << "40 and 15";
+    const Picture::Pixel red = page.at(25, 15);
+    EXPECT_NEAR(red[0], red[1], 1) << "grey";
+    EXPECT_NE(red, page.at(10, 15)) << "the margin has the background";
+    EXPECT_NE((Picture::Pixel{255, 255, 255}), page.at(99, 54));
+    ASSERT_EQ(0, run("red.svg -o out.ps --paper b5-landscape"));
+    EXPECT_THAT(read("out.ps"), HasSubstr("%%HiResBoundingBox: 0 0 708.6614 498.8976"));
+    EXPECT_EQ(1, run("red.svg -o out.ps --icc red.svg"));
+    EXPECT_THAT(said, HasSubstr("is no colour profile"));
+}
+
+TEST_F(Psrender, MakesAFileADrawing) {
+    write("a.svg", kRed);
+    EXPECT_EQ(3, run("a.svg bad.svg red.svg --output-dir out --jobs 2"));
+    EXPECT_THAT(said, HasSubstr("1 of 3 drawings failed: bad.svg\n"));
+    EXPECT_EQ(40, interpret(read("out/a.ps")).pages.at(0).width);
+    write("out/a.ps", "kept");
+    EXPECT_EQ(0, run("a.svg red.svg --output-dir out --skip-existing")) << said;
+    EXPECT_EQ("kept", read("out/a.ps"));
+    EXPECT_FALSE(fs::exists(folder_ / "out/bad.ps"));
+    EXPECT_EQ(1, run("red.svg ./red.svg --output-dir out"));
+    EXPECT_THAT(said, HasSubstr("same output"));
+}
+
+TEST_F(Psrender, TakesDefaultsAndTellsOfSimplifications) {
+    write("conf", "paper = A5\n");
+    ASSERT_EQ(0, run("red.svg -o out.ps", "PSRENDER_CONFIG=conf")) << said;
+    EXPECT_THAT(read("out.ps"), HasSubstr("%%BoundingBox: 0 0 420 596"));
+    ASSERT_EQ(0, run("red.svg -o out.ps --paper 50x50pt", "PSRENDER_CONFIG=conf")) << said;
+    EXPECT_THAT(read("out.ps"), HasSubstr("%%BoundingBox: 0 0 50 50"));
+    write("conf", "papre = A5\n");
+    EXPECT_EQ(2, run("red.svg -o out.ps", "PSRENDER_CONFIG=conf"));
+    EXPECT_EQ(0, run("red.svg -o out.ps --strict")) << said;
+    EXPECT_EQ(4, run("red.svg -o out.ps --strict --paper 10x10pt"));
 }
 
 TEST_F(Psrender, RendersPreviews) {
@@ -79,7 +136,8 @@ TEST_F(Psrender, RendersPreviews) {
 
 TEST_F(Psrender, RefusesAWrongCommandLine) {
     for (const char* arguments :
-         {"", "red.svg", "-o out.ps", "red.svg -o out.ps --paper B9", "red.svg -o out.ps --fit",
+         {"", "red.svg -o out.png", "red.svg red.svg -o out.eps", "-o out.ps",
+          "red.svg -o out.ps --paper B99", "red.svg -o out.ps --fit",
           "red.svg -o out.ps --margin 3", "red.svg -o out.ps --copies 0", "- - -o out.ps",
           "red.svg -o out.ps --opacity 50%", "red.svg -o - --preview p",
           "red.svg -o out.ps --no-such-option"}) {
@@ -181,7 +239,7 @@ TEST_F(Psrender, WritesPipesAndNamesOfAnyBytes) {
 }
 
 TEST_F(Psrender, WarnsOfSlips) {
-    EXPECT_EQ(1, run("red.svg -o ./red.svg"));
+    EXPECT_EQ(1, run("red.svg -o ./red.svg --format ps"));
     EXPECT_THAT(said, HasSubstr("red.svg: would be replaced by the output"));
     EXPECT_EQ(kRed, read("red.svg"));
     EXPECT_EQ(0, run("red.svg -o out.ps --paper 30x30pt"));
