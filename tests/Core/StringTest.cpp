@@ -5,6 +5,8 @@
 #include "Core/Unicode.h"
 #include "tests/support/Raises.h"
 
+#include <gmock/gmock.h>
+
 #include <string>
 #include <vector>
 

@@ -151,8 +151,9 @@ Sample seenAt(const scene::ColorField& field, Point p) {
     };
     const auto [column, x] = spot(p.x, field.box.x, field.box.width, field.columns);
     const auto [row, y] = spot(p.y, field.box.y, field.box.height, field.rows);
+    const std::size_t first = row * field.columns + column;
     const auto at = [&](std::size_t dx, std::size_t dy) {
-        return field.colors[(row + dy) * field.columns + column + dx];
+        return field.colors[first + dy * field.columns + dx];
     };
     return sampleOf(scene::Color::mixed(scene::Color::mixed(at(0, 0), at(1, 0), x),
                                         scene::Color::mixed(at(0, 1), at(1, 1), x), y),
