@@ -4,12 +4,14 @@
 #include "psrender/svg/SvgReader.h"
 
 #include <cstdint>
+#include <tuple>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     psrender::Warnings warnings;
     try {
         const std::string_view text(reinterpret_cast<const char*>(data), size);
-        psrender::plan::Planner().plan(psrender::svg::readSvg(text, "fuzz", warnings), warnings);
+        std::ignore = psrender::plan::Planner().plan(psrender::svg::readSvg(text, "fuzz", warnings),
+                                                     warnings);
     } catch (const psrender::InputError&) {
         return 0;
     }
