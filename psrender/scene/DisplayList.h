@@ -3,6 +3,7 @@
 #include "Core/SmartPtr.h"
 #include "Drawing/Image.h"
 #include "psrender/scene/Color.h"
+#include "psrender/scene/Effects.h"
 #include "psrender/scene/Geometry.h"
 #include "psrender/scene/Outline.h"
 #include "psrender/scene/TextRun.h"
@@ -115,10 +116,11 @@ struct Clip {
 Clip rectangleClip(const Rect& rect, const Affine& toPage);
 
 /// Everything up to the matching `EndGroup` is shown as one picture with this opacity, within
-/// `clip` if there is one.
+/// `clip` if there is one. Effects come before both; most groups have none.
 struct BeginGroup {
     double opacity = 1;
     std::optional<Clip> clip{};
+    std::shared_ptr<const Effects> effects{};
 };
 struct EndGroup {};
 
