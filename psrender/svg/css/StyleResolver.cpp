@@ -3,6 +3,7 @@
 #include "psrender/base/Warnings.h"
 #include "psrender/svg/css/Properties.h"
 #include "psrender/svg/values/Characters.h"
+#include "psrender/svg/xml/ElementSite.h"
 #include "psrender/svg/xml/XmlWalk.h"
 
 #include <array>
@@ -24,6 +25,7 @@ StyleSheet readSheets(const XmlTree& tree, Warnings& warnings) {
         std::string text;
         for (const pugi::xml_node part : element.children())
             text += part.value();
+        const ElementSite site(tree, element, warnings);
         sheet.add(text, warnings);
     }
     return sheet;

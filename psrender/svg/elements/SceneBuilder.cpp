@@ -4,6 +4,7 @@
 #include "psrender/svg/css/LeftOut.h"
 #include "psrender/svg/elements/Viewport.h"
 #include "psrender/svg/xml/Conditions.h"
+#include "psrender/svg/xml/ElementSite.h"
 #include "psrender/svg/xml/XmlWalk.h"
 
 #include <algorithm>
@@ -118,6 +119,7 @@ void SceneBuilder::draw(pugi::xml_node element, const Surroundings& around, cons
     const ElementKind kind = elementKind(element.name());
     if ((!isShown(kind) && area == nullptr) || !conditionsHold(element))
         return;
+    const ElementSite site(tree_, element, warnings_);
     checkEffort(element, around);
     ComputedStyle style = styles_.resolve(element, around.style);
     if (around.isClip)
