@@ -15,12 +15,6 @@
 
 namespace psrender::svg {
 
-/// Properties that change the picture and that the reader leaves out, as bits of a set.
-using FeatureSet = std::uint16_t;
-namespace feature {
-constexpr FeatureSet kFixedStrokeWidth = 8;
-}  // namespace feature
-
 /// Shared between an element and what inherits it; never null entries. Null means solid.
 using DashList = std::shared_ptr<const std::vector<Length>>;
 
@@ -49,6 +43,8 @@ struct InheritedStyle {
     PaintOrder paintOrder{PaintLayer::fill, PaintLayer::stroke, PaintLayer::markers};
     bool isVisible = true;
     bool hasSmoothImages = true;
+    PaintValue contextFill;    ///< of what a marker or reference stands for
+    PaintValue contextStroke;  ///< likewise
     /// Ids of markers, empty for none.
     std::string_view markerStart;
     std::string_view markerMid;
@@ -66,6 +62,7 @@ struct OwnStyle {
     std::string_view filter;    ///< the operations, empty for none
     scene::BlendMode blendMode = scene::BlendMode::normal;
     bool isIsolated = false;
+    bool hasFixedStrokeWidth = false;  ///< whatever the transforms
     bool isDisplayed = true;
     bool overflows = false;  ///< what is outside of its viewport is shown
     scene::Affine transform;
@@ -81,9 +78,12 @@ struct OwnStyle {
 /// All properties of one element after cascade and inheritance. Paint references are views
 /// into the document.
 struct ComputedStyle : InheritedStyle, OwnStyle {
-    FeatureSet leftOut = 0;
-
     ComputedStyle() = default;
+    /// Makes fill and stroke the context for what is drawn in their place.
+    void makeContext();
+    /// Fill and stroke that are those of the context become what they are there.
+    void takeContextPaints();
+
     /// What a child of an element with the style `parent` begins with.
     static ComputedStyle childOf(const ComputedStyle& parent);
 

@@ -53,6 +53,8 @@ constexpr std::array kImageRenderings{
     Keyword<bool>{"high-quality", true},  Keyword<bool>{"optimizeQuality", true},
     Keyword<bool>{"pixelated", false},    Keyword<bool>{"crisp-edges", false},
     Keyword<bool>{"optimizeSpeed", false}};
+constexpr std::array kVectorEffects{Keyword<bool>{"none", false},
+                                    Keyword<bool>{"non-scaling-stroke", true}};
 constexpr std::array kIsolations{Keyword<bool>{"auto", false}, Keyword<bool>{"isolate", true}};
 constexpr std::array kLayers{Keyword<PaintLayer>{"fill", PaintLayer::fill},
                              Keyword<PaintLayer>{"stroke", PaintLayer::stroke},
@@ -190,23 +192,9 @@ bool applyDashes(std::string_view text, Style& style) {
     return true;
 }
 
-template <FeatureSet features>
-bool applyLeftOut(std::string_view text, Style& style) {
-    const bool isDefault = equalsIgnoringCase(text, "none") || equalsIgnoringCase(text, "normal");
-    const unsigned others = style.leftOut & ~unsigned{features};
-    style.leftOut = static_cast<FeatureSet>(isDefault ? others : others | features);
-    return true;
-}
-
 template <auto field>
 void copy(const Style& from, Style& to) {
     to.*field = from.*field;
-}
-
-template <FeatureSet features>
-void copyLeftOut(const Style& from, Style& to) {
-    to.leftOut =
-        static_cast<FeatureSet>((to.leftOut & ~unsigned{features}) | (from.leftOut & features));
 }
 
 void copyTransformOrigin(const Style& from, Style& to) {
@@ -237,11 +225,6 @@ struct Property {
     bool (*apply)(std::string_view text, Style& style);
     void (*copy)(const Style& from, Style& to);
 };
-
-template <FeatureSet features>
-constexpr Property leftOut(std::string_view name) {
-    return {name, applyLeftOut<features>, copyLeftOut<features>};
-}
 
 /// Sorted by name, for the search.
 constexpr std::array<Property, kPropertyCount> kProperties{{
@@ -292,7 +275,8 @@ constexpr std::array<Property, kPropertyCount> kProperties{{
     {"text-decoration-line", textProperties::applyDecoration, copyText<&TextStyle::decorations>},
     {"transform", applyTransform, copy<&Style::transform>},
     {"transform-origin", applyTransformOrigin, copyTransformOrigin},
-    leftOut<feature::kFixedStrokeWidth>("vector-effect"),
+    {"vector-effect", applyKeyword<&Style::hasFixedStrokeWidth, kVectorEffects>,
+     copy<&Style::hasFixedStrokeWidth>},
     {"visibility", applyKeyword<&Style::isVisible, kVisibilities>, copy<&Style::isVisible>},
     {"white-space", textProperties::applyWhiteSpace, copyText<&TextStyle::keepsSpace>},
     {"word-spacing", textProperties::applyWordSpacing, copyText<&TextStyle::wordSpacing>},
@@ -333,6 +317,24 @@ bool applyProperty(std::size_t property, std::string_view text, ComputedStyle& s
         return true;
     }
     return kProperties[property].apply(value, style);
+}
+
+void ComputedStyle::makeContext() {
+    const auto settled = [this](PaintValue value) {
+        if (value.plain.kind == PlainPaint::Kind::currentColor)
+            value.plain = {PlainPaint::Kind::color, color};
+        return value;
+    };
+    contextFill = settled(fill);
+    contextStroke = settled(stroke);
+}
+
+void ComputedStyle::takeContextPaints() {
+    for (PaintValue* paint : {&fill, &stroke})
+        if (paint->plain.kind == PlainPaint::Kind::contextFill)
+            *paint = contextFill;
+        else if (paint->plain.kind == PlainPaint::Kind::contextStroke)
+            *paint = contextStroke;
 }
 
 ComputedStyle ComputedStyle::childOf(const ComputedStyle& parent) {

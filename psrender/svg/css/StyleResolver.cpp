@@ -100,6 +100,7 @@ ComputedStyle StyleResolver::resolve(pugi::xml_node element, const ComputedStyle
         addStyleAttribute(styleAttribute, cascade);
     ComputedStyle style = ComputedStyle::childOf(parent);
     cascade.applyTo(style, parent, warnings_);
+    style.takeContextPaints();
     return style;
 }
 

@@ -1,5 +1,6 @@
 #include "psrender/svg/elements/ImageReader.h"
 
+#include "psrender/base/InputError.h"
 #include "psrender/base/Warnings.h"
 #include "psrender/image/DerivedImages.h"
 #include "psrender/image/ImageError.h"
@@ -28,6 +29,8 @@ struct Interval {
     double begin;
     double end;
 };
+
+constexpr double kPixelsPerPoint = 4.0 / 3;
 
 /// What of 0 to `side` lies in the area, in whole pixels, but at least one.
 Interval visiblePixels(double begin, double end, double side) {
@@ -92,10 +95,53 @@ const UprightImage* ImageReader::find(std::string_view address, pugi::xml_node e
     }
 }
 
+/// A drawing is placed like an image of its size.
+void ImageReader::drawDrawing(const std::string& text, pugi::xml_node element,
+                              const Surroundings& inside) {
+    const Drawing* drawing = drawingOf(text);
+    if (drawing == nullptr)
+        return;
+    UprightImage shown;
+    shown.width = drawing->width * kPixelsPerPoint;
+    shown.height = drawing->height * kPixelsPerPoint;
+    const Rect area = imageArea(LengthReader(element, inside.measures, warnings_), shown);
+    if (area.width <= 0 || area.height <= 0)
+        return;
+    const Affine toArea = fitViewBox({0, 0, drawing->width, drawing->height}, area,
+                                     element.attribute("preserveAspectRatio").value());
+    const auto seen = Rect{0, 0, drawing->width, drawing->height}.mapped(toArea).common(area);
+    if (!seen || !canvas_.canShow(inside.toPage * toArea))
+        return;
+    canvas_.items().group(1, scene::rectangleClip(*seen, inside.toPage),
+                          [&] { canvas_.place(drawing->symbol, inside.toPage * toArea, element); });
+}
+
+/// Null for what cannot be read.
+const ImageReader::Drawing* ImageReader::drawingOf(const std::string& text) {
+    const auto [entry, isNew] = drawings_.try_emplace(&text);
+    if (isNew) {
+        try {
+            scene::Page page = readDrawing_(text);
+            const PageItems::Size size{page.items.size(), 0};
+            entry->second = Drawing{
+                {std::make_shared<const scene::ItemList>(scene::ItemList{page.items}), size, 0},
+                page.width,
+                page.height};
+        } catch (const InputError& error) {
+            warnings_.add(std::string("left out (<image>): ") + error.what());
+        }
+    }
+    return entry->second ? &*entry->second : nullptr;
+}
+
 void ImageReader::draw(pugi::xml_node element, const Surroundings& inside) {
     const std::string_view address = trimmed(hrefOf(element));
     if (!inside.style.isVisible || address.empty() || !canvas_.canShow(inside.toPage))
         return;
+    if (const std::string* drawing = links_.findDrawing(address)) {
+        drawDrawing(*drawing, element, inside);
+        return;
+    }
     const UprightImage* image = find(address, element);
     if (image == nullptr)
         return;

@@ -123,7 +123,11 @@ void MarkerReader::drawMarker(pugi::xml_node marker, const MarkerVertex& vertex,
 /// path.
 const Symbol& MarkerReader::symbolOf(pugi::xml_node marker, const Surroundings& inside) {
     const Rect box = boxOf(marker, sizeOf(marker, inside.measures, warnings_));
-    const ComputedStyle style = styles_.resolveInPlace(marker);
+    ComputedStyle style = styles_.resolveInPlace(marker);
+    ComputedStyle context = inside.style;
+    context.makeContext();
+    style.contextFill = context.contextFill;
+    style.contextStroke = context.contextStroke;
     const Measures measures{box.width, box.height, style.fontSize};
     return references_.symbolOf(marker, {style, measures, box}, [&] {
         canvas_.items().group(

@@ -1,7 +1,7 @@
 #include "psrender/svg/elements/SceneBuilder.h"
 
+#include "psrender/base/InputError.h"
 #include "psrender/base/Warnings.h"
-#include "psrender/svg/css/LeftOut.h"
 #include "psrender/svg/elements/Viewport.h"
 #include "psrender/svg/xml/Conditions.h"
 #include "psrender/svg/xml/ElementSite.h"
@@ -21,6 +21,7 @@ constexpr double kPointsPerPixel = 0.75;
 /// In points; what page description languages take at most.
 constexpr double kLargestSide = 14400;
 constexpr std::size_t kDeepestNesting = 1000;
+constexpr std::size_t kDeepestDrawing = 4;
 
 /// The transform of an element, about its origin.
 Affine transformOf(const ComputedStyle& style, const Measures& measures) {
@@ -68,14 +69,17 @@ void makeSilhouette(ComputedStyle& style) {
     style.filter = {};
     style.blendMode = scene::BlendMode::normal;
     style.isIsolated = false;
-    style.leftOut = 0;
+    style.hasFixedStrokeWidth = false;
 }
 
 }  // namespace
 
 SceneBuilder::SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warnings& warnings,
-                           const ReadingLimits& limits)
+                           const ReadingLimits& limits, std::size_t depth)
     : tree_(tree),
+      access_(images),
+      limits_(limits),
+      depth_(depth),
       warnings_(warnings),
       styles_(tree, warnings),
       paints_(tree, styles_, warnings,
@@ -93,9 +97,10 @@ SceneBuilder::SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warni
       filters_(tree, canvas_.items(), warnings),
       markers_(tree, styles_, canvas_, references_, *this, warnings),
       patterns_(tree, styles_, references_, *this, warnings),
-      images_(tree, canvas_, links_, warnings),
+      images_(tree, canvas_, links_, warnings,
+              [this](const std::string& text) { return readWithin(text); }),
       texts_(tree, styles_, outlines_, shapePaints_, canvas_, warnings),
-      shapes_(outlines_, shapePaints_, markers_, canvas_) {}
+      shapes_(outlines_, shapePaints_, markers_, canvas_, warnings) {}
 
 scene::Page SceneBuilder::build() {
     const pugi::xml_node root = tree_.root();
@@ -126,7 +131,6 @@ void SceneBuilder::draw(pugi::xml_node element, const Surroundings& around, cons
         makeSilhouette(style);
     if (!style.isDisplayed || style.opacity <= 0)
         return;
-    warnOfLeftOut(style, kind, warnings_);
     Surroundings inside{style,
                         around.toPage * transformOf(style, around.measures),
                         around.measures,
@@ -231,6 +235,15 @@ void SceneBuilder::drawViewport(pugi::xml_node element, const Rect& area,
     else
         canvas_.items().group(1, scene::rectangleClip(area, inside.toPage),
                               [&] { drawChildren(element, within); });
+}
+
+/// A drawing within this one, which links to no files.
+scene::Page SceneBuilder::readWithin(const std::string& text) {
+    const std::string name = "an embedded drawing";
+    if (depth_ >= kDeepestDrawing)
+        throw InputError({name}, "is within too many others; place its elements instead");
+    const XmlTree tree(text, name, limits_);
+    return SceneBuilder(tree, {access_.store, {}}, warnings_, limits_, depth_ + 1).build();
 }
 
 void SceneBuilder::checkEffort(pugi::xml_node element, const Surroundings& around) {

@@ -29,7 +29,7 @@ class SceneBuilder : private ElementWalker {
 public:
     /// Tree and warnings must outlive the builder.
     SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warnings& warnings,
-                 const ReadingLimits& limits);
+                 const ReadingLimits& limits, std::size_t depth = 0);
 
     /// To be called once. Throws `InputError`.
     scene::Page build();
@@ -38,6 +38,7 @@ private:
     void draw(pugi::xml_node element, const Surroundings& around, const scene::Rect* area) override;
     void drawChildren(pugi::xml_node element, const Surroundings& inside) override;
 
+    scene::Page readWithin(const std::string& text);
     void drawBlended(const Surroundings& inside, const std::function<void()>& draw);
     void drawContent(ElementKind kind, pugi::xml_node element, const Surroundings& inside,
                      const scene::Rect* area);
@@ -46,6 +47,9 @@ private:
     void checkEffort(pugi::xml_node element, const Surroundings& around);
 
     const XmlTree& tree_;
+    ImageAccess access_;
+    ReadingLimits limits_;
+    std::size_t depth_;  ///< of drawings within drawings
     Warnings& warnings_;
     StyleResolver styles_;
     PaintResolver paints_;

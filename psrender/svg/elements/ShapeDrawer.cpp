@@ -1,5 +1,6 @@
 #include "psrender/svg/elements/ShapeDrawer.h"
 
+#include "psrender/base/Warnings.h"
 #include "psrender/scene/OutlineBox.h"
 #include "psrender/svg/elements/Canvas.h"
 #include "psrender/svg/elements/MarkerReader.h"
@@ -7,6 +8,7 @@
 #include "psrender/svg/path/ShapeReader.h"
 
 #include <algorithm>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -28,6 +30,23 @@ std::optional<scene::Rect> boxFor(const ComputedStyle& style, const scene::Outli
 
 }  // namespace
 
+/// The outline moves to the page, where a unit of the stroke is a pixel.
+void ShapeDrawer::fixStrokeWidth(scene::Shape& shape, const Surroundings& inside) {
+    if (!isPainted(shape.stroke))
+        return;
+    if (inside.isReferred) {
+        warnings_.add("lines of referenced shapes are scaled with them (vector-effect)");
+        return;
+    }
+    constexpr double kPointsPerPixel = 0.75;
+    const scene::Affine toPixels =
+        scene::Affine::scaling(1 / kPointsPerPixel, 1 / kPointsPerPixel) * shape.transform;
+    shape.outline = std::make_shared<const scene::Outline>(shape.outline->transformed(toPixels));
+    shape.fill = scene::moved(shape.fill, toPixels);
+    shape.stroke = scene::moved(shape.stroke, toPixels);
+    shape.transform = scene::Affine::scaling(kPointsPerPixel, kPointsPerPixel);
+}
+
 void ShapeDrawer::draw(ElementKind kind, pugi::xml_node element, const Surroundings& inside) {
     const ComputedStyle& style = inside.style;
     if (!style.isVisible || !canvas_.canShow(inside.toPage))
@@ -42,6 +61,8 @@ void ShapeDrawer::draw(ElementKind kind, pugi::xml_node element, const Surroundi
         paints_.resolve(style, {boxFor(style, *outline), inside.measures, inside.depth});
     shape.transform = inside.toPage;
     shape.outline = outline;
+    if (style.hasFixedStrokeWidth)
+        fixStrokeWidth(shape, inside);
     const auto drawLayer = [&](PaintLayer layer) {
         if (layer == PaintLayer::fill)
             canvas_.add(shape.onlyFill(), element);

@@ -5,6 +5,10 @@
 
 #include <pugixml.hpp>
 
+namespace psrender {
+class Warnings;
+}
+
 namespace psrender::svg {
 
 class Canvas;
@@ -17,16 +21,24 @@ class ShapeReader;
 class ShapeDrawer {
 public:
     /// All must outlive the drawer.
-    ShapeDrawer(ShapeReader& shapes, ShapePaints& paints, MarkerReader& markers, Canvas& canvas)
-        : shapes_(shapes), paints_(paints), markers_(markers), canvas_(canvas) {}
+    ShapeDrawer(ShapeReader& shapes, ShapePaints& paints, MarkerReader& markers, Canvas& canvas,
+                Warnings& warnings)
+        : shapes_(shapes),
+          paints_(paints),
+          markers_(markers),
+          canvas_(canvas),
+          warnings_(warnings) {}
 
     void draw(ElementKind kind, pugi::xml_node element, const Surroundings& inside);
 
 private:
+    void fixStrokeWidth(scene::Shape& shape, const Surroundings& inside);
+
     ShapeReader& shapes_;
     ShapePaints& paints_;
     MarkerReader& markers_;
     Canvas& canvas_;
+    Warnings& warnings_;
 };
 
 }  // namespace psrender::svg

@@ -32,10 +32,11 @@ void UseReader::draw(pugi::xml_node use, const Surroundings& inside) {
         return;
     }
     const LengthReader lengths(use, inside.measures, warnings_);
-    Surroundings around = inside;
-    around.isReferred = true;
-    around.toPage = inside.toPage * Affine::translation(lengths.get("x", Axis::horizontal),
-                                                        lengths.get("y", Axis::vertical));
+    ComputedStyle style = inside.style;
+    style.makeContext();
+    const Affine toPage = inside.toPage * Affine::translation(lengths.get("x", Axis::horizontal),
+                                                              lengths.get("y", Axis::vertical));
+    const Surroundings around{style, toPage, inside.measures, inside.depth, true, inside.isClip};
     open_.push_back(use);
     references_.drawWithin(target, [&] { drawTarget(use, target, around); });
     open_.pop_back();

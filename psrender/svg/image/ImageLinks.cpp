@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <system_error>
 #include <utility>
 
@@ -23,6 +24,7 @@ namespace {
 /// So many times the largest image may all images of a drawing together be.
 constexpr std::uint64_t kLargestSum = 10;
 constexpr std::size_t kLongestName = 100;
+constexpr std::size_t kLargestDrawing = 32'000'000;
 
 /// A name as messages show it, which is of bounded length.
 std::string shortened(std::string_view name) {
@@ -36,10 +38,13 @@ bool isAddress(std::string_view text) {
     return end != std::string_view::npos && end > 0 && text[end] == ':';
 }
 
-bool looksLikeSvg(std::string_view bytes) {
+bool startsLikeXml(std::string_view bytes) {
     const std::string_view start = trimmed(bytes.substr(0, 1000));
-    return start.starts_with("<") || start.starts_with("\xEF\xBB\xBF<") ||
-           start.starts_with("\x1F\x8B");
+    return start.starts_with("<") || start.starts_with("\xEF\xBB\xBF<");
+}
+
+bool looksLikeSvg(std::string_view bytes) {
+    return startsLikeXml(bytes) || bytes.starts_with("\x1F\x8B");
 }
 
 /// The file system may say that there is nothing, but it must say something.
@@ -87,13 +92,40 @@ const UprightImage* ImageLinks::load(std::string_view address) {
         if (!bytes)
             throw ImageError("has a damaged data address; embed it anew");
         if (looksLikeSvg(*bytes))
-            throw ImageError("is a drawing itself; place its elements instead");
+            throw ImageError("is a compressed drawing; embed it as it is");
         return &access_.store->fromBytes(*bytes, name);
     } catch (const ImageError& error) {
         warnings_.add("left out (<image>): " + name + " " + error.what());
         return nullptr;
     } catch (const ImageLost& error) {
         throw ImageLost(name + " " + error.what());
+    }
+}
+
+const std::string* ImageLinks::findDrawing(std::string_view address) {
+    const auto [entry, isNew] = drawings_.try_emplace(address);
+    if (isNew)
+        entry->second = loadDrawing(address);
+    return entry->second ? &*entry->second : nullptr;
+}
+
+/// What cannot be read is no drawing, so it is told of as an image.
+std::optional<std::string> ImageLinks::loadDrawing(std::string_view address) {
+    if (equalsIgnoringCase(address.substr(0, 5), "data:")) {
+        auto bytes = decodeDataUri(address);
+        return bytes && startsLikeXml(*bytes) ? std::move(bytes) : std::nullopt;
+    }
+    const std::string name = percentDecoded(address.substr(0, address.find_first_of("?#")));
+    if (isAddress(address) || access_.store == nullptr || !name.ends_with(".svg"))
+        return std::nullopt;
+    try {
+        std::ifstream file(pathOf(name), std::ios::binary);
+        std::string text(kLargestDrawing, '\0');
+        file.read(text.data(), kLargestDrawing);
+        text.resize(static_cast<std::size_t>(file.gcount()));
+        return startsLikeXml(text) && file.eof() ? std::optional(std::move(text)) : std::nullopt;
+    } catch (const ImageError&) {
+        return std::nullopt;
     }
 }
 

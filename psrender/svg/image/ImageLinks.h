@@ -3,6 +3,7 @@
 #include "psrender/image/ImageStore.h"
 #include "psrender/svg/image/ImageAccess.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -23,7 +24,12 @@ public:
     /// outlive the links. Throws `image::ImageLost`, whose `what()` is a sentence here.
     const image::UprightImage* find(std::string_view address);
 
+    /// The text of a drawing that is linked to, or null if it is no drawing. The same holds for it
+    /// as for images.
+    const std::string* findDrawing(std::string_view address);
+
 private:
+    std::optional<std::string> loadDrawing(std::string_view address);
     const image::UprightImage* load(std::string_view address);
     const image::UprightImage& loadFile(std::string_view address);
     [[nodiscard]] std::string pathOf(const std::string& name) const;
@@ -31,6 +37,7 @@ private:
     ImageAccess access_;
     Warnings& warnings_;
     std::unordered_map<std::string_view, const image::UprightImage*> known_;
+    std::unordered_map<std::string_view, std::optional<std::string>> drawings_;
     std::uint64_t mostPixels_;  ///< that the store may have decoded in the end
 };
 

@@ -52,6 +52,10 @@ std::optional<PlainPaint> parsePlainPaint(std::string_view text) {
         return PlainPaint{};
     if (equalsIgnoringCase(value, "currentColor"))
         return PlainPaint{PlainPaint::Kind::currentColor, {}};
+    if (equalsIgnoringCase(value, "context-fill"))
+        return PlainPaint{PlainPaint::Kind::contextFill, {}};
+    if (equalsIgnoringCase(value, "context-stroke"))
+        return PlainPaint{PlainPaint::Kind::contextStroke, {}};
     const std::optional<Rgba> color = parseColor(value);
     return color ? std::optional(PlainPaint{PlainPaint::Kind::color, *color}) : std::nullopt;
 }

@@ -10,7 +10,7 @@ namespace psrender::svg {
 
 /// A paint that refers to nothing in the document.
 struct PlainPaint {
-    enum class Kind : std::uint8_t { none, color, currentColor };
+    enum class Kind : std::uint8_t { none, color, currentColor, contextFill, contextStroke };
 
     Kind kind = Kind::none;
     Rgba color;

@@ -129,6 +129,23 @@ TEST(SvgImages, AreSmoothUnlessTheyAreToBePixelated) {
     EXPECT_FALSE(isSmooth("transform='scale(.01)'")) << "as fine as print";
 }
 
+TEST(SvgImages, MayBeDrawings) {
+    const auto drawing = [](const std::string& body) {
+        return "<image x='20' width='40' height='40' href='data:image/svg+xml," +
+               escaped("<svg xmlns='http://www.w3.org/2000/svg' width='20' height='10'>" + body +
+                       "</svg>") +
+               "'/>";
+    };
+    EXPECT_THAT(seen(drawing("<style>rect{fill:red}</style><rect y='-9' width='10' height='29'/>")),
+                ElementsAre("wwwwwwww", "wwrrwwww", "wwrrwwww", "wwwwwwww"));
+    EXPECT_THAT(seen(drawing("<rect")),
+                ElementsAre("wwwwwwww", "wwwwwwww", "wwwwwwww", "wwwwwwww"));
+    std::string nested = "<rect width='20' height='10'/>";
+    for (int i = 0; i < 6; ++i)
+        nested = drawing(nested);
+    EXPECT_EQ("wwwwwwww", seen(nested).at(2)) << "too deep";
+}
+
 TEST(DataUris, AreDecodedInBothForms) {
     EXPECT_EQ("a b%2", decodeDataUri("data:,a%20b%2"));
     EXPECT_EQ("Man", decodeDataUri("data:image/png;base64,TWFu"));

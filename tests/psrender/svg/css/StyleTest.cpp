@@ -1,3 +1,4 @@
+#include "tests/psrender/Spots.h"
 #include "tests/psrender/svg/Drawings.h"
 
 #include <gmock/gmock.h>
@@ -5,6 +6,7 @@
 namespace psrender::svg {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -185,12 +187,34 @@ TEST(SvgStyle, TransformPropertyWorksLikeTheAttribute) {
 }
 
 TEST(SvgStyle, CountsWhatItLeavesOut) {
-    const Reading reading = readBody(
-        "<g clip-path='url(#no)' filter='none'>" + rect + "</g><g style='filter:url(#f)'>" + rect +
-        "<line vector-effect='non-scaling-stroke' filter='melt(2)'/></g>");
+    const Reading reading =
+        readBody("<g clip-path='url(#no)' filter='none'>" + rect +
+                 "</g><g style='filter:url(#f)'>" + rect + "<line filter='melt(2)'/></g>");
     EXPECT_THAT(reading.warnings, ElementsAre(HasSubstr("filters that SVG does not know"),
-                                              HasSubstr("filters that are not there"),
-                                              HasSubstr("lines are scaled")));
+                                              HasSubstr("filters that are not there")));
+}
+
+TEST(SvgStyle, KeepsTheWidthOfLinesInPixels) {
+    const std::string line = "<path fill='none' stroke='red' stroke-width='4' d='M0 0H1' ";
+    const std::string kept = "vector-effect='non-scaling-stroke'/>";
+    EXPECT_THAT(drawn("<g transform='scale(8 2)'>" + line + kept + "</g>"),
+                ElementsAre("fill=none stroke=#ff0000 width=4 M0,0 L8,0"));
+    const Reading referred = readBody("<g id='g'>" + line + kept + "</g><use href='#g'/>");
+    EXPECT_THAT(referred.warnings, ElementsAre(HasSubstr("lines of referenced shapes")));
+}
+
+TEST(SvgStyle, TakesPaintsFromItsContext) {
+    const std::string symbol =
+        "<symbol id='s' overflow='visible'><path d='M0 0H1V1' fill='context-stroke' "
+        "stroke='context-fill'/></symbol>";
+    EXPECT_THAT(drawn(symbol + "<use href='#s' fill='red' stroke='currentColor' color='blue'/>"),
+                Contains(HasSubstr("fill=#0000ff stroke=#ff0000")));
+    tests::expectSpots(
+        "<marker id='m' markerWidth='20' markerHeight='20'><rect width='20' height='20' "
+        "fill='context-stroke'/></marker><path d='M10 10H50' stroke='red' marker-end='url(#m)'/>",
+        {{60, 20, true}, {75, 20, false}});
+    EXPECT_THAT(drawn("<path d='M0 0H1V1' fill='context-fill' stroke='red'/>"),
+                ElementsAre(HasSubstr("fill=none")));
 }
 
 }  // namespace
