@@ -31,6 +31,8 @@ public:
     [[nodiscard]] std::uint32_t getGlyphCount() const;
     /// Whether the font's licence bits let a document carry only some of its glyphs.
     [[nodiscard]] bool isSubsettable() const;
+    /// Whether it has axes, such as weight, along which its outlines change.
+    [[nodiscard]] bool isVariable() const;
     /// Of its coordinates: outlines are exact in these units.
     [[nodiscard]] std::uint32_t getUnitsPerEm() const;
 
