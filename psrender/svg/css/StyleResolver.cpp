@@ -2,6 +2,7 @@
 
 #include "psrender/base/Warnings.h"
 #include "psrender/svg/css/Properties.h"
+#include "psrender/svg/css/TextProperties.h"
 #include "psrender/svg/values/Characters.h"
 #include "psrender/svg/xml/XmlWalk.h"
 
@@ -98,6 +99,7 @@ ComputedStyle StyleResolver::resolve(pugi::xml_node element, const ComputedStyle
         addStyleAttribute(styleAttribute, cascade);
     ComputedStyle style = ComputedStyle::childOf(parent);
     cascade.applyTo(style, parent, warnings_);
+    textProperties::collectDecorations(style);
     return style;
 }
 

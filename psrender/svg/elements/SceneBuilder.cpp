@@ -89,7 +89,7 @@ SceneBuilder::SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warni
       markers_(tree, styles_, canvas_, references_, *this, warnings),
       patterns_(tree, styles_, references_, *this, warnings),
       images_(tree, canvas_, links_, warnings),
-      texts_(tree, styles_, outlines_, shapePaints_, canvas_, warnings),
+      texts_(tree, styles_, outlines_, shapePaints_, links_, canvas_, warnings),
       shapes_(outlines_, shapePaints_, markers_, canvas_) {}
 
 scene::Page SceneBuilder::build() {

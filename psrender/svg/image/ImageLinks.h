@@ -23,10 +23,13 @@ public:
     /// outlive the links. Throws `image::ImageLost`, whose `what()` is a sentence here.
     const image::UprightImage* find(std::string_view address);
 
+    /// Where the file of this name beside the drawing lies. Throws `image::ImageError` for one that
+    /// is not there or lies elsewhere, and `image::ImageLost`.
+    [[nodiscard]] std::string pathOf(const std::string& name) const;
+
 private:
     const image::UprightImage* load(std::string_view address);
     const image::UprightImage& loadFile(std::string_view address);
-    [[nodiscard]] std::string pathOf(const std::string& name) const;
 
     ImageAccess access_;
     Warnings& warnings_;
