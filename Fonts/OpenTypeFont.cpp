@@ -2,6 +2,7 @@
 
 #include "Fonts/internal/Characters.h"
 #include "Fonts/internal/EmbeddingRights.h"
+#include "Fonts/internal/OpenTypeColors.h"
 #include "Fonts/internal/OpenTypeFace.h"
 #include "Fonts/internal/OpenTypeOutline.h"
 #include "Fonts/internal/Sfnt.h"
@@ -82,6 +83,15 @@ bool OpenTypeFont::isSubsettable() const {
 
 bool OpenTypeFont::isVariable() const {
     return face_->directory.has(Sfnt::kFvar);
+}
+
+bool OpenTypeFont::hasColors() const {
+    const SfntDirectory& directory = face_->directory;
+    return directory.has(Sfnt::kColr) || directory.has(Sfnt::kCbdt) || directory.has(Sfnt::kSbix);
+}
+
+GlyphColors OpenTypeFont::getColors(GlyphId glyph) const {
+    return openTypeColors(face_->font.get(), glyph, face_->unit);
 }
 
 std::uint32_t OpenTypeFont::getUnitsPerEm() const {

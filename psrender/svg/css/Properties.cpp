@@ -258,6 +258,7 @@ constexpr std::array<Property, kPropertyCount> kProperties{{
     {"glyph-orientation-vertical", textProperties::applyOrientation,
      copyText<&TextStyle::orientation>},
     {"letter-spacing", textProperties::applyLetterSpacing, copyText<&TextStyle::letterSpacing>},
+    {"line-height", textProperties::applyLineHeight, copyText<&TextStyle::lineHeight>},
     {"marker", applyMarkers, copyMarkers},
     {"marker-end", applyReference<&Style::markerEnd>, copy<&Style::markerEnd>},
     {"marker-mid", applyReference<&Style::markerMid>, copy<&Style::markerMid>},

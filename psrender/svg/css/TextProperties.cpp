@@ -157,6 +157,23 @@ bool applyOrientation(std::string_view text, ComputedStyle& style) {
     return assign(style.text.orientation, lookUp(kOrientations, text));
 }
 
+bool applyLineHeight(std::string_view text, ComputedStyle& style) {
+    double& height = style.text.lineHeight;
+    if (equalsIgnoringCase(text, "normal")) {
+        height = TextStyle().lineHeight;
+        return true;
+    }
+    const auto length = parseLength(text, style.fontSize);
+    if (!length || length->value < 0)
+        return false;
+    const bool isFactor = length->isShare || isDigit(text.back()) || text.back() == '.';
+    if (isFactor)
+        height = length->value;
+    else if (style.fontSize > 0)
+        height = length->value / style.fontSize;
+    return true;
+}
+
 bool applyWhiteSpace(std::string_view text, ComputedStyle& style) {
     return assign(style.text.keepsSpace, lookUp(kSpaces, text));
 }

@@ -36,6 +36,7 @@ bool applyDecorationColor(std::string_view text, ComputedStyle& style);
 bool applyDecorationShape(std::string_view text, ComputedStyle& style);
 bool applyDirection(std::string_view text, ComputedStyle& style);
 bool applyOrientation(std::string_view text, ComputedStyle& style);
+bool applyLineHeight(std::string_view text, ComputedStyle& style);
 bool applyWhiteSpace(std::string_view text, ComputedStyle& style);
 bool applyWritingMode(std::string_view text, ComputedStyle& style);
 bool applyLetterSpacing(std::string_view text, ComputedStyle& style);

@@ -56,6 +56,7 @@ struct TextStyle {
     Drawing::FontSlant slant = Drawing::FontSlant::upright;
     std::string_view features;    ///< of the font, as a style sheet lists them
     std::string_view variations;  ///< places on the axes of a variable font, listed the same way
+    double lineHeight = 1.25;     ///< of text that flows, in ems
     Length letterSpacing;
     Length wordSpacing;
     TextAnchor anchor = TextAnchor::start;

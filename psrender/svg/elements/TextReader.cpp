@@ -1,10 +1,12 @@
 #include "psrender/svg/elements/TextReader.h"
 
 #include "psrender/base/Warnings.h"
+#include "psrender/scene/OutlineBox.h"
 #include "psrender/svg/css/StyleResolver.h"
 #include "psrender/svg/elements/Canvas.h"
 #include "psrender/svg/elements/TextLines.h"
 #include "psrender/svg/paint/ShapePaints.h"
+#include "psrender/svg/text/FlowLines.h"
 #include "psrender/svg/xml/ElementKind.h"
 #include "psrender/svg/xml/LengthReader.h"
 #include "psrender/svg/xml/XmlTree.h"
@@ -61,6 +63,8 @@ std::vector<WantedLength> wantedLengths(const TextContent& content, const TextCh
             wanted.push_back({*length, adjust == "spacingAndGlyphs", i, end});
         }
     }
+    std::ranges::stable_sort(wanted, {},
+                             [](const WantedLength& length) { return length.end - length.begin; });
     return wanted;
 }
 
@@ -69,8 +73,9 @@ std::vector<WantedLength> wantedLengths(const TextContent& content, const TextCh
 void TextReader::draw(pugi::xml_node element, const Surroundings& inside) {
     if (!canvas_.canShow(inside.toPage))
         return;
-    const TextContent content =
-        readTextContent(element, inside.style, inside.measures, styles_, tree_);
+    TextContent content = readTextContent(element, inside.style, inside.measures, styles_, tree_);
+    if (std::string_view(element.name()) == "flowRoot")
+        flow(element, inside, content);
     TextLayout layout(content, inside.measures, shaper_);
     for (const TextChunk& chunk : splitIntoChunks(content, fonts_))
         layOut(chunk, content, inside, layout);
@@ -80,6 +85,21 @@ void TextReader::draw(pugi::xml_node element, const Surroundings& inside) {
     for (const LaidRun& run : gatherRuns(content, layout.glyphs()))
         drawRun(run, content.spans[run.span], place, inside);
     drawLines(lines, true, place, inside);
+}
+
+void TextReader::flow(pugi::xml_node element, const Surroundings& inside, TextContent& content) {
+    std::optional<scene::Rect> box;
+    forEachElement(element.child("flowRegion"), [&](pugi::xml_node shape, std::size_t) {
+        const SharedOutline outline = outlineOf(shape, inside);
+        if (!outline)
+            return;
+        if (box || std::string_view(shape.name()) != "rect")
+            warnings_.add("text flows in the box around its first region (<flowRegion>)");
+        if (!box)
+            box = scene::tightBox(*outline);
+    });
+    if (box)
+        flowInto(*box, content, inside.measures, fonts_, shaper_, warnings_);
 }
 
 void TextReader::layOut(const TextChunk& chunk, const TextContent& content,
@@ -103,7 +123,8 @@ void TextReader::layOutAlong(const TextChunk& chunk, const TextContent& content,
         return;
     }
     const Affine map = styles_.resolve(target, inside.style).transform;
-    const PathWalk path(outline->transformed(map));
+    const bool isReversed = std::string_view(span.path.attribute("side").value()) == "right";
+    const PathWalk path(outline->transformed(map), isReversed);
     const auto offset =
         parseLength(span.path.attribute("startOffset").value(), span.style.fontSize);
     const double start = !offset           ? 0
@@ -139,9 +160,9 @@ void TextReader::drawRun(const LaidRun& run, const TextSpan& span, const PaintPl
         scene::Text halo = text;
         halo.fill = {};
         text.stroke = {};
-        canvas_.add(std::move(halo), span.element);
+        colored_.draw(halo, span.element);
     }
-    canvas_.add(std::move(text), span.element);
+    colored_.draw(text, span.element);
 }
 
 void TextReader::drawLines(const std::vector<DecorationLine>& lines, bool areOverText,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "psrender/svg/css/StyleResolver.h"
+#include "psrender/svg/elements/ColorGlyphs.h"
 #include "psrender/svg/elements/Surroundings.h"
 #include "psrender/svg/paint/PaintServer.h"
 #include "psrender/svg/path/ShapeReader.h"
@@ -31,12 +32,15 @@ public:
           paints_(paints),
           canvas_(canvas),
           warnings_(warnings),
+          colored_(links, canvas, warnings),
           faces_(styles.sheet().fontFaces(), links, warnings),
           fonts_(faces_, warnings) {}
 
     void draw(pugi::xml_node element, const Surroundings& inside);
 
 private:
+    /// Breaks the lines of text that flows.
+    void flow(pugi::xml_node element, const Surroundings& inside, TextContent& content);
     void layOut(const TextChunk& chunk, const TextContent& content, const Surroundings& inside,
                 TextLayout& layout);
     void layOutAlong(const TextChunk& chunk, const TextContent& content, const Surroundings& inside,
@@ -53,6 +57,7 @@ private:
     ShapePaints& paints_;
     Canvas& canvas_;
     Warnings& warnings_;
+    ColorGlyphs colored_;
     FontFaces faces_;
     FontChooser fonts_;
     Shaper shaper_;

@@ -23,6 +23,8 @@ public:
     /// outlive the links. Throws `image::ImageLost`, whose `what()` is a sentence here.
     const image::UprightImage* find(std::string_view address);
 
+    /// The same for the picture that a font has for a letter.
+    const image::UprightImage* findLetter(std::string_view bytes);
     /// Where the file of this name beside the drawing lies. Throws `image::ImageError` for one that
     /// is not there or lies elsewhere, and `image::ImageLost`.
     [[nodiscard]] std::string pathOf(const std::string& name) const;

@@ -7,11 +7,9 @@
 #include "psrender/svg/css/Declarations.h"
 #include "psrender/svg/image/DataUri.h"
 #include "psrender/svg/image/ImageLinks.h"
-#include "psrender/svg/text/FontFeatures.h"
 #include "psrender/svg/text/FontWish.h"
+#include "psrender/svg/text/HeldFont.h"
 #include "psrender/svg/values/Characters.h"
-
-#include <xxhash.h>
 
 #include <algorithm>
 #include <charconv>
@@ -88,13 +86,6 @@ std::optional<CharacterRange> parseRange(std::string_view text) {
     if (!read(first, from) || !read(last, to))
         return std::nullopt;
     return CharacterRange{from, to};
-}
-
-/// Holds a program under its description in the registry.
-std::shared_ptr<const void> hold(const ChosenFont& font) {
-    FontManager::registerFont(font.family, font.weight, font.slant, font.program);
-    return {static_cast<const void*>(nullptr),
-            [program = font.program](const void*) { FontManager::unregisterFont(program); }};
 }
 
 }  // namespace
@@ -185,13 +176,9 @@ std::optional<ChosenFont> FontFaces::openSource(std::string_view source, const T
     if (!address)
         return std::nullopt;
     try {
-        const std::string bytes = read(*address);
-        ChosenFont font{{}, style.weight, style.slant, nullptr};
-        font.family = "embedded-" + std::to_string(XXH3_64bits(bytes.data(), bytes.size())) +
-                      std::string(style.variations);
-        font.program = FontManager::openFontData(Core::ByteArray(std::string_view(bytes)),
-                                                 "an embedded font", wishOf(font, style));
-        font.registration = hold(font);
+        const auto held = HeldFont::of(read(*address), style);
+        ChosenFont font = held->font();
+        font.registration = held;
         return font;
     } catch (const Fonts::FontException& error) {
         warnings_.add("left out (@font-face): " + error.getMessage());

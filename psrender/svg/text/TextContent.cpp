@@ -10,6 +10,8 @@
 #include "psrender/svg/xml/XmlTree.h"
 #include "psrender/svg/xml/XmlWalk.h"
 
+#include <algorithm>
+#include <array>
 #include <string_view>
 
 namespace psrender::svg {
@@ -88,17 +90,37 @@ public:
     }
 
     TextContent take() {
-        if (!content_.characters.empty() && endsInSpace_)
-            content_.characters.pop_back();
+        dropSpaceAtEnd();
         return std::move(content_);
     }
 
 private:
+    void dropSpaceAtEnd() {
+        const std::size_t begin = content_.paragraphs.empty() ? 0 : content_.paragraphs.back();
+        if (content_.characters.size() > begin && endsInSpace_)
+            content_.characters.pop_back();
+    }
+
+    static bool isSpan(std::string_view name) {
+        constexpr std::array kNames{"tspan", "a", "tref", "textPath", "flowSpan"};
+        return std::ranges::find(kNames, name) != kNames.end();
+    }
+
+    static bool isParagraph(std::string_view name) {
+        constexpr std::array kNames{"flowPara", "flowDiv", "flowLine"};
+        return std::ranges::find(kNames, name) != kNames.end();
+    }
+
     void collectChild(pugi::xml_node child, const TextSpan& around) {
         const std::string_view name = child.name();
         const bool isPath = name == "textPath";
-        if ((!isPath && name != "tspan" && name != "a" && name != "tref") || !conditionsHold(child))
+        if ((!isSpan(name) && !isParagraph(name)) || !conditionsHold(child))
             return;
+        if (isParagraph(name)) {
+            dropSpaceAtEnd();
+            content_.paragraphs.push_back(content_.characters.size());
+            endsInSpace_ = true;
+        }
         TextSpan span = around;
         span.element = child;
         span.style = styles_.resolve(child, around.style);

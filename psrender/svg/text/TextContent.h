@@ -44,8 +44,9 @@ struct TextContent {
     std::vector<TextSpan> spans;
     std::vector<TextCharacter> characters;
     std::vector<BidiControl> controls;
-    bool isRightToLeft = false;  ///< as a whole
-    bool isVertical = false;     ///< lines run down the page
+    std::vector<std::size_t> paragraphs;  ///< where those of flowing text begin
+    bool isRightToLeft = false;           ///< as a whole
+    bool isVertical = false;              ///< lines run down the page
 };
 
 /// Reads the element `text`, whose style is `style`. `tree` holds what it refers to.

@@ -68,9 +68,13 @@ void fit(TextLine& line, const WantedLength& wanted) {
         }
         return;
     }
-    const double gaps = static_cast<double>(cells.size()) - 1;
-    for (std::size_t i = 0; i + 1 < cells.size(); ++i)
-        cells[i]->spacing += (wanted.length - width) / gaps;
+    cells.pop_back();
+    const auto gaps = std::ranges::count(cells, false, &LineCell::isFixed);
+    for (LineCell* cell : cells) {
+        if (!cell->isFixed)
+            cell->spacing += (wanted.length - width) / static_cast<double>(gaps);
+        cell->isFixed = true;
+    }
 }
 
 TextLine LineMaker::make(const TextChunk& chunk) {

@@ -31,6 +31,7 @@ struct LineCell {
     double spacing = 0;  ///< behind the cell
     double stretch = 1;  ///< of the glyphs along the line
     bool isUpright = false;
+    bool isFixed = false;  ///< the space behind it is as an inner element wants it
     std::vector<LineGlyph> glyphs;
 };
 
