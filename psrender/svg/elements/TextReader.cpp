@@ -5,7 +5,9 @@
 #include "psrender/svg/css/StyleResolver.h"
 #include "psrender/svg/elements/Canvas.h"
 #include "psrender/svg/elements/TextLines.h"
+#include "psrender/svg/image/ImageLinks.h"
 #include "psrender/svg/paint/ShapePaints.h"
+#include "psrender/svg/text/ColoredText.h"
 #include "psrender/svg/text/FlowLines.h"
 #include "psrender/svg/xml/ElementKind.h"
 #include "psrender/svg/xml/LengthReader.h"
@@ -160,9 +162,25 @@ void TextReader::drawRun(const LaidRun& run, const TextSpan& span, const PaintPl
         scene::Text halo = text;
         halo.fill = {};
         text.stroke = {};
-        colored_.draw(halo, span.element);
+        show(halo, span.element);
     }
-    colored_.draw(text, span.element);
+    show(text, span.element);
+}
+
+/// As it looks in its font, which may have colours of its own.
+void TextReader::show(const scene::Text& text, pugi::xml_node element) {
+    ColoredText colored = coloredText(text);
+    if (colored.isSimplified)
+        warnings_.add("letters with gradients of their font are shown in one colour (<text>)");
+    for (scene::Text& part : colored.texts)
+        canvas_.add(std::move(part), element);
+    for (const LetterPicture& picture : colored.pictures) {
+        const auto* image = links_.findLetter(picture.png);
+        if (image != nullptr && canvas_.canShow(picture.toPage))
+            canvas_.add(scene::Picture{image->image, picture.toPage * image->upright,
+                                       text.fill.opacity},
+                        element);
+    }
 }
 
 void TextReader::drawLines(const std::vector<DecorationLine>& lines, bool areOverText,

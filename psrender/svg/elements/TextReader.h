@@ -1,7 +1,6 @@
 #pragma once
 
 #include "psrender/svg/css/StyleResolver.h"
-#include "psrender/svg/elements/ColorGlyphs.h"
 #include "psrender/svg/elements/Surroundings.h"
 #include "psrender/svg/paint/PaintServer.h"
 #include "psrender/svg/path/ShapeReader.h"
@@ -30,9 +29,9 @@ public:
           styles_(styles),
           shapes_(shapes),
           paints_(paints),
+          links_(links),
           canvas_(canvas),
           warnings_(warnings),
-          colored_(links, canvas, warnings),
           faces_(styles.sheet().fontFaces(), links, warnings),
           fonts_(faces_, warnings) {}
 
@@ -48,6 +47,7 @@ private:
     SharedOutline outlineOf(pugi::xml_node target, const Surroundings& inside);
     void drawRun(const LaidRun& run, const TextSpan& span, const PaintPlace& place,
                  const Surroundings& inside);
+    void show(const scene::Text& text, pugi::xml_node element);
     void drawLines(const std::vector<DecorationLine>& lines, bool areOverText,
                    const PaintPlace& place, const Surroundings& inside);
 
@@ -55,9 +55,9 @@ private:
     StyleResolver& styles_;
     ShapeReader& shapes_;
     ShapePaints& paints_;
+    ImageLinks& links_;
     Canvas& canvas_;
     Warnings& warnings_;
-    ColorGlyphs colored_;
     FontFaces faces_;
     FontChooser fonts_;
     Shaper shaper_;
