@@ -1,10 +1,10 @@
 #pragma once
 
 #include "psrender/svg/css/TextStyle.h"
-#include "psrender/svg/text/ChosenFont.h"
+#include "psrender/svg/text/FontFaceRule.h"
 
 #include <cstddef>
-#include <memory>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -33,25 +33,15 @@ public:
     [[nodiscard]] std::vector<ChosenFont> find(std::string_view family, const TextStyle& style);
 
 private:
-    struct Face {
-        std::string_view family;
-        std::string_view sources;
-        int lightest = Drawing::Font::kRegular;
-        int boldest = Drawing::Font::kRegular;
-        bool isSlanted = false;
-        std::vector<CharacterRange> ranges;
-    };
-
-    static std::optional<Face> parse(std::string_view block);
-    [[nodiscard]] static int distance(const Face& face, const TextStyle& style);
-    std::optional<ChosenFont> open(const Face& face, const TextStyle& style);
-    std::optional<ChosenFont> openSource(std::string_view source, const TextStyle& style);
+    std::optional<ChosenFont> open(const FontFaceRule& face, const TextStyle& style);
+    std::optional<ChosenFont> opened(std::string_view address, const TextStyle& style);
+    static std::optional<ChosenFont> installed(std::string_view name, const TextStyle& style);
     [[nodiscard]] std::string read(std::string_view address);
-    static ChosenFont installed(std::string_view name, const TextStyle& style);
 
     const ImageLinks& links_;
     Warnings& warnings_;
-    std::vector<Face> faces_;
+    std::vector<FontFaceRule> faces_;
+    std::map<const char*, std::string> read_;  ///< by where the address stands in the drawing
     std::size_t bytesLeft_;
 };
 
