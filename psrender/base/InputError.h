@@ -1,23 +1,18 @@
 #pragma once
 
-#include <cstddef>
+#include "psrender/base/Place.h"
+
 #include <stdexcept>
 #include <string>
 
 namespace psrender {
 
-/// Where in an input something stands; line and column count from 1, 0 means unknown.
-struct Place {
-    std::string file;
-    std::size_t line = 0;
-    std::size_t column = 0;
-};
-
-/// An input that cannot be turned into a page. `what()` is one sentence for the user:
-/// "FILE:LINE:COLUMN: what is wrong; what to do".
+/// An input that cannot be turned into a page. `what()` is one sentence for the user, as
+/// `messageAt` has it: what is wrong; what to do.
 class InputError : public std::runtime_error {
 public:
-    InputError(const Place& place, const std::string& sentence);
+    InputError(const Place& place, const std::string& sentence)
+        : std::runtime_error(messageAt(place, sentence)), place_(place) {}
 
     [[nodiscard]] const Place& place() const { return place_; }
 

@@ -196,6 +196,7 @@ public:
         addFiles();
         addPage();
         addImages();
+        addPixels();
         addPrinting();
         addRest();
     }
@@ -396,6 +397,20 @@ private:
                         "refuse images with more; default " + std::to_string(request_.mostPixels))
             ->option_text("N")
             ->check(CLI::Range(std::uint64_t{1}, std::uint64_t{1} << 40))
+            ->group("Images");
+    }
+
+    void addPixels() {
+        auto* resolution =
+            app_.add_option("--raster-dpi", request_.rasterDotsPerInch,
+                            "resolution of what only pixels can show, such as filters; default 300")
+                ->option_text("N")
+                ->check(CLI::Range(1.0, 2400.0))
+                ->group("Images");
+        app_.add_flag_callback(
+                "--no-raster", [this] { request_.rasterDotsPerInch = 0; },
+                "leave out what only pixels can show, with a warning")
+            ->excludes(resolution)
             ->group("Images");
     }
 

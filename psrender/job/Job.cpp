@@ -64,7 +64,7 @@ public:
           document_(Core::makeObject<Drawing::Print::PrintDocument>(
               interim_ ? interim_->stream() : output_.stream(), settingsOf(request))),
           reader_(request.mostPixels, request.limits),
-          planner_({request.mostDotsPerInch, request.opacity}),
+          planner_({request.mostDotsPerInch, request.opacity, request.rasterDotsPerInch}),
           painter_(*document_),
           progress_(request.inputs.size(), !request.quiet && ::isatty(STDERR_FILENO) == 1) {}
 
@@ -160,10 +160,16 @@ private:
                 Clock::duration time) {
         simplified_ = simplified_ || !warnings.empty();
         if (!request_.quiet)
-            for (const std::string& sentence : warnings.sentences())
-                say(std::string("warning: ").append(name).append(": ").append(sentence));
+            for (const Warnings::Kind& kind : warnings.kinds())
+                warn(name, kind);
         if (request_.verbose)
             say(name + ": " + describe(page, time));
+    }
+
+    void warn(const std::string& name, const Warnings::Kind& kind) {
+        Place place = kind.first;
+        place.file = name;
+        say("warning: " + messageAt(place, sentenceOf(kind)));
     }
 
     static std::string describe(const scene::Page& page, Clock::duration time) {

@@ -35,6 +35,7 @@ struct JobRequest {
     std::uint64_t mostPixels = kMostPixels;  ///< of one image
     svg::ReadingLimits limits;               ///< of one drawing
     plan::OpacityWay opacity = plan::OpacityWay::blend;
+    double rasterDotsPerInch = 300;  ///< of what cannot be said in vectors; 0 leaves that out
     std::optional<Drawing::Print::PrintingRequest> printing;
     std::optional<std::string> previewPrefix;
     int previewResolution = 96;  ///< dots per inch

@@ -5,12 +5,15 @@
 #include "psrender/plan/blend/Translucency.h"
 #include "psrender/plan/blend/WhiteStage.h"
 #include "psrender/plan/clip/ClipStage.h"
+#include "psrender/plan/effect/EffectSearch.h"
+#include "psrender/plan/effect/EffectStage.h"
 #include "psrender/plan/geometry/RangeStage.h"
 #include "psrender/plan/gradient/GradientStage.h"
 #include "psrender/plan/pattern/PatternStage.h"
 #include "psrender/plan/picture/PictureStage.h"
 
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace psrender::plan {
@@ -25,8 +28,8 @@ public:
     PagePlanner(const PlanOptions& options, Warnings& warnings)
         : options_(options), warnings_(warnings) {}
 
-    /// Items with what they look like on white paper.
-    Items plan(scene::ItemList list) {
+    /// Items with what they look like on white paper, on a page of this size, if it is one.
+    Items plan(scene::ItemList list, std::optional<scene::Rect> page = std::nullopt) {
         Collector planned;
         RangeStage range(warnings_, planned);
         GradientStage gradients(warnings_, range);
@@ -35,7 +38,8 @@ public:
         ClipStage clips(budget_, warnings_, pictures);
         const auto planAlone = [this](Items items) { return plan({std::move(items)}); };
         PatternStage patterns(planAlone, warnings_, clips);
-        PlacementStage placements(list, planAlone, patterns);
+        const std::unique_ptr<Stage> effects = effectStage(list, page, patterns);
+        PlacementStage placements(list, planAlone, effects ? *effects : patterns);
         for (scene::Item& item : list.items)
             placements.take(std::move(item));
         placements.finish();
@@ -43,6 +47,15 @@ public:
     }
 
 private:
+    /// Looking at pixels is left out where nothing asks for it.
+    std::unique_ptr<Stage> effectStage(const scene::ItemList& list, std::optional<scene::Rect> page,
+                                       Sink& next) {
+        if (!mayNeedPixels(list))
+            return nullptr;
+        return std::make_unique<EffectStage>(
+            PixelMaker(options_.rasterDotsPerInch, page, warnings_), warnings_, next);
+    }
+
     /// Blending costs memory for every shape, so it is left out where nothing asks for it.
     std::unique_ptr<Stage> opaqueStage(const scene::ItemList& list, Sink& next) {
         if (!hasTranslucency(list))
@@ -63,7 +76,8 @@ scene::Page Planner::plan(scene::Page page, Warnings& warnings) const {
     scene::Page planned;
     planned.width = page.width;
     planned.height = page.height;
-    planned.items = PagePlanner(options_, warnings).plan(std::move(page));
+    const scene::Rect paper{0, 0, page.width, page.height};
+    planned.items = PagePlanner(options_, warnings).plan(std::move(page), paper);
     return planned;
 }
 

@@ -35,8 +35,12 @@ void BlendStage::takePainted(Item item) {
         remember(std::move(item), areas.size());
 }
 
+/// What lies beneath a picture that is cut out is not hidden, nor is anything blended with it.
 void BlendStage::on(Picture picture) {
-    takePicture(std::move(picture), clips_, levels_.back().layer.size());
+    if (picture.isCutOut && isPage())
+        remember(std::move(picture), 0);
+    else
+        takePicture(std::move(picture), clips_, levels_.back().layer.size());
 }
 
 /// On the page it becomes opaque.

@@ -5,6 +5,7 @@
 #include "psrender/svg/elements/Canvas.h"
 #include "psrender/svg/elements/ClipReader.h"
 #include "psrender/svg/elements/ElementWalker.h"
+#include "psrender/svg/elements/FilterReader.h"
 #include "psrender/svg/elements/ImageReader.h"
 #include "psrender/svg/elements/MarkerReader.h"
 #include "psrender/svg/elements/MaskReader.h"
@@ -37,6 +38,7 @@ private:
     void draw(pugi::xml_node element, const Surroundings& around, const scene::Rect* area) override;
     void drawChildren(pugi::xml_node element, const Surroundings& inside) override;
 
+    void drawBlended(const Surroundings& inside, const std::function<void()>& draw);
     void drawContent(ElementKind kind, pugi::xml_node element, const Surroundings& inside,
                      const scene::Rect* area);
     void drawChoice(pugi::xml_node element, const Surroundings& inside);
@@ -56,6 +58,7 @@ private:
     UseReader uses_;
     ClipReader clips_;
     MaskReader masks_;
+    FilterReader filters_;
     MarkerReader markers_;
     PatternReader patterns_;
     ImageReader images_;

@@ -92,7 +92,7 @@ void SourceText::fail(std::size_t offset, const std::string& sentence) const {
 }
 
 void SourceText::fail(const std::string& sentence) const {
-    throw InputError({name_, 0, 0}, sentence);
+    throw InputError(place(), sentence);
 }
 
 void SourceText::rejectForeignFormats() const {

@@ -23,6 +23,8 @@ public:
     [[nodiscard]] bool wasConverted() const { return wasConverted_; }
     void replace(std::string text);
 
+    /// Of the document as a whole.
+    [[nodiscard]] Place place() const { return {name_}; }
     [[nodiscard]] Place placeAt(std::size_t offset) const;
     [[noreturn]] void fail(std::size_t offset, const std::string& sentence) const;
     /// About the document as a whole.

@@ -15,6 +15,7 @@ namespace psrender::svg {
 namespace {
 
 constexpr std::size_t kDeepestNesting = 1000;
+constexpr std::size_t kMostLetters = 60;  // of an id in a message
 
 std::string describe(pugi::xml_parse_status status) {
     switch (status) {
@@ -35,6 +36,17 @@ std::string describe(pugi::xml_parse_status status) {
             return "the text is not well-formed XML; correct the tag, "
                    "or complete the file if it is cut short";
     }
+}
+
+/// What a user finds an element by; empty for what is none.
+std::string tagOf(pugi::xml_node node) {
+    if (node.type() != pugi::node_element)
+        return {};
+    const std::string_view id = node.attribute("id").value();
+    std::string tag = std::string("<") + node.name();
+    if (!id.empty())
+        tag.append(" id=\"").append(id.substr(0, kMostLetters)).append("\"");
+    return tag + ">";
 }
 
 }  // namespace
@@ -119,11 +131,15 @@ pugi::xml_node XmlTree::byId(std::string_view id) const {
     return found == ids_.end() ? pugi::xml_node() : found->second;
 }
 
+Place XmlTree::placeOf(pugi::xml_node node) const {
+    const std::ptrdiff_t offset = node.offset_debug();
+    Place place = offset < 0 ? source_.place() : source_.placeAt(static_cast<std::size_t>(offset));
+    place.element = tagOf(node);
+    return place;
+}
+
 void XmlTree::fail(pugi::xml_node where, const std::string& sentence) const {
-    const std::ptrdiff_t offset = where.offset_debug();
-    if (offset < 0)
-        source_.fail(sentence);
-    source_.fail(static_cast<std::size_t>(offset), sentence);
+    throw InputError(placeOf(where), sentence);
 }
 
 std::string_view hrefOf(pugi::xml_node node) {

@@ -27,6 +27,8 @@ public:
     /// The `style` elements, in document order.
     [[nodiscard]] const std::vector<pugi::xml_node>& styleElements() const { return styles_; }
 
+    /// Where a node of the tree stands in the text.
+    [[nodiscard]] Place placeOf(pugi::xml_node node) const;
     [[noreturn]] void fail(pugi::xml_node where, const std::string& sentence) const;
 
 private:

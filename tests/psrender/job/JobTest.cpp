@@ -294,10 +294,12 @@ TEST_F(Psrender, PrintsPicturesAsPages) {
 TEST_F(Psrender, WarnsOnceAKind) {
     write("text.svg",
           "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'>"
-          "<foreignObject/><foreignObject/><image href='data:;base64,TWF!'/></svg>");
+          "<foreignObject id='f'/>\n<foreignObject/><image href='data:;base64,TWF!'/></svg>");
     EXPECT_EQ(0, run("text.svg -o out.ps"));
-    EXPECT_THAT(said, AllOf(StartsWith("psrender: warning: text.svg: "), HasSubstr("(2 times)\n"),
-                            HasSubstr("an embedded image has a damaged data address")));
+    EXPECT_THAT(
+        said,
+        AllOf(StartsWith("psrender: warning: text.svg:1:63: <foreignObject id=\"f\">: "),
+              HasSubstr("(2 times)\n"), HasSubstr("an embedded image has a damaged data address")));
     EXPECT_EQ(0, run("text.svg -o out.ps --quiet"));
     EXPECT_EQ("", said);
     EXPECT_EQ(0, run("red.svg -o out.ps --verbose"));

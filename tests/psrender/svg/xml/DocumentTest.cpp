@@ -79,7 +79,7 @@ TEST(SvgDocument, ThatIsNoneIsRefusedWithItsPlace) {
         {"%!PS", "test.svg: this is not an SVG file"},
         {"\x1f\x8b\x08", "test.svg: the file is compressed"},
         {open + "\n <g>" + std::string(1, '\0') + "</svg>", "test.svg:2:5: there is a zero byte"},
-        {"<html/>", "test.svg:1:2: the root element is not <svg>"},
+        {"<html/>", "test.svg:1:2: <html>: the root element is not <svg>"},
         {"<svg xmlns='http://x'/>", "the root element is not <svg>"},
         {"<!-- -->", "test.svg: there is no element"},
         {open + "</svg>\n text", "there is something outside"},

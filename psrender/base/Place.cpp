@@ -1,19 +1,16 @@
-#include "psrender/base/InputError.h"
+#include "psrender/base/Place.h"
 
 namespace psrender {
 
-namespace {
-std::string compose(const Place& place, const std::string& sentence) {
+std::string messageAt(const Place& place, const std::string& sentence) {
     std::string text = place.file;
     if (place.line != 0)
         text += ":" + std::to_string(place.line);
     if (place.line != 0 && place.column != 0)
         text += ":" + std::to_string(place.column);
+    if (!place.element.empty())
+        text += ": " + place.element;
     return text + ": " + sentence;
 }
-}  // namespace
-
-InputError::InputError(const Place& place, const std::string& sentence)
-    : std::runtime_error(compose(place, sentence)), place_(place) {}
 
 }  // namespace psrender
