@@ -72,8 +72,7 @@ private:
 
     void apply(std::size_t property, ComputedStyle& style, const ComputedStyle& parent,
                Warnings& warnings) const {
-        if (present_[property] &&
-            !applyProperty(property, entries_[property].text, style, parent))
+        if (present_[property] && !applyProperty(property, entries_[property].text, style, parent))
             warnings.add("style values that are not understood are ignored");
     }
 

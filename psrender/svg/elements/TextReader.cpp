@@ -177,9 +177,9 @@ void TextReader::show(const scene::Text& text, pugi::xml_node element) {
     for (const LetterPicture& picture : colored.pictures) {
         const auto* image = links_.findLetter(picture.png);
         if (image != nullptr && canvas_.canShow(picture.toPage))
-            canvas_.add(scene::Picture{image->image, picture.toPage * image->upright,
-                                       text.fill.opacity},
-                        element);
+            canvas_.add(
+                scene::Picture{image->image, picture.toPage * image->upright, text.fill.opacity},
+                element);
     }
 }
 

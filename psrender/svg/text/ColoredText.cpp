@@ -42,8 +42,7 @@ Text layerOf(const Text& letter, const Fonts::GlyphLayer& layer, bool isFirst) {
     Text painted = only(letter, part, isFirst ? letter.run->text : Core::String());
     painted.stroke = {};
     if (layer.color) {
-        painted.fill.source =
-            scene::Color{layer.color->red, layer.color->green, layer.color->blue};
+        painted.fill.source = scene::Color{layer.color->red, layer.color->green, layer.color->blue};
         painted.fill.opacity *= layer.color->alpha / kOpaque;
     }
     return painted;
