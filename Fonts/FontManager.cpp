@@ -39,6 +39,15 @@ FontManager::Program FontManager::findInstalledFont(const Core::SmartPtr<Drawing
     return registry().findInstalled(*font);
 }
 
+FontManager::Program FontManager::findInstalledFamily(const Wish& wish) {
+    return registry().findInstalledFamily(wish);
+}
+
+FontManager::Program FontManager::findInstalledFontFor(char32_t character, const Wish& wish,
+                                                       bool isPicture) {
+    return registry().findInstalledFor(character, wish, isPicture);
+}
+
 void FontManager::registerFont(const Core::String& family, int weight, Drawing::FontSlant slant,
                                const Program& program) {
     if (!program)
@@ -63,6 +72,11 @@ FontManager::Program FontManager::openFontFile(const Core::String& fileName,
 FontManager::Program FontManager::openFontData(const Core::ByteArray& data,
                                                const Core::String& name, std::uint32_t faceIndex) {
     return loadFont(FontBytes(data, name.toUtf8()), faceIndex);
+}
+
+FontManager::Program FontManager::openFontData(const Core::ByteArray& data,
+                                               const Core::String& name, const Wish& wish) {
+    return loadFont(FontBytes(data, name.toUtf8()), 0, axesOf(wish));
 }
 
 }  // namespace Fonts

@@ -7,6 +7,7 @@
 #include "Fonts/FontProgram.h"
 
 #include <cstdint>
+#include <vector>
 
 namespace Fonts {
 
@@ -27,6 +28,15 @@ class FONTS_API FontManager {
 public:
     using Program = Core::SmartPtr<FontProgram>;
 
+    /// What may be asked of an installed font. With it fonts of every kind are found, also those
+    /// that not every document can carry: OpenType fonts with CFF outlines, variable and colour
+    /// fonts.
+    struct Wish {
+        Core::SmartPtr<Drawing::Font> font;
+        int stretch = 100;                ///< per cent of the usual width
+        std::vector<FontAxis> axes = {};  ///< of a variable font, beside weight, width and slant
+    };
+
     /// Raises `FontNotFoundException` if nothing fits.
     static Program getFont(const Core::SmartPtr<Drawing::Font>& font);
     /// Null if nothing fits.
@@ -41,6 +51,13 @@ public:
     /// the families "sans-serif", "serif" and "monospace". Null if there is none.
     static Program findInstalledFont(const Core::SmartPtr<Drawing::Font>& font);
 
+    /// The installed font of exactly this family that is nearest to the wish. Null if there is
+    /// none.
+    static Program findInstalledFamily(const Wish& wish);
+    /// The installed font with a glyph for `character` that is nearest to the wish, colour fonts
+    /// first if it `isPicture`, as emoji are. Null if there is none.
+    static Program findInstalledFontFor(char32_t character, const Wish& wish, bool isPicture);
+
     /// Lets `program` answer for the family in this style from now on, in place of one registered
     /// for the same family, weight and slant before. It is held until then, or until
     /// `unregisterFont`.
@@ -54,11 +71,15 @@ public:
     /// caller that holds it.
     static void unregisterFont(const Program& program);
 
-    /// Opens a TrueType, OpenType or Type 1 file. Raises `FontException` if it cannot be used.
+    /// Opens a TrueType, OpenType, WOFF, WOFF2 or Type 1 file. Raises `FontException` if it cannot
+    /// be used.
     static Program openFontFile(const Core::String& fileName, std::uint32_t faceIndex = 0);
     /// The same from memory, which is copied. `name` tells in messages what the data is.
     static Program openFontData(const Core::ByteArray& data, const Core::String& name,
                                 std::uint32_t faceIndex = 0);
+    /// The same, and a variable font is set to what `wish` asks for.
+    static Program openFontData(const Core::ByteArray& data, const Core::String& name,
+                                const Wish& wish);
 };
 
 }  // namespace Fonts

@@ -20,7 +20,7 @@ class GlyphSink;
 enum class FontKind : std::int32_t {
     type1 = 0,        ///< Type 1, or a standard font that comes without a program
     trueType = 1,     ///< TrueType outlines
-    openTypeCff = 2,  ///< OpenType with CFF outlines
+    openTypeCff = 2,  ///< OpenType with CFF outlines, or others without a program of their own
 };
 
 /// The data of one font: its names, its glyphs, and the program that an interpreter can be given.

@@ -2,8 +2,10 @@
 
 #include "Fonts/internal/Characters.h"
 #include "Fonts/internal/EmbeddingRights.h"
+#include "Fonts/internal/OpenTypeColors.h"
 #include "Fonts/internal/OpenTypeFace.h"
 #include "Fonts/internal/OpenTypeOutline.h"
+#include "Fonts/internal/Sfnt.h"
 #include "Fonts/internal/SfntBuilder.h"
 
 #include <array>
@@ -68,7 +70,7 @@ void OpenTypeFont::decomposeGlyph(GlyphId glyph, GlyphSink& sink) const {
 }
 
 std::optional<FontFile> OpenTypeFont::getFile() const {
-    return FontFile{face_->bytes.name(), face_->faceIndex, face_->bytes.span()};
+    return FontFile{face_->bytes.name(), face_->faceIndex, face_->bytes.span(), face_->axes};
 }
 
 std::uint32_t OpenTypeFont::getGlyphCount() const {
@@ -77,6 +79,19 @@ std::uint32_t OpenTypeFont::getGlyphCount() const {
 
 bool OpenTypeFont::isSubsettable() const {
     return EmbeddingRights::allowSubsetting(face_->licenceBits);
+}
+
+bool OpenTypeFont::isVariable() const {
+    return face_->directory.has(Sfnt::kFvar);
+}
+
+bool OpenTypeFont::hasColors() const {
+    const SfntDirectory& directory = face_->directory;
+    return directory.has(Sfnt::kColr) || directory.has(Sfnt::kCbdt) || directory.has(Sfnt::kSbix);
+}
+
+GlyphColors OpenTypeFont::getColors(GlyphId glyph) const {
+    return openTypeColors(face_->font.get(), glyph, face_->unit);
 }
 
 std::uint32_t OpenTypeFont::getUnitsPerEm() const {

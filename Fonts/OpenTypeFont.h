@@ -2,6 +2,7 @@
 
 #include "Fonts/Export.h"
 #include "Fonts/FontProgram.h"
+#include "Fonts/GlyphColors.h"
 
 #include <memory>
 
@@ -31,6 +32,11 @@ public:
     [[nodiscard]] std::uint32_t getGlyphCount() const;
     /// Whether the font's licence bits let a document carry only some of its glyphs.
     [[nodiscard]] bool isSubsettable() const;
+    /// Whether it has axes, such as weight, along which its outlines change.
+    [[nodiscard]] bool isVariable() const;
+    /// Whether glyphs may have colours of their own.
+    [[nodiscard]] bool hasColors() const;
+    [[nodiscard]] GlyphColors getColors(GlyphId glyph) const;
     /// Of its coordinates: outlines are exact in these units.
     [[nodiscard]] std::uint32_t getUnitsPerEm() const;
 

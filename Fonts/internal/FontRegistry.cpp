@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdlib>
 
 namespace Fonts {
@@ -120,14 +121,43 @@ FontRegistry::Program FontRegistry::findInstalled(const Drawing::Font& font) {
     return {};
 }
 
-FontRegistry::Program FontRegistry::openLocked(const std::string& fileName,
-                                               std::uint32_t faceIndex) {
-    const auto key = std::pair(fileName, faceIndex);
+FontRegistry::Program FontRegistry::findInstalledFamily(const FontManager::Wish& wish) {
+    const std::scoped_lock lock(lock_);
+    for (const SystemFonts::Candidate& candidate : system_.allSortedFor(*wish.font, wish.stretch))
+        if (candidate.isOfFamily(wish.font->getFontFamily()))
+            if (auto program = openCandidate(candidate, axesOf(wish)))
+                return program;
+    return {};
+}
+
+FontRegistry::Program FontRegistry::findInstalledFor(char32_t character,
+                                                     const FontManager::Wish& wish,
+                                                     bool isPicture) {
+    const std::scoped_lock lock(lock_);
+    const auto& candidates = system_.allSortedFor(*wish.font, wish.stretch);
+    for (const bool wantsPicture : {isPicture, !isPicture})
+        for (const SystemFonts::Candidate& candidate : candidates) {
+            if (candidate.isColored() != wantsPicture || !candidate.covers(character))
+                continue;
+            auto program = openCandidate(candidate, axesOf(wish));
+            if (program && program->isEmbeddable() && program->covers(character))
+                return program;
+        }
+    return {};
+}
+
+FontRegistry::Program FontRegistry::openLocked(const std::string& fileName, std::uint32_t faceIndex,
+                                               const std::vector<FontAxis>& axes) {
+    std::string places;
+    for (const FontAxis& axis : axes)
+        places +=
+            std::to_string(axis.tag) + "=" + std::to_string(std::lround(axis.value * 100)) + ";";
+    const auto key = std::tuple(fileName, faceIndex, places);
     const auto known = files_.find(key);
     if (known != files_.end())
         return known->second;
     closeUnusedFiles();
-    return files_.emplace(key, loadFont(FontBytes(fileName), faceIndex)).first->second;
+    return files_.emplace(key, loadFont(FontBytes(fileName), faceIndex, axes)).first->second;
 }
 
 FontRegistry::Program FontRegistry::findLocked(const Drawing::Font& font) {
@@ -172,9 +202,11 @@ FontRegistry::Program FontRegistry::installed(const Drawing::Font& font) {
 }
 
 /// An installed file that cannot be used is reported and passed over.
-FontRegistry::Program FontRegistry::openCandidate(const SystemFonts::Candidate& candidate) {
+FontRegistry::Program FontRegistry::openCandidate(const SystemFonts::Candidate& candidate,
+                                                  const std::vector<FontAxis>& axes) {
     try {
-        return openLocked(candidate.file(), candidate.faceIndex());
+        return openLocked(candidate.file(), candidate.faceIndex(),
+                          candidate.isVariable() ? axes : std::vector<FontAxis>());
     } catch (const FontException& error) {
         Core::Log::warning(error.getMessage());
         return {};
@@ -197,6 +229,25 @@ FontRegistry::Program FontRegistry::searchFor(char32_t character, const Drawing:
         if (auto program = StandardFont::findByName(name); program->covers(character))
             return program;
     return {};
+}
+
+std::vector<FontAxis> axesOf(const FontManager::Wish& wish) {
+    constexpr std::uint32_t kWeight = 0x77676874;  // "wght"
+    constexpr std::uint32_t kWidth = 0x77647468;   // "wdth"
+    constexpr std::uint32_t kItalic = 0x6974616C;  // "ital"
+    constexpr std::uint32_t kSlant = 0x736C6E74;   // "slnt"
+    constexpr float kObliqueAngle = -14;
+    std::vector<FontAxis> axes{{kWeight, static_cast<float>(wish.font->getWeight())},
+                               {kWidth, static_cast<float>(wish.stretch)}};
+    if (wish.font->getSlant() != Drawing::FontSlant::upright) {
+        axes.push_back({kItalic, 1});
+        axes.push_back({kSlant, kObliqueAngle});
+    }
+    for (const FontAxis& axis : wish.axes) {
+        std::erase_if(axes, [&](const FontAxis& other) { return other.tag == axis.tag; });
+        axes.push_back(axis);
+    }
+    return axes;
 }
 
 }  // namespace Fonts

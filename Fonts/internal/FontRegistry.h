@@ -3,6 +3,7 @@
 #include "Core/SmartPtr.h"
 #include "Core/String.h"
 #include "Drawing/Font.h"
+#include "Fonts/FontManager.h"
 #include "Fonts/FontProgram.h"
 #include "Fonts/internal/SystemFonts.h"
 
@@ -11,6 +12,7 @@
 #include <map>
 #include <mutex>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -45,14 +47,20 @@ public:
     /// Whatever its family; null if none is installed.
     Program findInstalled(const Drawing::Font& font);
 
+    /// Of any kind; null if there is none.
+    Program findInstalledFamily(const FontManager::Wish& wish);
+    Program findInstalledFor(char32_t character, const FontManager::Wish& wish, bool isPicture);
+
 private:
-    Program openLocked(const std::string& fileName, std::uint32_t faceIndex);
+    Program openLocked(const std::string& fileName, std::uint32_t faceIndex,
+                       const std::vector<FontAxis>& axes = {});
     Program findLocked(const Drawing::Font& font);
     [[nodiscard]] Program search(const Drawing::Font& font);
     [[nodiscard]] Program searchFamily(const Drawing::Font& font);
     [[nodiscard]] Program registered(const Drawing::Font& font, bool anyStyle) const;
     [[nodiscard]] Program installed(const Drawing::Font& font);
-    [[nodiscard]] Program openCandidate(const SystemFonts::Candidate& candidate);
+    [[nodiscard]] Program openCandidate(const SystemFonts::Candidate& candidate,
+                                        const std::vector<FontAxis>& axes = {});
     [[nodiscard]] Program searchFor(char32_t character, const Drawing::Font& font);
     void forgetAnswers();
     void closeUnusedFiles();
@@ -62,10 +70,14 @@ private:
     std::mutex lock_;
     SystemFonts system_;
     std::vector<Registration> registrations_;
-    std::map<std::pair<std::string, std::uint32_t>, Program> files_;
+    /// By name, face and places on its axes.
+    std::map<std::tuple<std::string, std::uint32_t, std::string>, Program> files_;
     std::size_t fileLimit_ = kKeptFiles;       ///< beyond which unused ones are closed
     std::map<Core::String, Program> answers_;  ///< by the font's hash key; null: none fits
     std::map<std::pair<char32_t, Core::String>, Program> characterAnswers_;
 };
+
+/// The places on the axes of a variable font that a wish means, weight, width and slant included.
+[[nodiscard]] std::vector<FontAxis> axesOf(const FontManager::Wish& wish);
 
 }  // namespace Fonts

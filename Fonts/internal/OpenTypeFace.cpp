@@ -4,6 +4,8 @@
 #include "Fonts/internal/OpenTypeMetrics.h"
 #include "Fonts/internal/Sfnt.h"
 
+#include <cmath>
+#include <string>
 #include <utility>
 
 namespace Fonts {
@@ -19,10 +21,30 @@ HarfBuzzPtr<hb_face_t> openFace(const FontBytes& bytes, std::uint32_t index) {
     return face;
 }
 
-HarfBuzzPtr<hb_font_t> openFont(hb_face_t* face) {
+HarfBuzzPtr<hb_font_t> openFont(hb_face_t* face, const std::vector<FontAxis>& axes) {
     HarfBuzzPtr<hb_font_t> font(hb_font_create(face));
+    std::vector<hb_variation_t> variations;
+    variations.reserve(axes.size());
+    for (const FontAxis& axis : axes)
+        variations.push_back({axis.tag, axis.value});
+    if (!variations.empty())
+        hb_font_set_variations(font.get(), variations.data(),
+                               static_cast<unsigned>(variations.size()));
     hb_font_make_immutable(font.get());
     return font;
+}
+
+/// Each place on the axes of a font has a name of its own: "Sans-Regular-wght650".
+FontMetrics withPlaces(FontMetrics metrics, const std::vector<FontAxis>& axes) {
+    for (const FontAxis& axis : axes) {
+        std::array<char, 4> letters{};
+        hb_tag_to_string(axis.tag, letters.data());
+        std::string name = metrics.postScriptName.toUtf8() + "-";
+        name.append(letters.data(), letters.size());
+        metrics.postScriptName =
+            plainPostScriptName(name + std::to_string(std::lround(axis.value * 100)));
+    }
+    return metrics;
 }
 
 std::array<std::uint32_t, 256> mapLatin(hb_font_t* font) {
@@ -34,16 +56,17 @@ std::array<std::uint32_t, 256> mapLatin(hb_font_t* font) {
 
 }  // namespace
 
-OpenTypeFace::OpenTypeFace(FontBytes fontBytes, std::uint32_t index)
+OpenTypeFace::OpenTypeFace(FontBytes fontBytes, std::uint32_t index, std::vector<FontAxis> places)
     : bytes(std::move(fontBytes)),
       faceIndex(index),
+      axes(std::move(places)),
       directory(bytes.span(), index, bytes.name()),
       face(openFace(bytes, index)),
-      font(openFont(face.get())),
+      font(openFont(face.get(), axes)),
       glyphCount(hb_face_get_glyph_count(face.get())),
       unit(kEm / static_cast<float>(hb_face_get_upem(face.get()))),
       licenceBits(BigEndian::read16(directory.table(Sfnt::kOs2), kLicenceBitsOffset)),
-      metrics(openTypeMetrics(font.get(), unit, bytes.name())),
+      metrics(withPlaces(openTypeMetrics(font.get(), unit, bytes.name()), axes)),
       kerning(font.get()),
       latinGlyphs(mapLatin(font.get())) {}
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Fonts/FontFile.h"
 #include "Fonts/FontMetrics.h"
 #include "Fonts/internal/FontBytes.h"
 #include "Fonts/internal/HarfBuzz.h"
@@ -8,6 +9,7 @@
 
 #include <array>
 #include <cstdint>
+#include <vector>
 
 namespace Fonts {
 
@@ -16,13 +18,14 @@ namespace Fonts {
 class OpenTypeFace {
 public:
     /// Raises `FontException` if the file does not hold the face, or is damaged.
-    OpenTypeFace(FontBytes fontBytes, std::uint32_t index);
+    OpenTypeFace(FontBytes fontBytes, std::uint32_t index, std::vector<FontAxis> places = {});
 
     const FontBytes bytes;
     const std::uint32_t faceIndex;
+    const std::vector<FontAxis> axes;  ///< where it is not at the usual place
     const SfntDirectory directory;
     const HarfBuzzPtr<hb_face_t> face;
-    const HarfBuzzPtr<hb_font_t> font;  ///< scaled to the font's own units
+    const HarfBuzzPtr<hb_font_t> font;  ///< scaled to its own units, at its place on the axes
     const std::uint32_t glyphCount;
     const float unit;  ///< 1/1000 em to one font unit
     const std::uint32_t licenceBits;

@@ -20,10 +20,14 @@ inline constexpr std::uint32_t kCollection = tag("ttcf");
 
 inline constexpr std::uint32_t kCff = tag("CFF ");
 inline constexpr std::uint32_t kCff2 = tag("CFF2");
+inline constexpr std::uint32_t kCbdt = tag("CBDT");
+inline constexpr std::uint32_t kSbix = tag("sbix");
+inline constexpr std::uint32_t kColr = tag("COLR");
 inline constexpr std::uint32_t kOs2 = tag("OS/2");
 inline constexpr std::uint32_t kCmap = tag("cmap");
 inline constexpr std::uint32_t kCvt = tag("cvt ");
 inline constexpr std::uint32_t kFpgm = tag("fpgm");
+inline constexpr std::uint32_t kFvar = tag("fvar");
 inline constexpr std::uint32_t kGlyf = tag("glyf");
 inline constexpr std::uint32_t kHead = tag("head");
 inline constexpr std::uint32_t kHhea = tag("hhea");

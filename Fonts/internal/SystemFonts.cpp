@@ -3,6 +3,7 @@
 #include "Fonts/internal/Type1Face.h"
 
 #include <algorithm>
+#include <set>
 #include <string_view>
 #include <utility>
 
@@ -12,6 +13,7 @@ namespace {
 
 /// A list names every installed font, so only so many are kept.
 constexpr std::size_t kMostSorted = 200;
+constexpr int kUsualStretch = 100;
 
 bool flagOf(FcPattern* pattern, const char* object) {
     FcBool flag = FcFalse;
@@ -37,6 +39,16 @@ bool isUsable(FcPattern* pattern) {
     return (kind == "TrueType" || kind == "Type 1") && textOf(pattern, FC_FILE) != nullptr &&
            flagOf(pattern, FC_OUTLINE) && !flagOf(pattern, FC_VARIABLE) &&
            !flagOf(pattern, FC_COLOR) && numberOf(pattern, FC_INDEX) >> 16 == 0;
+}
+
+/// A font of any kind that there are pictures or outlines in.
+bool isDrawable(FcPattern* pattern) {
+    const char* format = textOf(pattern, FC_FONTFORMAT);
+    const std::string_view kind = format ? format : "";
+    return (kind == "TrueType" || kind == "CFF" || kind == "Type 1") &&
+           textOf(pattern, FC_FILE) != nullptr &&
+           (flagOf(pattern, FC_OUTLINE) || flagOf(pattern, FC_COLOR)) &&
+           numberOf(pattern, FC_INDEX) >> 16 == 0;
 }
 
 int slantOf(Drawing::FontSlant slant) {
@@ -79,33 +91,67 @@ bool SystemFonts::Candidate::isSameFontAs(const Candidate& other) const {
     return name != nullptr && otherName != nullptr && std::string_view(name) == otherName;
 }
 
+bool SystemFonts::Candidate::isVariable() const {
+    return flagOf(pattern_, FC_VARIABLE);
+}
+
+bool SystemFonts::Candidate::isColored() const {
+    return flagOf(pattern_, FC_COLOR);
+}
+
 const std::vector<SystemFonts::Candidate>& SystemFonts::sortedFor(const Drawing::Font& font) {
     const auto found = sorted_.find(font.getHashKey());
     if (found != sorted_.end())
         return found->second.candidates;
     if (sorted_.size() >= kMostSorted)
         sorted_.clear();
-    return sorted_.emplace(font.getHashKey(), sort(font)).first->second.candidates;
+    return sorted_.emplace(font.getHashKey(), sort(font, kUsualStretch, Kinds::usual))
+        .first->second.candidates;
+}
+
+const std::vector<SystemFonts::Candidate>& SystemFonts::allSortedFor(const Drawing::Font& font,
+                                                                     int stretch) {
+    const auto key = std::pair(font.getHashKey(), stretch);
+    const auto found = allSorted_.find(key);
+    if (found != allSorted_.end())
+        return found->second.candidates;
+    if (allSorted_.size() >= kMostSorted)
+        allSorted_.clear();
+    return allSorted_.emplace(key, sort(font, stretch, Kinds::all)).first->second.candidates;
 }
 
 /// Best matches alone are no use: fontconfig prefers OpenType fonts with CFF outlines for the
 /// common families.
-SystemFonts::Sorted SystemFonts::sort(const Drawing::Font& font) {
+SystemFonts::Sorted SystemFonts::sort(const Drawing::Font& font, int stretch, Kinds kinds) {
     if (!config_)
         config_.reset(FcInitLoadConfigAndFonts());
     if (!config_)
         return {};
-    const FcPtr<FcPattern> pattern = patternOf(font);
+    const FcPtr<FcPattern> pattern = patternOf(font, stretch);
     FcConfigSubstitute(config_.get(), pattern.get(), FcMatchPattern);
     FcDefaultSubstitute(pattern.get());
     FcResult result = FcResultNoMatch;
     Sorted sorted{
         FcPtr<FcFontSet>(FcFontSort(config_.get(), pattern.get(), FcFalse, nullptr, &result)), {}};
     for (int i = 0; sorted.fonts && i < sorted.fonts->nfont; ++i)
-        if (isUsable(sorted.fonts->fonts[i]))
+        if (kinds == Kinds::all ? isDrawable(sorted.fonts->fonts[i])
+                                : isUsable(sorted.fonts->fonts[i]))
             sorted.candidates.emplace_back(sorted.fonts->fonts[i]);
+    if (kinds == Kinds::all)
+        dropUsualPlaces(sorted.candidates);
     preferFigures(sorted.candidates);
     return sorted;
+}
+
+/// A variable font is listed as a whole and at its usual place; the former stands for both.
+void SystemFonts::dropUsualPlaces(std::vector<Candidate>& candidates) {
+    std::set<std::string> variable;
+    for (const Candidate& candidate : candidates)
+        if (candidate.isVariable())
+            variable.insert(candidate.file());
+    std::erase_if(candidates, [&](const Candidate& candidate) {
+        return !candidate.isVariable() && variable.contains(candidate.file());
+    });
 }
 
 /// A Type 1 font is often installed twice, and only one of the files has its figures beside it.
@@ -121,13 +167,15 @@ void SystemFonts::preferFigures(std::vector<Candidate>& candidates) {
     }
 }
 
-SystemFonts::FcPtr<FcPattern> SystemFonts::patternOf(const Drawing::Font& font) {
+SystemFonts::FcPtr<FcPattern> SystemFonts::patternOf(const Drawing::Font& font, int stretch) {
     const std::string family = font.getFontFamily().toUtf8();
     FcPtr<FcPattern> pattern(FcPatternCreate());
     FcPatternAddString(pattern.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(family.c_str()));
     FcPatternAddInteger(pattern.get(), FC_WEIGHT, FcWeightFromOpenType(font.getWeight()));
     FcPatternAddInteger(pattern.get(), FC_SLANT, slantOf(font.getSlant()));
     FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue);
+    if (stretch != kUsualStretch)
+        FcPatternAddInteger(pattern.get(), FC_WIDTH, stretch);
     return pattern;
 }
 

@@ -9,6 +9,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Fonts {
@@ -30,6 +31,9 @@ public:
         [[nodiscard]] bool lacksFigures() const;
         [[nodiscard]] bool isSameFontAs(const Candidate& other) const;
 
+        [[nodiscard]] bool isVariable() const;
+        [[nodiscard]] bool isColored() const;
+
     private:
         FcPattern* pattern_;
     };
@@ -37,6 +41,8 @@ public:
     /// All usable fonts, those that fit the description best coming first. Valid until the next
     /// call.
     const std::vector<Candidate>& sortedFor(const Drawing::Font& font);
+    /// The same with fonts of every kind and of this width, in per cent of the usual one.
+    const std::vector<Candidate>& allSortedFor(const Drawing::Font& font, int stretch);
 
 private:
     struct Closer {
@@ -51,13 +57,17 @@ private:
         FcPtr<FcFontSet> fonts;
         std::vector<Candidate> candidates;
     };
+    /// Which fonts are candidates.
+    enum class Kinds : std::uint8_t { usual, all };
 
-    Sorted sort(const Drawing::Font& font);
+    Sorted sort(const Drawing::Font& font, int stretch, Kinds kinds);
+    static void dropUsualPlaces(std::vector<Candidate>& candidates);
     static void preferFigures(std::vector<Candidate>& candidates);
-    static FcPtr<FcPattern> patternOf(const Drawing::Font& font);
+    static FcPtr<FcPattern> patternOf(const Drawing::Font& font, int stretch);
 
     FcPtr<FcConfig> config_;
-    std::map<Core::String, Sorted> sorted_;  ///< by the font's hash key
+    std::map<Core::String, Sorted> sorted_;                     ///< by the font's hash key
+    std::map<std::pair<Core::String, int>, Sorted> allSorted_;  ///< the same, and its width
 };
 
 }  // namespace Fonts

@@ -3,28 +3,16 @@
 #include "Fonts/FontMetrics.h"
 #include "Fonts/FontProgram.h"
 #include "Fonts/internal/FontBytes.h"
+#include "Fonts/internal/FreeType.h"
 #include "Fonts/internal/OutlineRecorder.h"
 #include "Fonts/internal/PairCache.h"
 
-#include <ft2build.h>
-#include FT_FREETYPE_H
-
-#include <memory>
 #include <mutex>
 #include <string>
-#include <type_traits>
 #include <unordered_map>
 #include <vector>
 
 namespace Fonts {
-
-struct FreeTypeDeleter {
-    void operator()(FT_Library library) const { FT_Done_FreeType(library); }
-    void operator()(FT_Face face) const { FT_Done_Face(face); }
-};
-
-template <class Handle>
-using FreeTypePtr = std::unique_ptr<std::remove_pointer_t<Handle>, FreeTypeDeleter>;
 
 /// The AFM or PFM file of the same name beside a font file, which tells its kerning; empty if there
 /// is none.

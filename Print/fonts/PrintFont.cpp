@@ -44,6 +44,10 @@ std::unique_ptr<PrintFont> PrintFont::make(const Core::SmartPtr<Fonts::FontProgr
     if (const auto cff = program.dynamicCast<Fonts::CffFont>(); cff && cff->isSubsettable())
         return std::make_unique<OutlineFont>(cff, number, cff->getGlyphCount(), cff,
                                              cff->getUnitsPerEm());
+    const auto outlines = program.dynamicCast<Fonts::OpenTypeFont>();
+    if (outlines && !program.dynamicCast<Fonts::CffFont>() && outlines->isSubsettable())
+        return std::make_unique<OutlineFont>(outlines, number, outlines->getGlyphCount(), outlines,
+                                             outlines->getUnitsPerEm());
     if (const auto type1 = program.dynamicCast<Fonts::Type1Font>(); type1 && type1->isSubsettable())
         return makeType1(type1, number);
     return nullptr;

@@ -7,6 +7,7 @@
 #include "psrender/scene/Geometry.h"
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 namespace psrender::scene {
@@ -26,6 +27,7 @@ struct PlacedGlyph {
 struct TextRun {
     Core::SmartPtr<Drawing::Font> font;          ///< under which `program` is found
     Core::SmartPtr<Fonts::FontProgram> program;  ///< never null
+    std::shared_ptr<const void> registration{};  ///< keeps a font of the drawing's own known
     double size = 0;                             ///< of the em, in the run's space
     Core::String text;                           ///< what the glyphs show, one after the other
     double spacing = 0;                          ///< behind each glyph, beside its advance

@@ -5,6 +5,7 @@
 #include "tests/Fonts/FreeTypeFile.h"
 
 #include <gtest/gtest.h>
+#include <woff2/encode.h>
 
 #include <cmath>
 
@@ -149,6 +150,67 @@ TEST(OpenTypeFont, AFaceOfACollectionIsAFontOfItsOwn) {
     EXPECT_THROW(FontManager::openFontData(collection, "collection", 2), FontException);
 }
 
+/// The tables as they are, under another directory: they may be packed, but need not.
+Core::ByteArray packed(const Core::ByteArray& font) {
+    constexpr std::size_t kHead = 44;
+    constexpr std::size_t kEntry = 20;
+    const std::size_t tables = FontFiles::number(font, 4, 2);
+    Core::ByteArray result(kHead + tables * kEntry);
+    const auto put = [&](std::size_t at, std::size_t value) {
+        FontFiles::setNumber(result, at, 4, static_cast<std::uint32_t>(value));
+    };
+    std::size_t end = result.size();
+    std::vector<std::uint8_t> data;
+    for (std::size_t i = 0; i < tables; ++i) {
+        const std::size_t from = 12 + i * 16;
+        const std::size_t to = kHead + i * kEntry;
+        const std::size_t length = FontFiles::number(font, from + 12, 4);
+        put(to, FontFiles::number(font, from, 4));
+        put(to + 4, end);
+        put(to + 8, length);
+        put(to + 12, length);
+        put(to + 16, FontFiles::number(font, from + 4, 4));
+        const std::uint8_t* first = font.data() + FontFiles::number(font, from + 8, 4);
+        data.insert(data.end(), first, first + length);
+        data.resize((data.size() + 3) / 4 * 4);
+        end = result.size() + data.size();
+    }
+    put(0, 0x774F4646);
+    put(4, FontFiles::number(font, 0, 4));
+    put(8, end);
+    put(12, tables << 16);
+    put(16, (12 + tables * 16) + data.size());
+    std::vector<std::uint8_t> all(result.data(), result.data() + result.size());
+    all.insert(all.end(), data.begin(), data.end());
+    return Core::ByteArray(std::move(all));
+}
+
+Core::ByteArray packedTighter(const Core::ByteArray& font) {
+    std::vector<std::uint8_t> packed(woff2::MaxWOFF2CompressedSize(font.data(), font.size()));
+    std::size_t length = packed.size();
+    EXPECT_TRUE(woff2::ConvertTTFToWOFF2(font.data(), font.size(), packed.data(), &length));
+    packed.resize(length);
+    return Core::ByteArray(std::move(packed));
+}
+
+TEST(OpenTypeFont, IsUnpackedFromWebFonts) {
+    for (const char* file : {kLiberationSans, kNimbusRomanCff}) {
+        const auto font = FontManager::openFontFile(file);
+        const Core::ByteArray bytes = FontFiles::read(file);
+        for (const Core::ByteArray& web : {packed(bytes), packedTighter(bytes)}) {
+            const auto unpacked = FontManager::openFontData(web, "web font");
+            EXPECT_EQ(font->getKind(), unpacked->getKind());
+            const auto count = font.dynamicCast<Fonts::OpenTypeFont>()->getGlyphCount();
+            for (const std::uint32_t glyph : {36U, 40U, count - 1})
+                EXPECT_EQ(FontFiles::outlineOf(*font, glyph),
+                          FontFiles::outlineOf(*unpacked, glyph))
+                    << file;
+            EXPECT_THROW(FontManager::openFontData({web.data(), web.size() / 2}, "half"),
+                         FontException);
+        }
+    }
+}
+
 TEST(OpenTypeFont, AFileThatIsNoWholeFontIsRefusedByName) {
     const Core::ByteArray whole = FontFiles::read(kLiberationSans);
     Core::ByteArray noOutlines = whole;
@@ -158,7 +220,9 @@ TEST(OpenTypeFont, AFileThatIsNoWholeFontIsRefusedByName) {
         const char* reason = "";
     } rows[] = {
         {Core::ByteArray(), "is no TrueType, OpenType or Type 1 font"},
-        {Core::ByteArray("wOFF, a compressed font"), "is no TrueType, OpenType or Type 1 font"},
+        {Core::ByteArray("wOFF, a compressed font"), "is packed from more than 64 MB"},
+        {Core::ByteArray(std::string("wOFF") + std::string(40, '\0')), "is a damaged web font"},
+        {Core::ByteArray(std::string("wOF2") + std::string(40, '\0')), "is a damaged web font"},
         {Core::ByteArray(whole.data(), 5), "it has no table head"},
         {Core::ByteArray(whole.data(), 100), "reaches beyond the end of the file"},
         {Core::ByteArray(whole.data(), whole.size() / 2), "reaches beyond the end of the file"},

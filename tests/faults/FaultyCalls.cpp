@@ -6,8 +6,9 @@
 //   FAULTY_NAMES   if it is set, files without a name are refused as old file systems do
 //
 // Calls count from the beginning of main() to its end. Those of libraries that cannot tell do not:
-// the font catalogue crashes without memory, and takes settings that cannot be read for none; the
-// shaper leaves out what it has no memory for, and the clipper says no more than that it failed.
+// the font catalogue and the colour profiles crash without memory, and the former takes settings
+// that cannot be read for none; the shaper leaves out what it has no memory for, and the clipper
+// says no more than that it failed.
 
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -43,7 +44,7 @@ bool isSpared(const char* name, const void* caller) {
     const bool isMemory = std::strcmp(name, "malloc") == 0;
     return isFrom("/libfontconfig.") ||
            (isMemory && (isFrom("/libexpat.") || isFrom("/libc.") || isFrom("/libharfbuzz") ||
-                         isFrom("/libpolyclipping.")));
+                         isFrom("/libpolyclipping.") || isFrom("/liblcms2.")));
 }
 
 /// Whether this call of `name` is the one that fails; `errno` says why.

@@ -53,6 +53,13 @@ struct InheritedStyle {
     friend bool operator==(const InheritedStyle&, const InheritedStyle&) = default;
 };
 
+/// Lines along a text, painted as the element is that asks for them.
+struct Decoration {
+    DecorationSet lines = 0;
+    DecorationShape shape = DecorationShape::solid;
+    InheritedStyle style;
+};
+
 /// What each element has for itself.
 struct OwnStyle {
     double opacity = 1;
@@ -70,7 +77,7 @@ struct OwnStyle {
     Length originY;
     PlainPaint stopColor{PlainPaint::Kind::color, {}};
     double stopOpacity = 1;
-    double baselineShift = 0;  ///< user units, upwards
+    OwnTextStyle ownText;
 
     friend bool operator==(const OwnStyle&, const OwnStyle&) = default;
 };

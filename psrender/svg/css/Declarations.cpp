@@ -11,7 +11,7 @@ namespace psrender::svg {
 namespace {
 
 constexpr auto kNone = std::string_view::npos;
-constexpr std::size_t kLongestProperty = 24;
+constexpr std::size_t kLongestProperty = 26;
 
 /// Names in style sheets may be written in capitals.
 std::optional<std::size_t> findInAnyCase(std::string_view name) {

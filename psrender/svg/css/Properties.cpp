@@ -213,11 +213,24 @@ void copyText(const Style& from, Style& to) {
     to.text.*field = from.text.*field;
 }
 
+template <auto field>
+void copyOwnText(const Style& from, Style& to) {
+    to.ownText.*field = from.ownText.*field;
+}
+
 void copyFont(const Style& from, Style& to) {
     to.fontSize = from.fontSize;
+    copyText<&TextStyle::capitals>(from, to);
     copyText<&TextStyle::families>(from, to);
     copyText<&TextStyle::slant>(from, to);
+    copyText<&TextStyle::stretch>(from, to);
     copyText<&TextStyle::weight>(from, to);
+}
+
+void copyDecoration(const Style& from, Style& to) {
+    copyOwnText<&OwnTextStyle::lines>(from, to);
+    copyOwnText<&OwnTextStyle::lineShape>(from, to);
+    copyOwnText<&OwnTextStyle::lineColor>(from, to);
 }
 
 struct Property {
@@ -228,8 +241,9 @@ struct Property {
 
 /// Sorted by name, for the search.
 constexpr std::array<Property, kPropertyCount> kProperties{{
-    {"alignment-baseline", textProperties::applyBaseline, copyText<&TextStyle::baseline>},
-    {"baseline-shift", textProperties::applyBaselineShift, copy<&Style::baselineShift>},
+    {"alignment-baseline", textProperties::applyAlignment, copyOwnText<&OwnTextStyle::alignment>},
+    {"baseline-shift", textProperties::applyBaselineShift,
+     copyOwnText<&OwnTextStyle::baselineShift>},
     {"clip-path", applyReference<&Style::clipPath>, copy<&Style::clipPath>},
     {"clip-rule", applyKeyword<&Style::clipRule, kFillRules>, copy<&Style::clipRule>},
     {"color", applyColor, copy<&Style::color>},
@@ -242,14 +256,23 @@ constexpr std::array<Property, kPropertyCount> kProperties{{
     {"filter", applyFilter, copy<&Style::filter>},
     {"font", textProperties::applyFont, copyFont},
     {"font-family", textProperties::applyFamily, copyText<&TextStyle::families>},
+    {"font-feature-settings", textProperties::applyFeatures, copyText<&TextStyle::features>},
     {"font-kerning", textProperties::applyKerning, copyText<&TextStyle::isKerned>},
     {"font-size", textProperties::applySize, copy<&Style::fontSize>},
+    {"font-stretch", textProperties::applyStretch, copyText<&TextStyle::stretch>},
     {"font-style", textProperties::applySlant, copyText<&TextStyle::slant>},
+    {"font-variant", textProperties::applyCapitals, copyText<&TextStyle::capitals>},
+    {"font-variant-caps", textProperties::applyCapitals, copyText<&TextStyle::capitals>},
+    {"font-variant-ligatures", textProperties::applyLigatures, copyText<&TextStyle::hasLigatures>},
+    {"font-variation-settings", textProperties::applyVariations, copyText<&TextStyle::variations>},
     {"font-weight", textProperties::applyWeight, copyText<&TextStyle::weight>},
     {"image-rendering", applyKeyword<&Style::hasSmoothImages, kImageRenderings>,
      copy<&Style::hasSmoothImages>},
+    {"glyph-orientation-vertical", textProperties::applyOrientation,
+     copyText<&TextStyle::orientation>},
     {"isolation", applyKeyword<&Style::isIsolated, kIsolations>, copy<&Style::isIsolated>},
     {"letter-spacing", textProperties::applyLetterSpacing, copyText<&TextStyle::letterSpacing>},
+    {"line-height", textProperties::applyLineHeight, copyText<&TextStyle::lineHeight>},
     {"marker", applyMarkers, copyMarkers},
     {"marker-end", applyReference<&Style::markerEnd>, copy<&Style::markerEnd>},
     {"marker-mid", applyReference<&Style::markerMid>, copy<&Style::markerMid>},
@@ -271,15 +294,23 @@ constexpr std::array<Property, kPropertyCount> kProperties{{
     {"stroke-opacity", applyOpacity<&Style::strokeOpacity>, copy<&Style::strokeOpacity>},
     {"stroke-width", applyStrokeWidth, copy<&Style::strokeWidth>},
     {"text-anchor", textProperties::applyAnchor, copyText<&TextStyle::anchor>},
-    {"text-decoration", textProperties::applyDecoration, copyText<&TextStyle::decorations>},
-    {"text-decoration-line", textProperties::applyDecoration, copyText<&TextStyle::decorations>},
+    {"text-decoration", textProperties::applyDecoration, copyDecoration},
+    {"text-decoration-color", textProperties::applyDecorationColor,
+     copyOwnText<&OwnTextStyle::lineColor>},
+    {"text-decoration-line", textProperties::applyDecorationLine,
+     copyOwnText<&OwnTextStyle::lines>},
+    {"text-decoration-style", textProperties::applyDecorationShape,
+     copyOwnText<&OwnTextStyle::lineShape>},
+    {"text-orientation", textProperties::applyOrientation, copyText<&TextStyle::orientation>},
     {"transform", applyTransform, copy<&Style::transform>},
     {"transform-origin", applyTransformOrigin, copyTransformOrigin},
+    {"unicode-bidi", textProperties::applyBidi, copyOwnText<&OwnTextStyle::bidi>},
     {"vector-effect", applyKeyword<&Style::hasFixedStrokeWidth, kVectorEffects>,
      copy<&Style::hasFixedStrokeWidth>},
     {"visibility", applyKeyword<&Style::isVisible, kVisibilities>, copy<&Style::isVisible>},
     {"white-space", textProperties::applyWhiteSpace, copyText<&TextStyle::keepsSpace>},
     {"word-spacing", textProperties::applyWordSpacing, copyText<&TextStyle::wordSpacing>},
+    {"writing-mode", textProperties::applyWritingMode, copyText<&TextStyle::isVertical>},
 }};
 
 constexpr std::optional<std::size_t> find(std::string_view name) {
@@ -296,8 +327,10 @@ constexpr std::optional<std::size_t> find(std::string_view name) {
 // NOLINTBEGIN(cert-err58-cpp): the table is searched when this is compiled.
 constinit const std::size_t fontSizeProperty = find("font-size").value();
 constinit const std::size_t fontProperty = find("font").value();
-constinit const std::array<std::size_t, 4> fontLonghands{
-    find("font-family").value(), fontSizeProperty, find("font-style").value(),
+constinit const std::array<std::size_t, 7> fontLonghands{
+    find("font-family").value(),  fontSizeProperty,
+    find("font-stretch").value(), find("font-style").value(),
+    find("font-variant").value(), find("font-variant-caps").value(),
     find("font-weight").value()};
 // NOLINTEND(cert-err58-cpp)
 

@@ -11,13 +11,13 @@ namespace psrender::svg {
 
 /// The number of properties that the reader knows; they are counted from 0 in the order of
 /// their names.
-constexpr std::size_t kPropertyCount = 50;
+constexpr std::size_t kPropertyCount = 63;
 
 /// The property that lengths in font units depend on, so it is to be applied first.
 extern const std::size_t fontSizeProperty;
 /// The shorthand and the properties that it sets, too.
 extern const std::size_t fontProperty;
-extern const std::array<std::size_t, 4> fontLonghands;
+extern const std::array<std::size_t, 7> fontLonghands;
 
 std::optional<std::size_t> findProperty(std::string_view name);
 

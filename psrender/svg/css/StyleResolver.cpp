@@ -2,11 +2,13 @@
 
 #include "psrender/base/Warnings.h"
 #include "psrender/svg/css/Properties.h"
+#include "psrender/svg/css/TextProperties.h"
 #include "psrender/svg/values/Characters.h"
 #include "psrender/svg/xml/ElementSite.h"
 #include "psrender/svg/xml/XmlWalk.h"
 
 #include <array>
+#include <bitset>
 
 namespace psrender::svg {
 
@@ -40,18 +42,17 @@ class StyleResolver::Cascade {
 public:
     /// Among equals, the later one wins.
     void add(std::size_t property, std::string_view text, Strength strength) {
-        const std::uint64_t bit = std::uint64_t{1} << property;
-        if ((present_ & bit) != 0 && entries_[property].strength > strength)
+        if (present_[property] && entries_[property].strength > strength)
             return;
         if (property == fontProperty)
             dropFontLonghands(strength);
-        present_ |= bit;
+        present_.set(property);
         entries_[property] = {text, strength};
     }
 
     void applyTo(ComputedStyle& style, const ComputedStyle& parent, Warnings& warnings) const {
         apply(fontSizeProperty, style, parent, warnings);
-        for (std::size_t property = 0; present_ >> property != 0; ++property)
+        for (std::size_t property = 0; property < kPropertyCount; ++property)
             if (property != fontSizeProperty)
                 apply(property, style, parent, warnings);
     }
@@ -61,7 +62,7 @@ private:
     void dropFontLonghands(Strength strength) {
         for (const std::size_t property : fontLonghands)
             if (entries_[property].strength <= strength)
-                present_ &= ~(std::uint64_t{1} << property);
+                present_.reset(property);
     }
 
     struct Entry {
@@ -71,13 +72,11 @@ private:
 
     void apply(std::size_t property, ComputedStyle& style, const ComputedStyle& parent,
                Warnings& warnings) const {
-        if ((present_ >> property & 1) != 0 &&
-            !applyProperty(property, entries_[property].text, style, parent))
+        if (present_[property] && !applyProperty(property, entries_[property].text, style, parent))
             warnings.add("style values that are not understood are ignored");
     }
 
-    static_assert(kPropertyCount < 64, "the set below has a bit for each property");
-    std::uint64_t present_ = 0;
+    std::bitset<kPropertyCount> present_;
     std::array<Entry, kPropertyCount> entries_;  // only those in the set are read
 };
 
@@ -101,6 +100,7 @@ ComputedStyle StyleResolver::resolve(pugi::xml_node element, const ComputedStyle
     ComputedStyle style = ComputedStyle::childOf(parent);
     cascade.applyTo(style, parent, warnings_);
     style.takeContextPaints();
+    textProperties::collectDecorations(style);
     return style;
 }
 

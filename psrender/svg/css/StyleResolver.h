@@ -29,6 +29,9 @@ public:
     /// The style of an element where it stands, worked out from the root downwards.
     ComputedStyle resolveInPlace(pugi::xml_node element);
 
+    /// The sheets of the document.
+    [[nodiscard]] const StyleSheet& sheet() const { return sheet_; }
+
 private:
     class Cascade;
 

@@ -66,6 +66,10 @@ void StyleSheet::addAtRule(std::string_view& text, Warnings& warnings) {
     const std::string_view name = prelude.substr(0, prelude.find_first_of(" \t\r\n\f(\"'"));
     if (equalsIgnoringCase(name, "@import"))
         warnings.add("style sheets in other files are not read (@import)");
+    if (hasBlock && equalsIgnoringCase(trimmed(name), "@font-face")) {
+        fontFaces_.push_back(take(text, lengthUpTo(text, "}")));
+        return;
+    }
     const bool isOurs =
         equalsIgnoringCase(name, "@media") && isForPrint(prelude.substr(name.size()));
     if (hasBlock && !isOurs)

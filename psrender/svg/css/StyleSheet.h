@@ -31,14 +31,17 @@ public:
 
     [[nodiscard]] const std::vector<StyleRule>& rules() const { return rules_; }
     [[nodiscard]] const std::vector<Declaration>& declarations() const { return declarations_; }
+    /// What stands between the braces of each `@font-face`.
+    [[nodiscard]] const std::vector<std::string_view>& fontFaces() const { return fontFaces_; }
 
 private:
-    static void addAtRule(std::string_view& text, Warnings& warnings);
+    void addAtRule(std::string_view& text, Warnings& warnings);
     void addRule(std::string_view& text, Warnings& warnings);
 
     std::list<std::string> texts_;  ///< what the views in rules and declarations look at
     std::vector<StyleRule> rules_;
     std::vector<Declaration> declarations_;
+    std::vector<std::string_view> fontFaces_;
 };
 
 /// Whether a sheet for these media concerns a printed page.

@@ -99,7 +99,7 @@ SceneBuilder::SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warni
       patterns_(tree, styles_, references_, *this, warnings),
       images_(tree, canvas_, links_, warnings,
               [this](const std::string& text) { return readWithin(text); }),
-      texts_(tree, styles_, outlines_, shapePaints_, canvas_, warnings),
+      texts_(tree, styles_, outlines_, shapePaints_, links_, canvas_, warnings),
       shapes_(outlines_, shapePaints_, markers_, canvas_, warnings) {}
 
 scene::Page SceneBuilder::build() {

@@ -1,17 +1,20 @@
 #include "psrender/svg/elements/TextReader.h"
 
 #include "psrender/base/Warnings.h"
+#include "psrender/scene/OutlineBox.h"
 #include "psrender/svg/css/StyleResolver.h"
 #include "psrender/svg/elements/Canvas.h"
+#include "psrender/svg/elements/TextLines.h"
+#include "psrender/svg/image/ImageLinks.h"
 #include "psrender/svg/paint/ShapePaints.h"
-#include "psrender/svg/path/ShapeOutlines.h"
+#include "psrender/svg/text/ColoredText.h"
+#include "psrender/svg/text/FlowLines.h"
 #include "psrender/svg/xml/ElementKind.h"
 #include "psrender/svg/xml/LengthReader.h"
 #include "psrender/svg/xml/XmlTree.h"
 #include "psrender/svg/xml/XmlWalk.h"
 
 #include <algorithm>
-#include <cmath>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -21,96 +24,50 @@
 namespace psrender::svg {
 
 using scene::Affine;
-using scene::Rect;
 using scene::Shape;
 
 namespace {
 
-constexpr double kEm = 1000;
-
-/// What the innermost element with such an attribute asks of the text that it begins.
-std::optional<WantedLength> wantedLength(pugi::xml_node element, const TextChunk& chunk,
-                                         const Measures& measures, Warnings& warnings) {
-    for (; element; element = parentElement(element)) {
-        const bool isText = std::string_view(element.name()) == "text";
-        const auto length =
-            LengthReader(element, measures, warnings).findSize("textLength", Axis::horizontal);
-        if (length && (!isText || chunk.begin == 0))
-            return WantedLength{
-                *length,
-                std::string_view(element.attribute("lengthAdjust").value()) == "spacingAndGlyphs"};
-        if (isText)
-            break;
-    }
-    return std::nullopt;
+bool isWithin(pugi::xml_node element, pugi::xml_node around) {
+    while (element && element != around)
+        element = parentElement(element);
+    return !!element;
 }
 
-/// A line along glyphs that stand side by side.
-struct DecoratedStretch {
-    std::size_t span = 0;
-    double begin = 0;
-    double end = 0;
-    double baseline = 0;
-    const ChosenFont* font = nullptr;
-};
-
-std::vector<DecoratedStretch> decoratedStretches(const TextContent& content,
-                                                 const std::vector<LaidGlyph>& glyphs) {
-    std::vector<DecoratedStretch> stretches;
-    for (const LaidGlyph& glyph : glyphs) {
-        const TextSpan& span = content.spans[glyph.span];
-        if (span.style.text.decorations == 0 || glyph.rotation != 0 || span.path)
+/// What elements ask of their text that begins in `chunk`, the innermost ones first.
+std::vector<WantedLength> wantedLengths(const TextContent& content, const TextChunk& chunk,
+                                        const Measures& measures, Warnings& warnings) {
+    std::vector<WantedLength> wanted;
+    std::vector<pugi::xml_node> known;
+    for (std::size_t i = chunk.begin; i < chunk.end; ++i) {
+        const bool isNewSpan =
+            i == chunk.begin || content.characters[i].span != content.characters[i - 1].span;
+        if (!isNewSpan)
             continue;
-        const double end = glyph.origin.x + glyph.advance;
-        const double touching = span.style.fontSize / 100;
-        if (!stretches.empty() && stretches.back().span == glyph.span &&
-            stretches.back().baseline == glyph.baseline &&
-            std::abs(stretches.back().end - glyph.origin.x) < touching)
-            stretches.back().end = end;
-        else
-            stretches.push_back({glyph.span, glyph.origin.x, end, glyph.baseline, glyph.font});
-    }
-    return stretches;
-}
-
-/// Where the middle of a line lies above the baseline, in 1/1000 em.
-double heightOf(DecorationSet line, const Fonts::FontMetrics& metrics) {
-    if (line == decoration::kUnderline)
-        return metrics.underlinePosition != 0 ? metrics.underlinePosition : -100;
-    constexpr double kUsualXHeight = 500;
-    const double xHeight = metrics.xHeight > 0 ? metrics.xHeight : kUsualXHeight;
-    return line == decoration::kOverline ? metrics.ascent : xHeight * 0.55;
-}
-
-Rect boxOf(const DecoratedStretch& stretch, DecorationSet line, double size) {
-    const Fonts::FontMetrics& metrics = stretch.font->program->getMetrics();
-    const double unit = size / kEm;
-    const double thickness = std::max(metrics.underlineThickness, 40.0F) * unit;
-    return {stretch.begin, stretch.baseline - heightOf(line, metrics) * unit - thickness / 2,
-            std::max(0.0, stretch.end - stretch.begin), thickness};
-}
-
-/// The box around the cells of all glyphs; nothing for a text without any.
-std::optional<Rect> boxOf(const TextContent& content, const std::vector<LaidGlyph>& glyphs) {
-    std::optional<Rect> box;
-    for (const LaidGlyph& glyph : glyphs) {
-        const Fonts::FontMetrics& metrics = glyph.font->program->getMetrics();
-        const double unit = content.spans[glyph.span].style.fontSize / kEm;
-        const double top = glyph.origin.y - metrics.ascent * unit;
-        const double bottom = glyph.origin.y - metrics.descent * unit;
-        const Rect cell{glyph.origin.x, top, glyph.advance, bottom - top};
-        if (!box) {
-            box = cell;
-            continue;
+        pugi::xml_node element = content.spans[content.characters[i].span].element;
+        for (bool isText = false; element && !isText; element = parentElement(element)) {
+            isText = std::string_view(element.name()) == "text";
+            if (!element.attribute("textLength") ||
+                std::ranges::find(known, element) != known.end() ||
+                (i > 0 && isWithin(content.spans[content.characters[i - 1].span].element, element)))
+                continue;
+            known.push_back(element);
+            const auto length =
+                LengthReader(element, measures, warnings).findSize("textLength", Axis::horizontal);
+            if (!length)
+                continue;
+            std::size_t end = i + 1;
+            while (end < chunk.end &&
+                   (content.characters[end].span == content.characters[end - 1].span ||
+                    isWithin(content.spans[content.characters[end].span].element, element)))
+                ++end;
+            const std::string_view adjust = element.attribute("lengthAdjust").value();
+            wanted.push_back({*length, adjust == "spacingAndGlyphs", i, end});
         }
-        const double right = std::max(box->x + box->width, cell.x + cell.width);
-        const double end = std::max(box->y + box->height, bottom);
-        box->x = std::min(box->x, cell.x);
-        box->y = std::min(box->y, top);
-        box->width = right - box->x;
-        box->height = end - box->y;
     }
-    return box;
+    std::ranges::stable_sort(wanted, {},
+                             [](const WantedLength& length) { return length.end - length.begin; });
+    return wanted;
 }
 
 }  // namespace
@@ -118,28 +75,47 @@ std::optional<Rect> boxOf(const TextContent& content, const std::vector<LaidGlyp
 void TextReader::draw(pugi::xml_node element, const Surroundings& inside) {
     if (!canvas_.canShow(inside.toPage))
         return;
-    const TextContent content = readTextContent(element, inside.style, inside.measures, styles_);
-    TextLayout layout(content, shaper_);
+    TextContent content = readTextContent(element, inside.style, inside.measures, styles_, tree_);
+    if (std::string_view(element.name()) == "flowRoot")
+        flow(element, inside, content);
+    TextLayout layout(content, inside.measures, shaper_);
     for (const TextChunk& chunk : splitIntoChunks(content, fonts_))
         layOut(chunk, content, inside, layout);
-    const PaintPlace place{boxOf(content, layout.glyphs()), inside.measures, inside.depth};
-    drawDecorations(content, layout, decoration::kUnderline | decoration::kOverline, place, inside);
+    const PaintPlace place{boxOf(layout.cells()), inside.measures, inside.depth};
+    const auto lines = decorationLines(content, layout.cells(), warnings_);
+    drawLines(lines, false, place, inside);
     for (const LaidRun& run : gatherRuns(content, layout.glyphs()))
         drawRun(run, content.spans[run.span], place, inside);
-    drawDecorations(content, layout, decoration::kLineThrough, place, inside);
+    drawLines(lines, true, place, inside);
+}
+
+void TextReader::flow(pugi::xml_node element, const Surroundings& inside, TextContent& content) {
+    std::optional<scene::Rect> box;
+    forEachElement(element.child("flowRegion"), [&](pugi::xml_node shape, std::size_t) {
+        const SharedOutline outline = outlineOf(shape, inside);
+        if (!outline)
+            return;
+        if (box || std::string_view(shape.name()) != "rect")
+            warnings_.add("text flows in the box around its first region (<flowRegion>)");
+        if (!box)
+            box = scene::tightBox(*outline);
+    });
+    if (box)
+        flowInto(*box, content, inside.measures, fonts_, shaper_, warnings_);
 }
 
 void TextReader::layOut(const TextChunk& chunk, const TextContent& content,
                         const Surroundings& inside, TextLayout& layout) {
     const TextSpan& span = content.spans[content.characters[chunk.begin].span];
     if (span.path)
-        layOutAlong(chunk, span, inside, layout);
+        layOutAlong(chunk, content, inside, layout);
     else
-        layout.add(chunk, wantedLength(span.element, chunk, inside.measures, warnings_));
+        layout.add(chunk, wantedLengths(content, chunk, inside.measures, warnings_));
 }
 
-void TextReader::layOutAlong(const TextChunk& chunk, const TextSpan& span,
+void TextReader::layOutAlong(const TextChunk& chunk, const TextContent& content,
                              const Surroundings& inside, TextLayout& layout) {
+    const TextSpan& span = content.spans[content.characters[chunk.begin].span];
     const std::string_view href = hrefOf(span.path);
     const pugi::xml_node target =
         href.starts_with('#') ? tree_.byId(href.substr(1)) : pugi::xml_node();
@@ -149,13 +125,16 @@ void TextReader::layOutAlong(const TextChunk& chunk, const TextSpan& span,
         return;
     }
     const Affine map = styles_.resolve(target, inside.style).transform;
-    const PathWalk path(outline->transformed(map));
+    const bool isReversed = std::string_view(span.path.attribute("side").value()) == "right";
+    const PathWalk path(outline->transformed(map), isReversed);
     const auto offset =
         parseLength(span.path.attribute("startOffset").value(), span.style.fontSize);
     const double start = !offset           ? 0
                          : offset->isShare ? offset->value * path.length()
                                            : offset->value;
-    layout.addAlong(chunk, path, start);
+    if (std::string_view(span.path.attribute("method").value()) == "stretch")
+        warnings_.add("letters along a path are turned but not bent (<textPath method>)");
+    layout.addAlong(chunk, wantedLengths(content, chunk, inside.measures, warnings_), path, start);
 }
 
 /// Null if there is no such shape.
@@ -183,26 +162,38 @@ void TextReader::drawRun(const LaidRun& run, const TextSpan& span, const PaintPl
         scene::Text halo = text;
         halo.fill = {};
         text.stroke = {};
-        canvas_.add(std::move(halo), span.element);
+        show(halo, span.element);
     }
-    canvas_.add(std::move(text), span.element);
+    show(text, span.element);
 }
 
-void TextReader::drawDecorations(const TextContent& content, const TextLayout& layout,
-                                 DecorationSet lines, const PaintPlace& place,
-                                 const Surroundings& inside) {
-    for (const DecoratedStretch& stretch : decoratedStretches(content, layout.glyphs())) {
-        const TextSpan& span = content.spans[stretch.span];
-        for (const DecorationSet line :
-             {decoration::kUnderline, decoration::kOverline, decoration::kLineThrough}) {
-            if ((span.style.text.decorations & lines & line) == 0 || !span.style.isVisible)
-                continue;
-            Shape shape = paints_.resolve(span.style, place);
-            shape.transform = inside.toPage;
-            shape.outline = std::make_shared<const scene::Outline>(
-                rectangleOutline(boxOf(stretch, line, span.style.fontSize), 0, 0));
-            canvas_.add(std::move(shape), span.element);
-        }
+/// As it looks in its font, which may have colours of its own.
+void TextReader::show(const scene::Text& text, pugi::xml_node element) {
+    ColoredText colored = coloredText(text);
+    if (colored.isSimplified)
+        warnings_.add("letters with gradients of their font are shown in one colour (<text>)");
+    for (scene::Text& part : colored.texts)
+        canvas_.add(std::move(part), element);
+    for (const LetterPicture& picture : colored.pictures) {
+        const auto* image = links_.findLetter(picture.png);
+        if (image != nullptr && canvas_.canShow(picture.toPage))
+            canvas_.add(
+                scene::Picture{image->image, picture.toPage * image->upright, text.fill.opacity},
+                element);
+    }
+}
+
+void TextReader::drawLines(const std::vector<DecorationLine>& lines, bool areOverText,
+                           const PaintPlace& place, const Surroundings& inside) {
+    for (const DecorationLine& line : lines) {
+        if (line.isOverText != areOverText)
+            continue;
+        ComputedStyle style;
+        static_cast<InheritedStyle&>(style) = line.decoration->style;
+        Shape shape = paints_.resolve(style, place);
+        shape.transform = inside.toPage;
+        shape.outline = std::make_shared<const scene::Outline>(line.outline);
+        canvas_.add(std::move(shape), line.element);
     }
 }
 

@@ -78,6 +78,19 @@ const UprightImage* ImageLinks::find(std::string_view address) {
     return entry->second;
 }
 
+const UprightImage* ImageLinks::findLetter(std::string_view bytes) {
+    if (access_.store == nullptr || access_.store->decodedPixels() > mostPixels_) {
+        warnings_.add("pictures of letters are left out (<text>)");
+        return nullptr;
+    }
+    try {
+        return &access_.store->fromBytes(bytes, "the picture of a letter");
+    } catch (const ImageError& error) {
+        warnings_.add(std::string("left out (<text>): the picture of a letter ") + error.what());
+        return nullptr;
+    }
+}
+
 const UprightImage* ImageLinks::load(std::string_view address) {
     const bool isData = equalsIgnoringCase(address.substr(0, 5), "data:");
     const std::string name = isData ? "an embedded image" : shortened(address);

@@ -24,6 +24,11 @@ public:
     /// outlive the links. Throws `image::ImageLost`, whose `what()` is a sentence here.
     const image::UprightImage* find(std::string_view address);
 
+    /// The same for the picture that a font has for a letter.
+    const image::UprightImage* findLetter(std::string_view bytes);
+    /// Where the file of this name beside the drawing lies. Throws `image::ImageError` for one that
+    /// is not there or lies elsewhere, and `image::ImageLost`.
+    [[nodiscard]] std::string pathOf(const std::string& name) const;
     /// The text of a drawing that is linked to, or null if it is no drawing. The same holds for it
     /// as for images.
     const std::string* findDrawing(std::string_view address);
@@ -32,7 +37,6 @@ private:
     std::optional<std::string> loadDrawing(std::string_view address);
     const image::UprightImage* load(std::string_view address);
     const image::UprightImage& loadFile(std::string_view address);
-    [[nodiscard]] std::string pathOf(const std::string& name) const;
 
     ImageAccess access_;
     Warnings& warnings_;

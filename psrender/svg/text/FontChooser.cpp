@@ -1,7 +1,9 @@
 #include "psrender/svg/text/FontChooser.h"
 
 #include "Fonts/FontManager.h"
+#include "Fonts/OpenTypeFont.h"
 #include "psrender/base/Warnings.h"
+#include "psrender/svg/text/FontWish.h"
 #include "psrender/svg/values/Characters.h"
 
 #include <algorithm>
@@ -43,12 +45,20 @@ bool isOfStandardMeasure(std::string_view family) {
                                [&](const char* name) { return equalsIgnoringCase(name, family); });
 }
 
-/// A font that was not found by its family is given its own name, by which the back end finds it
-/// again.
-void giveName(ChosenFont& font) {
-    font.family = font.program->getMetrics().postScriptName;
-    if (FontManager::findFont(font.ofSize(1)) != font.program)
-        FontManager::registerFont(font.family, font.weight, font.slant, font.program);
+/// The installed font of a family, of the width and at the place on its axes that is asked for.
+Core::SmartPtr<Fonts::FontProgram> findFamily(const ChosenFont& font, const TextStyle& style) {
+    const bool isUsual = style.stretch == TextStyle().stretch && style.variations.empty();
+    auto program = FontManager::findFamily(font.ofSize(1));
+    const auto openType = program.dynamicCast<Fonts::OpenTypeFont>();
+    if (isUsual && program && !(openType && openType->isVariable()))
+        return program;
+    auto installed = FontManager::findInstalledFamily(wishOf(font, style));
+    return installed ? installed : program;
+}
+
+/// Pictographs, which are shown in colour by themselves.
+bool isEmoji(char32_t character) {
+    return character >= 0x1F000 && character <= 0x1FAFF;
 }
 
 }  // namespace
@@ -57,12 +67,13 @@ const ChosenFont* FontChooser::choose(const TextStyle& style, char32_t character
     FontList& list = listFor(style);
     const auto [entry, isNew] = list.known.try_emplace(character, nullptr);
     if (isNew)
-        entry->second = search(list, character);
+        entry->second = search(list, style, character);
     return entry->second;
 }
 
 FontChooser::FontList& FontChooser::listFor(const TextStyle& style) {
-    const StyleKey key{std::string(style.families), style.weight, style.slant};
+    const StyleKey key{std::string(style.families), style.weight, style.slant, style.stretch,
+                       std::string(style.variations)};
     if (const auto known = lists_.find(key); known != lists_.end())
         return known->second;
     if (!style.families.empty() && !maySearch()) {
@@ -111,13 +122,20 @@ bool FontChooser::maySearch() {
 }
 
 void FontChooser::addKnown(std::string_view family, const TextStyle& style, FontList& list) {
+    if (faces_.has(family)) {
+        for (ChosenFont& font : faces_.find(family, style))
+            list.fonts.push_back(std::make_unique<const ChosenFont>(std::move(font)));
+        return;
+    }
     if (isGeneric(family)) {
         addPreferred(family, style, list);
         return;
     }
     ChosenFont font{Core::String(family), style.weight, style.slant, nullptr};
     font.program = isOfStandardMeasure(family) ? FontManager::findFont(font.ofSize(1))
-                                               : FontManager::findFamily(font.ofSize(1));
+                                               : findFamily(font, style);
+    if (font.program && FontManager::findFont(font.ofSize(1)) != font.program)
+        giveName(font);
     if (font.program)
         list.fonts.push_back(std::make_unique<const ChosenFont>(std::move(font)));
 }
@@ -133,11 +151,11 @@ void FontChooser::addPreferred(std::string_view family, const TextStyle& style, 
         list.fonts.push_back(std::make_unique<const ChosenFont>(std::move(font)));
 }
 
-const ChosenFont* FontChooser::search(FontList& list, char32_t character) {
+const ChosenFont* FontChooser::search(FontList& list, const TextStyle& style, char32_t character) {
     for (const auto& font : list.fonts)
-        if (font->program->covers(character))
+        if (font->shows(character))
             return font.get();
-    auto other = substitute(*list.fonts.front(), character);
+    auto other = substitute(*list.fonts.front(), style, character);
     if (!other)
         return list.fonts.front().get();
     list.fonts.push_back(std::move(other));
@@ -145,9 +163,14 @@ const ChosenFont* FontChooser::search(FontList& list, char32_t character) {
 }
 
 std::unique_ptr<const ChosenFont> FontChooser::substitute(const ChosenFont& wanted,
+                                                          const TextStyle& style,
                                                           char32_t character) {
-    ChosenFont font = wanted;
-    font.program = FontManager::findFontFor(character, wanted.ofSize(1));
+    ChosenFont font{wanted.family, wanted.weight, wanted.slant, nullptr};
+    if (!isEmoji(character))
+        font.program = FontManager::findFontFor(character, wanted.ofSize(1));
+    if (!font.program)
+        font.program =
+            FontManager::findInstalledFontFor(character, wishOf(wanted, style), isEmoji(character));
     if (!font.program)
         return nullptr;
     giveName(font);

@@ -1,5 +1,8 @@
 #include "psrender/svg/text/Paragraph.h"
 
+#include "psrender/svg/text/UpperCase.h"
+#include "psrender/svg/text/UprightCharacters.h"
+
 #include <fribidi.h>
 #include <hb.h>
 
@@ -19,19 +22,46 @@ struct Traits {
     const ChosenFont* font = nullptr;
     hb_script_t script = HB_SCRIPT_COMMON;
     std::uint8_t level = 0;
+    bool isUpright = false;
+    bool isSmallCapital = false;
 };
+
+/// The characters with those that embed them in the places where elements ask for it.
+std::vector<FriBidiChar> textWithControls(const TextContent& content) {
+    std::vector<FriBidiChar> text;
+    text.reserve(content.characters.size() + content.controls.size());
+    auto control = content.controls.begin();
+    for (std::size_t i = 0; i <= content.characters.size(); ++i) {
+        for (; control != content.controls.end() && control->before <= i; ++control)
+            text.push_back(control->code);
+        if (i < content.characters.size())
+            text.push_back(content.characters[i].code);
+    }
+    return text;
+}
+
+/// Leaves the levels of the characters alone.
+std::vector<std::uint8_t> withoutControls(const std::vector<FriBidiLevel>& found,
+                                          const TextContent& content) {
+    std::vector<std::uint8_t> levels;
+    levels.reserve(content.characters.size());
+    auto control = content.controls.begin();
+    auto level = found.begin();
+    for (std::size_t i = 0; i < content.characters.size(); ++i) {
+        for (; control != content.controls.end() && control->before <= i; ++control)
+            ++level;
+        levels.push_back(static_cast<std::uint8_t>(*level++));
+    }
+    return levels;
+}
 
 /// Embedding levels (Unicode Annex 9), all 0 for text from left to right.
 std::vector<std::uint8_t> embeddingLevels(const TextContent& content) {
-    std::vector<FriBidiChar> text;
-    text.reserve(content.characters.size());
-    for (const TextCharacter& character : content.characters)
-        text.push_back(character.code);
-    std::vector<std::uint8_t> levels(text.size());
-    const bool isRightToLeft = content.spans.front().style.text.isRightToLeft;
-    if (!isRightToLeft &&
+    const std::vector<FriBidiChar> text = textWithControls(content);
+    const bool isRightToLeft = content.isRightToLeft;
+    if (!isRightToLeft && content.controls.empty() &&
         std::ranges::all_of(text, [](FriBidiChar code) { return code < kFirstRightToLeft; }))
-        return levels;
+        return std::vector<std::uint8_t>(text.size());
     const auto count = static_cast<FriBidiStrIndex>(text.size());
     std::vector<FriBidiCharType> types(text.size());
     std::vector<FriBidiBracketType> brackets(text.size());
@@ -42,9 +72,7 @@ std::vector<std::uint8_t> embeddingLevels(const TextContent& content) {
     if (fribidi_get_par_embedding_levels_ex(types.data(), brackets.data(), count, &base,
                                             found.data()) == 0)
         throw std::bad_alloc();
-    std::ranges::transform(found, levels.begin(),
-                           [](FriBidiLevel level) { return static_cast<std::uint8_t>(level); });
-    return levels;
+    return withoutControls(found, content);
 }
 
 bool joinsItsNeighbour(char32_t code) {
@@ -87,18 +115,20 @@ private:
             chunks_.push_back({index, index, {}});
         TextChunk& chunk = chunks_.back();
         const bool isOverfull = hasTooManyMarks(character.code);
-        const bool goesOn = !beginsChunk && !character.isMoved() &&
-                            content_.characters[index - 1].rotation == 0 &&
-                            character.span == content_.characters[index - 1].span && !isOverfull &&
-                            traits.font == last_.font && traits.level == last_.level &&
+        const bool goesOn = !beginsChunk && character.span == content_.characters[index - 1].span &&
+                            !isOverfull && traits.font == last_.font &&
+                            traits.level == last_.level && traits.isUpright == last_.isUpright &&
+                            traits.isSmallCapital == last_.isSmallCapital &&
                             (traits.script == last_.script || traits.script == HB_SCRIPT_COMMON ||
                              last_.script == HB_SCRIPT_COMMON);
         if (!goesOn)
-            chunk.segments.push_back({index, index, traits.font, traits.level});
+            chunk.segments.push_back(
+                {index, index, traits.font, traits.level, traits.isUpright, traits.isSmallCapital});
         chunk.segments.back().end = chunk.end = index + 1;
         const hb_script_t script =
             goesOn && traits.script == HB_SCRIPT_COMMON ? last_.script : traits.script;
-        last_ = {traits.font, script, traits.level};
+        last_ = traits;
+        last_.script = script;
     }
 
     /// The shaper compares each mark with all before it on the same letter.
@@ -121,8 +151,24 @@ private:
         const bool joins = index > 0 && character.span == content_.characters[index - 1].span &&
                            joinsItsNeighbour(character.code) &&
                            last_.font->program->covers(character.code);
-        return {joins ? last_.font : fonts_.choose(span.style.text, character.code),
-                scriptOf(character.code), levels_[index]};
+        Traits traits{joins ? last_.font : fonts_.choose(span.style.text, character.code),
+                      scriptOf(character.code), levels_[index]};
+        const bool isMark = joins && character.code != U' ';
+        traits.isUpright = isMark ? last_.isUpright : standsUpright(character.code, span);
+        traits.isSmallCapital =
+            isMark ? last_.isSmallCapital : isSmallCapital(character.code, span.style.text);
+        return traits;
+    }
+
+    [[nodiscard]] bool standsUpright(char32_t code, const TextSpan& span) const {
+        if (!content_.isVertical || span.style.text.orientation == Orientation::sideways)
+            return false;
+        return span.style.text.orientation == Orientation::upright || svg::standsUpright(code);
+    }
+
+    static bool isSmallCapital(char32_t code, const TextStyle& style) {
+        return style.capitals != Capitals::normal &&
+               (style.capitals == Capitals::all || upperCase(code) != code);
     }
 
     /// From the highest level down to the lowest odd one, every stretch of at least that level is

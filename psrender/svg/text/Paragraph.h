@@ -9,13 +9,14 @@
 
 namespace psrender::svg {
 
-/// A piece of a text that is shaped as one: same span, font, script and direction, and placed by
-/// nothing but the pen behind its first character.
+/// A piece of a text that is shaped as one: same span, font, script and direction.
 struct TextSegment {
     std::size_t begin = 0;
     std::size_t end = 0;
     const ChosenFont* font = nullptr;
     std::uint8_t level = 0;  ///< of embedding; odd ones run from right to left
+    bool isUpright = false;  ///< in vertical text
+    bool isSmallCapital = false;
 };
 
 /// A piece of a text that an absolute position begins; it is anchored as a whole.

@@ -22,7 +22,7 @@ Point pointOf(Point from, const Point* c, double t) {
 
 }  // namespace
 
-PathWalk::PathWalk(const Outline& outline) {
+PathWalk::PathWalk(const Outline& outline, bool isReversed) : isReversed_(isReversed) {
     const Point* next = outline.points().data();
     Point start;
     Point at;
@@ -66,6 +66,14 @@ void PathWalk::addCubic(Point from, const Point* controls) {
 }
 
 std::optional<PathWalk::Place> PathWalk::at(double distance) const {
+    constexpr double kBackwards = 180;
+    auto place = forwards(isReversed_ ? length() - distance : distance);
+    if (place && isReversed_)
+        place->angle += kBackwards;
+    return place;
+}
+
+std::optional<PathWalk::Place> PathWalk::forwards(double distance) const {
     if (!(distance >= 0 && distance <= length()) || chords_.empty())
         return std::nullopt;
     const auto found = std::ranges::lower_bound(ends_, distance);

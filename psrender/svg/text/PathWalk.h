@@ -15,7 +15,8 @@ public:
         double angle = 0;  ///< degrees, clockwise from the x axis
     };
 
-    explicit PathWalk(const scene::Outline& outline);
+    /// From its end to its start if `isReversed`.
+    explicit PathWalk(const scene::Outline& outline, bool isReversed = false);
 
     [[nodiscard]] double length() const { return ends_.empty() ? 0 : ends_.back(); }
     /// Nothing before the start and behind the end.
@@ -30,8 +31,11 @@ private:
     void add(scene::Point from, scene::Point to);
     void addCubic(scene::Point from, const scene::Point* controls);
 
+    [[nodiscard]] std::optional<Place> forwards(double distance) const;
+
     std::vector<Chord> chords_;
     std::vector<double> ends_;  ///< distance at the end of each chord
+    bool isReversed_;
 };
 
 }  // namespace psrender::svg

@@ -3,7 +3,9 @@
 #include "Core/Unicode.h"
 #include "Fonts/FontScript.h"
 #include "Fonts/UnicodeRanges.h"
+#include "psrender/svg/text/FontFeatures.h"
 
+#include <hb-ot.h>
 #include <hb.h>
 
 #include <algorithm>
@@ -24,13 +26,40 @@ struct Deleter {
     void operator()(hb_font_t* font) const { hb_font_destroy(font); }
 };
 
-constexpr hb_feature_t off(hb_tag_t tag) {
-    return {tag, 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END};
+constexpr hb_tag_t kSmallCapitals = HB_TAG('s', 'm', 'c', 'p');
+constexpr hb_tag_t kSmallFromLarge = HB_TAG('c', '2', 's', 'c');
+
+hb_feature_t feature(hb_tag_t tag, std::uint32_t value) {
+    return {tag, value, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END};
 }
 
-/// What may be switched off. Letters that are set apart are not to be joined.
-constexpr hb_feature_t kNoKerning = off(HB_TAG('k', 'e', 'r', 'n'));
-constexpr std::array kNoLigatures{off(HB_TAG('l', 'i', 'g', 'a')), off(HB_TAG('c', 'l', 'i', 'g'))};
+/// What is to be switched off or on. Letters that are set apart are not to be joined.
+std::vector<hb_feature_t> featuresOf(const ShapingRun& run) {
+    std::vector<hb_feature_t> features;
+    if (!run.hasLigatures)
+        features = {feature(HB_TAG('l', 'i', 'g', 'a'), 0), feature(HB_TAG('c', 'l', 'i', 'g'), 0)};
+    if (!run.isKerned)
+        features.push_back(feature(HB_TAG('k', 'e', 'r', 'n'), 0));
+    if (run.hasSmallCapitals) {
+        features.push_back(feature(kSmallCapitals, 1));
+        features.push_back(feature(kSmallFromLarge, 1));
+    }
+    for (const FontSetting& setting : parseFontSettings(run.features))
+        features.push_back(feature(setting.tag, static_cast<std::uint32_t>(setting.value)));
+    return features;
+}
+
+bool hasSubstitution(hb_face_t* face, hb_tag_t wanted) {
+    std::array<hb_tag_t, 32> tags{};
+    unsigned count = tags.size();
+    unsigned from = 0;
+    for (; count == tags.size(); from += count) {
+        hb_ot_layout_table_get_feature_tags(face, HB_OT_TAG_GSUB, from, &count, tags.data());
+        if (std::find(tags.begin(), tags.begin() + count, wanted) != tags.begin() + count)
+            return true;
+    }
+    return false;
+}
 
 /// A font without layout tables: one glyph a character, and the font's own kerning.
 std::vector<ShapedGlyph> lineUp(const FontProgram& program, std::span<const char32_t> text,
@@ -64,7 +93,14 @@ public:
                                          HB_MEMORY_MODE_READONLY, nullptr, nullptr);
         hb_face_t* face = hb_face_create(blob, file.faceIndex);
         font_.reset(hb_font_create(face));
+        std::vector<hb_variation_t> places;
+        for (const Fonts::FontAxis& axis : file.axes)
+            places.push_back({axis.tag, axis.value});
+        if (!places.empty())
+            hb_font_set_variations(font_.get(), places.data(),
+                                   static_cast<unsigned>(places.size()));
         unit_ = 1.0 / hb_face_get_upem(face);
+        hasSmallCapitals_ = hasSubstitution(face, kSmallCapitals);
         hb_face_destroy(face);
         hb_blob_destroy(blob);
     }
@@ -76,20 +112,19 @@ public:
         hb_buffer_add_utf32(buffer.get(), reinterpret_cast<const std::uint32_t*>(text.data()),
                             static_cast<int>(text.size()), static_cast<unsigned>(run.begin),
                             static_cast<int>(run.end - run.begin));
-        hb_buffer_set_direction(buffer.get(),
-                                run.isRightToLeft ? HB_DIRECTION_RTL : HB_DIRECTION_LTR);
+        hb_buffer_set_direction(buffer.get(), run.isUpright       ? HB_DIRECTION_TTB
+                                              : run.isRightToLeft ? HB_DIRECTION_RTL
+                                                                  : HB_DIRECTION_LTR);
         hb_buffer_guess_segment_properties(buffer.get());
-        std::vector<hb_feature_t> features;
-        if (!run.hasLigatures)
-            features.assign(kNoLigatures.begin(), kNoLigatures.end());
-        if (!run.isKerned)
-            features.push_back(kNoKerning);
+        const std::vector<hb_feature_t> features = featuresOf(run);
         const bool isShaped = hb_shape_full(font_.get(), buffer.get(), features.data(),
                                             static_cast<unsigned>(features.size()), nullptr) != 0;
         if (!isShaped || hb_buffer_allocation_successful(buffer.get()) == 0)
             throw std::bad_alloc();
         return glyphsOf(buffer.get(), text, run);
     }
+
+    [[nodiscard]] bool hasSmallCapitals() const { return hasSmallCapitals_; }
 
 private:
     [[nodiscard]] std::vector<ShapedGlyph> glyphsOf(hb_buffer_t* buffer,
@@ -107,14 +142,14 @@ private:
             const hb_glyph_position_t& at = positions[i];
             glyphs[i] = {infos[i].codepoint,
                          infos[i].cluster,
-                         at.x_advance * unit_,
-                         at.x_offset * unit_,
-                         at.y_offset * unit_,
+                         (run.isUpright ? -at.y_advance : at.x_advance) * unit_,
+                         (run.isUpright ? -at.y_offset : at.x_offset) * unit_,
+                         (run.isUpright ? at.x_offset : at.y_offset) * unit_,
                          false,
                          isLast,
                          isFirst ? endOfCluster({infos, count}, i, run) - infos[i].cluster : 0};
-            glyphs[i].isPlain = isAlone && !run.isRightToLeft && at.x_offset == 0 &&
-                                at.y_offset == 0 &&
+            glyphs[i].isPlain = isAlone && !run.isRightToLeft && !run.isUpright &&
+                                at.x_offset == 0 && at.y_offset == 0 &&
                                 isNominal(text[infos[i].cluster], infos[i].codepoint);
         }
         return glyphs;
@@ -140,6 +175,7 @@ private:
 
     std::unique_ptr<hb_font_t, Deleter> font_;
     double unit_ = 0;
+    bool hasSmallCapitals_ = false;
 };
 
 Shaper::Shaper() = default;
@@ -149,6 +185,11 @@ std::vector<ShapedGlyph> Shaper::shape(const FontProgram& program, std::span<con
                                        const ShapingRun& run) {
     const OpenFont* font = open(program);
     return font != nullptr ? font->shape(text, run) : lineUp(program, text, run);
+}
+
+bool Shaper::hasSmallCapitals(const FontProgram& program) {
+    const OpenFont* font = open(program);
+    return font != nullptr && font->hasSmallCapitals();
 }
 
 const Shaper::OpenFont* Shaper::open(const FontProgram& program) {

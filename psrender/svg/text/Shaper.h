@@ -6,12 +6,14 @@
 #include <cstdint>
 #include <memory>
 #include <span>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
 namespace psrender::svg {
 
-/// A glyph of a shaped text, in ems.
+/// A glyph of a shaped text, in ems. The line runs to the right for upright glyphs, too: they are
+/// to be turned to the left, and the line as a whole to the right.
 struct ShapedGlyph {
     std::uint32_t id = 0;
     std::size_t character = 0;  ///< the first one that it shows, counted in the whole text
@@ -30,8 +32,11 @@ struct ShapingRun {
     std::size_t begin = 0;
     std::size_t end = 0;
     bool isRightToLeft = false;
+    bool isUpright = false;  ///< one glyph below the other
     bool hasLigatures = true;
     bool isKerned = true;
+    bool hasSmallCapitals = false;
+    std::string_view features;  ///< of the font, as a style sheet lists them
 };
 
 /// Chooses and places glyphs by the rules of scripts and fonts.
@@ -45,6 +50,8 @@ public:
     /// The glyphs of `run` of `text` from left to right. `program` must outlive the shaper.
     std::vector<ShapedGlyph> shape(const Fonts::FontProgram& program,
                                    std::span<const char32_t> text, const ShapingRun& run);
+    /// Whether the font has small capitals of its own.
+    [[nodiscard]] bool hasSmallCapitals(const Fonts::FontProgram& program);
 
 private:
     class OpenFont;

@@ -11,13 +11,15 @@
 namespace psrender::svg {
 
 class StyleResolver;
+class XmlTree;
 
 /// A piece of text with one style.
 struct TextSpan {
     pugi::xml_node element;
     ComputedStyle style;
     double baselineShift = 0;  ///< user units upwards, that of all elements around included
-    pugi::xml_node path;       ///< the `textPath` that it runs along, or none
+    Baseline baseline = Baseline::alphabetic;
+    pugi::xml_node path;  ///< the `textPath` that it runs along, or none
 };
 
 /// A character and what the elements around it say of its place, in user units.
@@ -29,18 +31,26 @@ struct TextCharacter {
     double dx = 0;
     double dy = 0;
     double rotation = 0;  ///< degrees, clockwise
+};
 
-    [[nodiscard]] bool isMoved() const { return x || y || dx != 0 || dy != 0 || rotation != 0; }
+/// A character that says how those behind it are ordered, and is not shown.
+struct BidiControl {
+    std::size_t before = 0;  ///< the character that it stands before
+    char32_t code = 0;
 };
 
 /// A text element in reading order, with its white space as it is shown.
 struct TextContent {
     std::vector<TextSpan> spans;
     std::vector<TextCharacter> characters;
+    std::vector<BidiControl> controls;
+    std::vector<std::size_t> paragraphs;  ///< where those of flowing text begin
+    bool isRightToLeft = false;           ///< as a whole
+    bool isVertical = false;              ///< lines run down the page
 };
 
-/// Reads the element `text`, whose style is `style`.
+/// Reads the element `text`, whose style is `style`. `tree` holds what it refers to.
 TextContent readTextContent(pugi::xml_node text, const ComputedStyle& style,
-                            const Measures& measures, StyleResolver& styles);
+                            const Measures& measures, StyleResolver& styles, const XmlTree& tree);
 
 }  // namespace psrender::svg

@@ -20,6 +20,12 @@ constexpr double kDrift = 0.01;
 /// Drawn by outlines, more of them would be one path that interpreters have no room for.
 constexpr std::size_t kMostGlyphs = 1000;
 
+bool isTurnedAlike(const Affine& a, const Affine& b) {
+    constexpr double kNoise = 1e-9;
+    return std::abs(a.a - b.a) < kNoise && std::abs(a.b - b.b) < kNoise &&
+           std::abs(a.c - b.c) < kNoise && std::abs(a.d - b.d) < kNoise;
+}
+
 class Gatherer {
 public:
     explicit Gatherer(const TextContent& content) : content_(content) {}
@@ -29,8 +35,7 @@ public:
             finish();
             begin(glyph);
         }
-        const scene::Point at{(glyph.origin.x - origin_.x) / glyph.stretch,
-                              glyph.origin.y - origin_.y};
+        const scene::Point at = placeOf(glyph);
         const std::size_t before = text_.size();
         for (std::size_t i = 0; i < glyph.countCharacters; ++i)
             Core::Unicode::appendUtf16(text_, content_.characters[glyph.character + i].code);
@@ -45,16 +50,17 @@ public:
     }
 
 private:
-    [[nodiscard]] double sizeOf(const LaidGlyph& glyph) const {
-        return content_.spans[glyph.span].style.fontSize;
-    }
-
     [[nodiscard]] bool goesOn(const LaidGlyph& glyph) {
         if (!run_ || run_->glyphs.size() == kMostGlyphs || glyph.font != last_.font ||
-            glyph.span != last_.span || glyph.rotation != 0 || last_.rotation != 0 ||
-            glyph.isPlain != last_.isPlain || glyph.stretch != last_.stretch)
+            glyph.size != last_.size || glyph.span != last_.span ||
+            glyph.isPlain != last_.isPlain || !isTurnedAlike(glyph.map, last_.map))
             return false;
         return !glyph.isPlain || followsByItself(glyph);
+    }
+
+    /// In the space of the run.
+    [[nodiscard]] scene::Point placeOf(const LaidGlyph& glyph) const {
+        return toRun_.apply({glyph.map.e, glyph.map.f});
     }
 
     /// Whether the pen of a back end would stand where `glyph` is.
@@ -64,13 +70,13 @@ private:
                             Fonts::UnicodeRanges::isMark(static_cast<char16_t>(code));
         const Fonts::FontProgram& program = *glyph.font->program;
         const int kern = program.getKerning(last_.id, glyph.id, isMark).value_or(0);
-        const double size = sizeOf(glyph);
-        const double step = (double{program.getAdvance(last_.id)} - kern) * size / kEm +
-                            content_.spans[glyph.span].style.text.letterSpacing;
+        const double size = glyph.size;
+        const double step =
+            (double{program.getAdvance(last_.id)} - kern) * size / kEm + glyph.spacing;
         const double expected = expected_ + step;
-        const double actual = (glyph.origin.x - origin_.x) / glyph.stretch;
-        if (std::abs(actual - expected) > kDrift * size ||
-            std::abs(glyph.origin.y - last_.origin.y) > kDrift * size / 10)
+        const scene::Point at = placeOf(glyph);
+        if (std::abs(at.x - expected) > kDrift * size ||
+            std::abs(at.y - placeOf(last_).y) > kDrift * size / 10)
             return false;
         expected_ = expected;
         return true;
@@ -78,15 +84,15 @@ private:
 
     void begin(const LaidGlyph& glyph) {
         run_ = std::make_shared<TextRun>();
-        run_->font = glyph.font->ofSize(sizeOf(glyph));
+        run_->font = glyph.font->ofSize(glyph.size);
         run_->program = glyph.font->program;
-        run_->size = sizeOf(glyph);
-        run_->spacing = content_.spans[glyph.span].style.text.letterSpacing;
+        run_->registration = glyph.font->registration;
+        run_->size = glyph.size;
+        run_->spacing = glyph.spacing;
         run_->isPlain = glyph.isPlain;
-        origin_ = glyph.origin;
+        transform_ = glyph.map;
+        toRun_ = transform_.isInvertible() ? transform_.inverse() : Affine();
         expected_ = 0;
-        transform_ = Affine::translation(origin_.x, origin_.y) * Affine::rotation(glyph.rotation) *
-                     Affine::scaling(glyph.stretch, 1);
     }
 
     void finish() {
@@ -102,7 +108,7 @@ private:
     std::shared_ptr<TextRun> run_;  ///< that is being gathered
     std::u16string text_;
     Affine transform_;
-    scene::Point origin_;
+    Affine toRun_;
     double expected_ = 0;  ///< where the last glyph would stand if only the font had its way
     LaidGlyph last_;
 };

@@ -29,6 +29,7 @@ constexpr std::array kEntries{
     Entry{"desc", silent},
     Entry{"ellipse", ellipse},
     Entry{"filter", definition},
+    Entry{"flowRoot", text},
     Entry{"font", definition},
     Entry{"font-face", definition},
     Entry{"foreignObject", foreignObject},

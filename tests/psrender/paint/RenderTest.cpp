@@ -1,4 +1,5 @@
 #include "tests/psrender/Spots.h"
+#include "tests/psrender/svg/text/BoxesFont.h"
 #include "tests/support/Interpreter.h"
 
 #include <gmock/gmock.h>
@@ -121,6 +122,26 @@ TEST(Rendering, ShowsTextFilledStrokedAndAlongCurves) {
          {42.9, 70, false},
          {72.6, 53, true},
          {52.8, 80, true}});
+}
+
+TEST(Rendering, ShowsFontsThatADrawingBringsAlong) {
+    const auto boxes = [](const std::string& attributes, const char* letter) {
+        return "<style>@font-face{font-family:Boxes;font-weight:100 900;src:url(" +
+               std::string(kBoxesFont) +
+               ")}</style><text x='10' y='60' font-family='Boxes' font-size='50' fill='red' " +
+               attributes + ">" + letter + "</text>";
+    };
+    expectSpots(boxes("", "A"), {{30, 20, true}, {40, 20, false}});
+    expectSpots(boxes("font-weight='900'", "A"), {{30, 20, true}, {50, 20, true}, {58, 20, false}});
+    expectSpots(boxes("", "B"), {{20, 20, true}, {50, 20, true}});
+    expectSpots(boxes("fill-opacity='0'", "B"), {{20, 20, false}});
+    expectSpots(boxes("", "C"), {{15, 15, true}, {55, 55, true}, {65, 40, false}});
+    expectSpots(boxes("writing-mode='tb'", "A"), {{10, 70, true}, {10, 55, false}});
+    EXPECT_THAT(
+        outputOf("ps2pdf - - | pdftotext - -", script(boxes("font-weight='700'", "A") +
+                                                      boxes("transform='translate(0,30)'", "B") +
+                                                      boxes("transform='translate(40,30)'", "C"))),
+        testing::AllOf(testing::HasSubstr("A"), testing::HasSubstr("B"), testing::HasSubstr("C")));
 }
 
 /// Words that are found in the page again, as a reader would search for them.
