@@ -160,8 +160,10 @@ std::vector<std::size_t> BlendStage::place(const BlendArea& area, std::size_t be
             over(area.appearance(), layer.appearanceAt(area.box().centre(), beneath, budget_)))};
     else if (!area.appearance().isOpaque())
         mix = layer.mix(area, beneath, budget_);
-    for (std::size_t i = 0; i < mix.averages; ++i)
+    for (std::size_t i = 0; i < mix.averages; ++i) {
+        budget_.noteAverage();
         warnings_.add("patterns and changing colours are blended with an average colour");
+    }
     if (budget_.isSpent())
         warnings_.add("translucent shapes are blended over white where there are too many");
     show(mix);

@@ -61,7 +61,17 @@ void EffectStage::takeItem(Item item) {
     if (!cutOuts_.empty() && liesOnCutOut({item}) && hasTranslucency({{item}}))
         showAsPicture({std::move(item)});
     else
-        pass(std::move(item));
+        passSingle(std::move(item));
+}
+
+/// What lies over a pattern cannot always be blended with it in vectors.
+void EffectStage::passSingle(Item item) {
+    const scene::Paint* paint = paintOf(item);
+    const bool isPattern = paint != nullptr && paint->pattern() != nullptr;
+    if (isPattern && hasPicturesOnPatterns_)
+        if (const auto box = boxOf(item))
+            cutOuts_.push_back(*box);
+    pass(std::move(item));
 }
 
 void EffectStage::on(scene::Picture picture) {

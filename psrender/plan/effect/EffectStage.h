@@ -18,9 +18,12 @@ namespace psrender::plan {
 /// Behind it groups have no effects.
 class EffectStage : public Stage {
 public:
-    /// Both must outlive the stage.
-    EffectStage(PixelMaker maker, Warnings& warnings, Sink& next)
-        : Stage(next), maker_(std::move(maker)), warnings_(warnings) {}
+    /// Both must outlive the stage. `hasPicturesOnPatterns` takes patterns for cut-outs.
+    EffectStage(PixelMaker maker, bool hasPicturesOnPatterns, Warnings& warnings, Sink& next)
+        : Stage(next),
+          maker_(std::move(maker)),
+          hasPicturesOnPatterns_(hasPicturesOnPatterns),
+          warnings_(warnings) {}
 
 protected:
     void on(scene::Shape shape) override { takeItem(std::move(shape)); }
@@ -34,6 +37,7 @@ private:
     using Items = std::vector<scene::Item>;
 
     void takeItem(scene::Item item);
+    void passSingle(scene::Item item);
     void takeGroup();
     void pass(scene::Item item);
     /// Shows items as one picture.
@@ -44,9 +48,10 @@ private:
     [[nodiscard]] bool liesOnCutOut(const Items& items) const;
 
     PixelMaker maker_;
+    bool hasPicturesOnPatterns_;
     Warnings& warnings_;
     Beneath beneath_;
-    std::vector<scene::Rect> cutOuts_;  ///< boxes of pictures that are cut out
+    std::vector<scene::Rect> cutOuts_;  ///< boxes of what nothing in vectors can be blended with
     Items group_;                       ///< that is not complete yet
     std::size_t depth_ = 0;             ///< of groups within it, itself included
 };

@@ -89,6 +89,15 @@ std::optional<Picture> pictureOf(const Pixels& pixels, const Area& area) {
     return placed(area, std::move(colors), std::move(alpha));
 }
 
+Picture onPaper(const Pixels& pixels, const Area& area) {
+    std::vector<std::uint8_t> colors;
+    colors.reserve(3 * pixels.argb.size());
+    for (const std::uint32_t pixel : pixels.argb)
+        for (const std::uint32_t color : colorsOf(pixel))
+            colors.push_back(static_cast<std::uint8_t>(color + kOpaque - alphaOf(pixel)));
+    return placed(area, std::move(colors), {});
+}
+
 std::optional<Picture> cutOut(const Pixels& seen, const Pixels& shape, const Area& area) {
     std::vector<std::uint8_t> colors;
     std::vector<std::uint8_t> alpha;

@@ -20,6 +20,9 @@ void layOver(const raster::Pixels& above, raster::Pixels& below);
 [[nodiscard]] std::optional<scene::Picture> pictureOf(const raster::Pixels& pixels,
                                                       const raster::Area& area);
 
+/// An opaque picture of the pixels on white paper.
+[[nodiscard]] scene::Picture onPaper(const raster::Pixels& pixels, const raster::Area& area);
+
 /// A picture that is opaque wherever `shape` shows something and clear elsewhere, with the colours
 /// of `seen` on white paper.
 [[nodiscard]] std::optional<scene::Picture> cutOut(const raster::Pixels& seen,

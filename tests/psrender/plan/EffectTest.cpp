@@ -127,5 +127,38 @@ TEST(Effects, AreBlendedWithTranslucentThingsOnTop) {
     expectColor(seen, 50, 90, {128, 128, 128});
 }
 
+/// Too many to be cut into pieces; text above and beneath is still found.
+TEST(Effects, StandInForTranslucentShapesWithoutNumber) {
+    std::string discs;
+    for (int i = 0; i < 1500; ++i)
+        discs += "<circle cx='" + std::to_string(i * 37 % 97) + "' cy='" +
+                 std::to_string(i * 53 % 89) + "' r='" + std::to_string(10 + i % 20) + "' fill='#" +
+                 std::to_string(100 + i % 900) + "' opacity='.1'/>";
+    const std::string body = "<text y='20' opacity='.9'>Beneath</text>" + discs +
+                             "<rect x='70' y='70' width='30' height='30' fill='lime'/>"
+                             "<text y='90'>Above</text>";
+    const std::string made = script(body);
+    EXPECT_LT(made.size(), 400'000U);
+    const std::string words = outputOf("ps2pdf - - | pdftotext - -", made);
+    EXPECT_THAT(words, HasSubstr("Beneath"));
+    EXPECT_THAT(words, HasSubstr("Above"));
+    const Picture seen = shown(body);
+    expectColor(seen, 85, 85, {0, 255, 0});
+    const Picture::Pixel mixed = seen.at(100, 100);
+    EXPECT_LT(mixed.at(0), 200);
+}
+
+TEST(Effects, StandInForWhatIsBlendedWithPatterns) {
+    const Picture seen = shown(
+        "<pattern id='p' width='10' height='10' patternUnits='userSpaceOnUse'>"
+        "<rect width='5' height='10' fill='black'/></pattern>"
+        "<linearGradient id='g'><stop stop-color='red'/><stop offset='1' stop-color='lime'/>"
+        "</linearGradient><rect width='100' height='100' fill='url(#p)'/>"
+        "<rect width='100' height='100' fill='url(#g)' opacity='.5'/>");
+    expectColor(seen, 2, 50, {124, 3, 0});
+    expectColor(seen, 7, 50, {246, 137, 128});
+    expectColor(seen, 92, 50, {10, 118, 0});
+}
+
 }  // namespace
 }  // namespace psrender::tests
