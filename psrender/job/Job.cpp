@@ -63,7 +63,7 @@ public:
           interim_(makesPdf(request) ? std::make_optional<InterimFile>() : std::nullopt),
           document_(Core::makeObject<Drawing::Print::PrintDocument>(
               interim_ ? interim_->stream() : output_.stream(), settingsOf(request))),
-          reader_(request.mostPixels, request.limits),
+          reader_(request.mostPixels, request.limits, request.wishes),
           planner_({request.mostDotsPerInch, request.opacity}),
           painter_(*document_),
           progress_(request.inputs.size(), !request.quiet && ::isatty(STDERR_FILENO) == 1) {}

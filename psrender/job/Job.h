@@ -34,6 +34,7 @@ struct JobRequest {
     double mostDotsPerInch = 0;  ///< of images, which are reduced to it; 0 keeps every pixel
     std::uint64_t mostPixels = kMostPixels;  ///< of one image
     svg::ReadingLimits limits;               ///< of one drawing
+    svg::ReadingWishes wishes;               ///< for drawings
     plan::OpacityWay opacity = plan::OpacityWay::blend;
     std::optional<Drawing::Print::PrintingRequest> printing;
     std::optional<std::string> previewPrefix;

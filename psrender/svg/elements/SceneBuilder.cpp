@@ -71,10 +71,11 @@ void makeSilhouette(ComputedStyle& style) {
 }  // namespace
 
 SceneBuilder::SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warnings& warnings,
-                           const ReadingLimits& limits)
+                           const ReadingLimits& limits, const ReadingWishes& wishes)
     : tree_(tree),
+      shown_(wishes.element),
       warnings_(warnings),
-      styles_(tree, warnings),
+      styles_(tree, warnings, wishes.styleSheet),
       paints_(tree, styles_, warnings,
               [this](pugi::xml_node pattern, const PaintPlace& place) {
                   return patterns_.read(pattern, place);
@@ -98,8 +99,16 @@ scene::Page SceneBuilder::build() {
     const ComputedStyle initial;
     const Rect area = drawingArea(tree_, styles_.resolve(root, initial).fontSize);
     const Affine toPage = Affine::scaling(kPointsPerPixel, kPointsPerPixel);
-    draw(root, {initial, toPage, {area.width, area.height}}, &area);
-    const auto content = isSizedByContent(root) ? canvas_.items().inkBox() : std::optional<Rect>();
+    const Surroundings around{initial, toPage, {area.width, area.height}};
+    const pugi::xml_node shown = shown_.empty() ? root : tree_.byId(shown_);
+    if (shown == root)
+        draw(root, around, &area);
+    else
+        drawAlone(shown, around, &area);
+    const bool isByContent = shown != root || isSizedByContent(root);
+    const auto content = isByContent ? canvas_.items().inkBox() : std::optional<Rect>();
+    if (shown != root && !content)
+        tree_.fail(shown, "nothing is to be seen of it; choose another element for --export-id");
     scene::Page page;
     page.items = canvas_.items().takeItems();
     page.width = area.width * kPointsPerPixel;
@@ -123,13 +132,7 @@ void SceneBuilder::draw(pugi::xml_node element, const Surroundings& around, cons
     if (!style.isDisplayed || style.opacity <= 0)
         return;
     warnOfLeftOut(style, kind, warnings_);
-    Surroundings inside{style,
-                        around.toPage * transformOf(style, around.measures),
-                        around.measures,
-                        around.depth + 1,
-                        around.isReferred,
-                        around.isClip};
-    inside.measures.fontSize = style.fontSize;
+    const Surroundings inside = enter(style, around);
     const auto drawMasked = [&] {
         if (style.mask.empty())
             drawContent(kind, element, inside, area);
@@ -142,6 +145,45 @@ void SceneBuilder::draw(pugi::xml_node element, const Surroundings& around, cons
         drawMasked();
     else
         canvas_.items().group(style.opacity, {}, drawMasked);
+}
+
+Surroundings SceneBuilder::enter(const ComputedStyle& style, const Surroundings& around) {
+    Surroundings inside{style,
+                        around.toPage * transformOf(style, around.measures),
+                        around.measures,
+                        around.depth + 1,
+                        around.isReferred,
+                        around.isClip};
+    inside.measures.fontSize = style.fontSize;
+    return inside;
+}
+
+/// Goes down to the element that is shown by what its ancestors hand on; their clips, masks and
+/// opacities are of their own picture.
+void SceneBuilder::drawAlone(pugi::xml_node shown, const Surroundings& around, const Rect* area) {
+    if (!shown)
+        tree_.fail(tree_.root(), "no element has the id \"" + shown_ +
+                                     "\"; choose one for --export-id that is in the drawing");
+    std::vector<pugi::xml_node> ancestors;
+    for (auto each = parentElement(shown); each; each = parentElement(each))
+        ancestors.push_back(each);
+    descend(ancestors, shown, around, area);
+}
+
+void SceneBuilder::descend(std::vector<pugi::xml_node>& ancestors, pugi::xml_node shown,
+                           const Surroundings& around, const Rect* area) {
+    if (ancestors.empty())
+        return draw(shown, around, nullptr);
+    const pugi::xml_node next = ancestors.back();
+    ancestors.pop_back();
+    const ComputedStyle style = styles_.resolve(next, around.style);
+    const Surroundings inside = enter(style, around);
+    if (elementKind(next.name()) != ElementKind::svg)
+        return descend(ancestors, shown, inside, nullptr);
+    const auto within = openWithin(
+        next, area != nullptr ? *area : nestedArea(next, inside.measures, warnings_), inside);
+    if (within)
+        descend(ancestors, shown, *within, nullptr);
 }
 
 void SceneBuilder::drawContent(ElementKind kind, pugi::xml_node element, const Surroundings& inside,
@@ -189,21 +231,29 @@ void SceneBuilder::drawChoice(pugi::xml_node element, const Surroundings& inside
         warnOfElement(ElementKind::foreignObject, warnings_);
 }
 
-void SceneBuilder::drawViewport(pugi::xml_node element, const Rect& area,
-                                const Surroundings& inside) {
+std::optional<Surroundings> SceneBuilder::openWithin(pugi::xml_node element, const Rect& area,
+                                                     const Surroundings& inside) {
     const auto viewport = openViewport(element, area, warnings_);
     if (!viewport)
-        return;
+        return std::nullopt;
     Surroundings within = inside;
     within.toPage = inside.toPage * viewport->map;
     within.measures.width = viewport->width;
     within.measures.height = viewport->height;
+    return within;
+}
+
+void SceneBuilder::drawViewport(pugi::xml_node element, const Rect& area,
+                                const Surroundings& inside) {
+    const auto within = openWithin(element, area, inside);
+    if (!within)
+        return;
     const bool isPage = element == tree_.root() && !inside.isReferred;
     if (isPage || inside.style.overflows)
-        drawChildren(element, within);
+        drawChildren(element, *within);
     else
         canvas_.items().group(1, scene::rectangleClip(area, inside.toPage),
-                              [&] { drawChildren(element, within); });
+                              [&] { drawChildren(element, *within); });
 }
 
 void SceneBuilder::checkEffort(pugi::xml_node element, const Surroundings& around) {

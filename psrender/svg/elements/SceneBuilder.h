@@ -17,8 +17,13 @@
 #include "psrender/svg/paint/PaintResolver.h"
 #include "psrender/svg/paint/ShapePaints.h"
 #include "psrender/svg/path/ShapeReader.h"
+#include "psrender/svg/values/ReadingWishes.h"
 #include "psrender/svg/xml/ElementKind.h"
 #include "psrender/svg/xml/XmlTree.h"
+
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace psrender::svg {
 
@@ -28,7 +33,7 @@ class SceneBuilder : private ElementWalker {
 public:
     /// Tree and warnings must outlive the builder.
     SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warnings& warnings,
-                 const ReadingLimits& limits);
+                 const ReadingLimits& limits, const ReadingWishes& wishes = {});
 
     /// To be called once. Throws `InputError`.
     scene::Page build();
@@ -37,6 +42,12 @@ private:
     void draw(pugi::xml_node element, const Surroundings& around, const scene::Rect* area) override;
     void drawChildren(pugi::xml_node element, const Surroundings& inside) override;
 
+    void drawAlone(pugi::xml_node shown, const Surroundings& around, const scene::Rect* area);
+    void descend(std::vector<pugi::xml_node>& ancestors, pugi::xml_node shown,
+                 const Surroundings& around, const scene::Rect* area);
+    static Surroundings enter(const ComputedStyle& style, const Surroundings& around);
+    std::optional<Surroundings> openWithin(pugi::xml_node element, const scene::Rect& area,
+                                           const Surroundings& inside);
     void drawContent(ElementKind kind, pugi::xml_node element, const Surroundings& inside,
                      const scene::Rect* area);
     void drawChoice(pugi::xml_node element, const Surroundings& inside);
@@ -44,6 +55,7 @@ private:
     void checkEffort(pugi::xml_node element, const Surroundings& around);
 
     const XmlTree& tree_;
+    const std::string shown_;  ///< the id of the only element that is shown
     Warnings& warnings_;
     StyleResolver styles_;
     PaintResolver paints_;
