@@ -19,7 +19,7 @@ _psrender() {
                        --duplex --copies --tray --media-color --jog
                        --config --format --output-dir --jobs --skip-existing --title --author --embed-fonts --colors --icc --strict --width --height --keep-aspect-ratio --scale --zoom --dpi --background
                        --x-zoom --y-zoom --dpi-x --dpi-y --background-color --pages --export-id --stylesheet
-                       --language --accept-language --unlimited --page-width --page-height --left --top'
+                       --language --accept-language --unlimited --page-width --page-height --left --top --info --json'
             fi ;;
     esac
     if [[ $words ]]; then

@@ -75,10 +75,10 @@ public:
         std::vector<std::string> arguments = options::allArguments(argc, argv);
         std::ranges::reverse(arguments);
         app_.parse(arguments);
-        output_.complete();
         JobRequest request;
-        output_.apply(request);
         report_.apply(request);
+        output_.complete(request.report != ReportForm::none);
+        output_.apply(request);
         options::ReportOptions::check(request);
         color_.apply(request);
         page_.apply(request);

@@ -2,6 +2,7 @@
 
 #include "Print/PrintSettings.h"
 #include "psrender/job/PageFrame.h"
+#include "psrender/job/Report.h"
 #include "psrender/plan/Planner.h"
 #include "psrender/svg/SvgReader.h"
 
@@ -38,9 +39,10 @@ struct JobRequest {
     plan::OpacityWay opacity = plan::OpacityWay::blend;
     std::optional<Drawing::Print::PrintingRequest> printing;
     std::optional<std::string> previewPrefix;
-    int previewResolution = 96;  ///< dots per inch
-    bool strict = false;         ///< what was simplified is told by the exit code
-    bool keepGoing = false;      ///< a bad page is skipped
+    int previewResolution = 96;            ///< dots per inch
+    ReportForm report = ReportForm::none;  ///< of what the pages have, on standard output
+    bool strict = false;                   ///< what was simplified is told by the exit code
+    bool keepGoing = false;                ///< a bad page is skipped
     bool quiet = false;
     bool verbose = false;
 };

@@ -18,6 +18,8 @@ namespace psrender::options {
 
 namespace {
 
+constexpr const char* kNowhere = "/dev/null";
+
 struct NamedFormat {
     std::string_view name;
     OutputFormat format;
@@ -83,9 +85,9 @@ void OutputOptions::addBatchTo(CLI::App& app) {
         ->needs(folder);
 }
 
-void OutputOptions::complete() {
+void OutputOptions::complete(bool isReported) {
     choosePages();
-    chooseOutput();
+    chooseOutput(isReported);
     chooseFormat();
     if (std::ranges::count(chosen_.inputs, "-") > 1)
         throw CLI::ValidationError("IN", "standard input can be read once only");
@@ -106,14 +108,20 @@ void OutputOptions::choosePages() {
     chosen_.inputs = left;
 }
 
-void OutputOptions::chooseOutput() {
+void OutputOptions::chooseOutput(bool isReported) {
     if (!batch_.folder.empty()) {
+        if (isReported)
+            throw CLI::ValidationError("--output-dir", "tells no --info; ask for it without");
         if (std::ranges::count(chosen_.inputs, "-") > 0)
             throw CLI::ValidationError("--output-dir", "needs inputs that have names");
         return;
     }
     if (!chosen_.output.empty())
         return;
+    if (isReported) {
+        chosen_.output = kNowhere;
+        return;
+    }
     if (::isatty(STDOUT_FILENO) == 1)
         throw CLI::RequiredError("-o OUT (standard output is a terminal)");
     chosen_.output = "-";

@@ -15,8 +15,9 @@ namespace psrender::options {
 class OutputOptions {
 public:
     void addTo(CLI::App& app);
-    /// Settles what was left open. Throws `CLI::ParseError` for what does not go together.
-    void complete();
+    /// Settles what was left open: where a report is asked for, no document need be written. Throws
+    /// `CLI::ParseError` for what does not go together.
+    void complete(bool isReported);
     void apply(JobRequest& request) const;
     /// Where each input gets a file of its own; nothing if all go into one.
     [[nodiscard]] std::optional<Batch> batch() const;
@@ -25,7 +26,7 @@ private:
     void addFilesTo(CLI::App& app);
     void addBatchTo(CLI::App& app);
     void choosePages();
-    void chooseOutput();
+    void chooseOutput(bool isReported);
     void chooseFormat();
 
     JobRequest chosen_;

@@ -22,6 +22,8 @@ public:
 private:
     JobRequest chosen_;
     std::string preview_;
+    bool isInfoAsked_ = false;
+    bool isJsonAsked_ = false;
 };
 
 }  // namespace psrender::options

@@ -6,7 +6,6 @@
 namespace {
 
 using testing::HasSubstr;
-using testing::Not;
 using Pixel = Picture::Pixel;
 
 constexpr Pixel kRedPixel{255, 0, 0};
@@ -96,6 +95,29 @@ TEST_F(PsrenderOptions, ChoosePagesAndTakeTheEnvironmentsDefaults) {
     EXPECT_EQ(50, page("red.svg", defaults).width);
     EXPECT_THAT(read("out.ps"), HasSubstr("%%Title: My title"));
     EXPECT_EQ(60, page("red.svg -w 60pt", defaults).width) << "the command line comes first";
+}
+
+TEST_F(PsrenderOptions, TellWhatPagesHave) {
+    write("a.svg",
+          "<svg xmlns='http://www.w3.org/2000/svg' width='30pt' height='20.5pt' "
+          "font-family='Helvetica'><defs><g id='g'><text y='9'>a</text></g></defs>"
+          "<use href='#g'/>\n<rect id='x\"y' width='-1' height='5'/></svg>");
+    ASSERT_EQ(0, run("--json a.svg red.svg >facts")) << said;
+    EXPECT_EQ("", said);
+    EXPECT_EQ(
+        "[{\"input\": \"a.svg\", \"width\": 30, \"height\": 20.5, \"fonts\": [{\"name\": "
+        "\"Helvetica\", \"way\": \"printer\"}], \"pictures\": [], \"simplified\": "
+        "[{\"sentence\": \"negative sizes are ignored\", \"count\": 1, \"element\": \"<rect "
+        "id=\\\"x\\\"y\\\">\", \"line\": 2, \"column\": 2}]},\n"
+        " {\"input\": \"red.svg\", \"width\": 40, \"height\": 20, \"fonts\": [], "
+        "\"pictures\": [], \"simplified\": []}]\n",
+        read("facts"));
+    ASSERT_EQ(4, run("--info a.svg -o out.ps --embed-fonts all --strict >facts")) << said;
+    EXPECT_THAT(read("facts"), HasSubstr("  font Helvetica: embedded\n  simplified: a.svg:2:2: "));
+    EXPECT_THAT(read("out.ps"), HasSubstr("%%Pages: 1"));
+    EXPECT_EQ(2, run("--info a.svg -o -"));
+    EXPECT_EQ(2, run("--info a.svg --preview p"));
+    EXPECT_EQ(2, run("--info a.svg --output-dir d"));
 }
 
 }  // namespace
