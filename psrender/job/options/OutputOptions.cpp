@@ -49,34 +49,36 @@ bool isWithin(const std::vector<PageRange>& ranges, std::size_t page) {
 }  // namespace
 
 void OutputOptions::addTo(CLI::App& app) {
-    addFilesTo(app);
-    addBatchTo(app);
+    CLI::Option* output = addFilesTo(app);
+    addBatchTo(app, output);
     app.add_option("--title", chosen_.title, "of the document")->option_text("TEXT");
     app.add_option("--author", chosen_.author, "of the document")->option_text("TEXT");
 }
 
-void OutputOptions::addFilesTo(CLI::App& app) {
+CLI::Option* OutputOptions::addFilesTo(CLI::App& app) {
     app.add_option("IN", chosen_.inputs,
                    "SVG drawings (.svg, .svgz), PNG and JPEG images; - is standard input")
         ->required()
         ->option_text("(at least one)");
-    app.add_option("-o,--output", chosen_.output,
-                   "the file, of the kind that its suffix says: .ps, .eps or .pdf; - is "
-                   "standard output, as without -o where that is no terminal")
-        ->option_text("OUT.ps");
+    auto* output =
+        app.add_option("-o,--output", chosen_.output,
+                       "the file, of the kind that its suffix says: .ps, .eps or .pdf; - is "
+                       "standard output, as without -o where that is no terminal")
+            ->option_text("OUT.ps");
     app.add_option("-f,--format", format_, "the kind of file whatever its suffix")
         ->option_text("ps|eps|pdf")
         ->check(check(formatNamed, "ps, eps or pdf"));
     app.add_option("--pages", pages_, "only these of the inputs, counted from 1")
         ->option_text("2-5,8")
         ->check(check(parsePages, "pages such as 2-5,8"));
+    return output;
 }
 
-void OutputOptions::addBatchTo(CLI::App& app) {
+void OutputOptions::addBatchTo(CLI::App& app, CLI::Option* output) {
     auto* folder = app.add_option("--output-dir", batch_.folder,
                                   "a file an input, of the same name, in this folder")
                        ->option_text("DIR")
-                       ->excludes("--output");
+                       ->excludes(output);
     app.add_option("--jobs", batch_.jobs, "programs at a time; default one a processor")
         ->option_text("N")
         ->check(CLI::Range(1U, 256U))

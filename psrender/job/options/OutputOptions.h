@@ -7,7 +7,8 @@
 
 namespace CLI {
 class App;
-}
+class Option;
+}  // namespace CLI
 
 namespace psrender::options {
 
@@ -23,8 +24,8 @@ public:
     [[nodiscard]] std::optional<Batch> batch() const;
 
 private:
-    void addFilesTo(CLI::App& app);
-    void addBatchTo(CLI::App& app);
+    CLI::Option* addFilesTo(CLI::App& app);
+    void addBatchTo(CLI::App& app, CLI::Option* output);
     void choosePages();
     void chooseOutput(bool isReported);
     void chooseFormat();

@@ -28,12 +28,12 @@ std::optional<double> lengthOf(const std::string& text, double dotsPerInch) {
 }  // namespace
 
 void PageOptions::addTo(CLI::App& app) {
-    addPaperTo(app);
+    CLI::Option* paper = addPaperTo(app);
     addSizeTo(app);
-    addPlaceTo(app);
+    addPlaceTo(app, paper);
 }
 
-void PageOptions::addPaperTo(CLI::App& app) {
+CLI::Option* PageOptions::addPaperTo(CLI::App& app) {
     auto* paper =
         app.add_option("--paper", paper_,
                        "A0 to A10, B0 to B10, Letter, Legal, Tabloid, Ledger, Executive, "
@@ -60,6 +60,7 @@ void PageOptions::addPaperTo(CLI::App& app) {
         ->option_text("COLOR")
         ->check(check(parseBackground, "an opaque colour such as white or #ffcc00"))
         ->group(kGroup);
+    return paper;
 }
 
 void PageOptions::addSizeTo(CLI::App& app) {
@@ -96,17 +97,17 @@ void PageOptions::addSizeTo(CLI::App& app) {
         ->check(resolutions);
 }
 
-void PageOptions::addPlaceTo(CLI::App& app) {
+void PageOptions::addPlaceTo(CLI::App& app, CLI::Option* paper) {
     const auto add = [&](const char* name, std::string& value, const char* words) {
         return app.add_option(name, value, words)->option_text("LENGTH")->group(kGroup);
     };
     const auto side = check(isSide, "a length such as 640, 640px, 10cm or 4in");
     add("--page-width", pageWidth_, "of the page, with the drawing at its top left")
         ->check(side)
-        ->excludes("--paper");
+        ->excludes(paper);
     add("--page-height", pageHeight_, "of the page, with the drawing at its top left")
         ->check(side)
-        ->excludes("--paper");
+        ->excludes(paper);
     const auto distance = check([](const std::string& text) { return parsePixels(text, 96); },
                                 "a length such as 20, 20px or 5mm");
     add("--left", left_, "from the edge of the page to the drawing")->check(distance);

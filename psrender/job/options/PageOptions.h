@@ -6,7 +6,8 @@
 
 namespace CLI {
 class App;
-}
+class Option;
+}  // namespace CLI
 
 namespace psrender::options {
 
@@ -17,9 +18,9 @@ public:
     void apply(JobRequest& request) const;
 
 private:
-    void addPaperTo(CLI::App& app);
+    CLI::Option* addPaperTo(CLI::App& app);
     void addSizeTo(CLI::App& app);
-    void addPlaceTo(CLI::App& app);
+    void addPlaceTo(CLI::App& app, CLI::Option* paper);
 
     PageFrame frame_;
     double zoom_ = 1;
