@@ -31,6 +31,8 @@ install(EXPORT PSGraphicsTargets NAMESPACE PSGraphics:: DESTINATION ${package_fo
 
 if(TARGET psrender)
   install(TARGETS psrender RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
+  install(TARGETS psrender-raster COMPONENT program
+          LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/psrender)
   set(completions ${PROJECT_SOURCE_DIR}/psrender/completions)
   install(FILES ${completions}/psrender.bash RENAME psrender COMPONENT program
           DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
@@ -60,6 +62,9 @@ if(BUILD_SHARED_LIBS)
     set_target_properties(psrender PROPERTIES
       BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH "$ORIGIN/${libraries_from_host}"
       RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/${CMAKE_INSTALL_BINDIR})
+    set_target_properties(psrender-raster PROPERTIES
+      BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH "$ORIGIN/.."
+      LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/${CMAKE_INSTALL_LIBDIR}/psrender)
   endif()
 endif()
 

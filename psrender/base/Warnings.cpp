@@ -9,6 +9,14 @@ void Warnings::add(const std::string& kind) {
     ++entry->second.count;
 }
 
+void Warnings::add(const Warnings& other) {
+    for (const auto& [sentence, counted] : other.kinds_) {
+        const auto [entry, isNew] = kinds_.try_emplace(sentence, counted);
+        if (!isNew)
+            entry->second.count += counted.count;
+    }
+}
+
 std::vector<Warnings::Kind> Warnings::kinds() const {
     std::vector<Kind> result;
     for (const auto& [sentence, counted] : kinds_)

@@ -48,6 +48,8 @@ public:
 
     /// Counts one more case of `kind`, a phrase such as "negative sizes are ignored".
     void add(const std::string& kind);
+    /// Counts all that `other` has counted.
+    void add(const Warnings& other);
 
     [[nodiscard]] bool empty() const { return kinds_.empty(); }
     /// In the order of their sentences.

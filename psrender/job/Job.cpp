@@ -67,7 +67,7 @@ public:
           document_(Core::makeObject<Drawing::Print::PrintDocument>(
               interim_ ? interim_->stream() : output_.stream(), settingsOf(request))),
           reader_(request.mostPixels, request.limits, request.wishes),
-          planner_({request.mostDotsPerInch, request.opacity}),
+          planner_({request.mostDotsPerInch, request.opacity, request.rasterDotsPerInch}),
           painter_(*document_),
           progress_(request.inputs.size(), !request.quiet && ::isatty(STDERR_FILENO) == 1) {}
 

@@ -37,6 +37,7 @@ struct JobRequest {
     svg::ReadingLimits limits;               ///< of one drawing
     svg::ReadingWishes wishes;               ///< for drawings
     plan::OpacityWay opacity = plan::OpacityWay::blend;
+    double rasterDotsPerInch = 300;  ///< of what cannot be said in vectors; 0 leaves that out
     std::optional<Drawing::Print::PrintingRequest> printing;
     std::optional<std::string> previewPrefix;
     int previewResolution = 96;            ///< dots per inch

@@ -21,8 +21,13 @@ public:
     [[nodiscard]] bool isSpent() const { return left_ == 0; }
     [[nodiscard]] std::size_t left() const { return left_; }
 
+    /// Remembers that something is seen as its average, as it cannot be blended exactly.
+    void noteAverage() { hasAverages_ = true; }
+    [[nodiscard]] bool hasAverages() const { return hasAverages_; }
+
 private:
     std::size_t left_;
+    bool hasAverages_ = false;
 };
 
 }  // namespace psrender::plan

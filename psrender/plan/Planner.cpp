@@ -1,16 +1,10 @@
 #include "psrender/plan/Planner.h"
 
-#include "psrender/plan/PlacementStage.h"
-#include "psrender/plan/blend/BlendStage.h"
+#include "psrender/plan/PagePlanner.h"
 #include "psrender/plan/blend/Translucency.h"
-#include "psrender/plan/blend/WhiteStage.h"
-#include "psrender/plan/clip/ClipStage.h"
-#include "psrender/plan/geometry/RangeStage.h"
-#include "psrender/plan/gradient/GradientStage.h"
-#include "psrender/plan/pattern/PatternStage.h"
-#include "psrender/plan/picture/PictureStage.h"
+#include "psrender/plan/effect/Flattening.h"
 
-#include <memory>
+#include <algorithm>
 #include <utility>
 
 namespace psrender::plan {
@@ -19,43 +13,38 @@ namespace {
 
 using Items = std::vector<scene::Item>;
 
-/// Plans one page, its tiles and symbols.
-class PagePlanner {
-public:
-    PagePlanner(const PlanOptions& options, Warnings& warnings)
-        : options_(options), warnings_(warnings) {}
+/// Small pages may be as large as this, so that they stay vectors.
+constexpr double kLeastBytes = 128 * 1024;
+constexpr double kGrowth = 4;
 
-    /// Items with what they look like on white paper.
-    Items plan(scene::ItemList list) {
-        Collector planned;
-        RangeStage range(warnings_, planned);
-        GradientStage gradients(warnings_, range);
-        const std::unique_ptr<Stage> opaque = opaqueStage(list, gradients);
-        PictureStage pictures(options_.mostDotsPerInch, warnings_, opaque ? *opaque : gradients);
-        ClipStage clips(budget_, warnings_, pictures);
-        const auto planAlone = [this](Items items) { return plan({std::move(items)}); };
-        PatternStage patterns(planAlone, warnings_, clips);
-        PlacementStage placements(list, planAlone, patterns);
-        for (scene::Item& item : list.items)
-            placements.take(std::move(item));
-        placements.finish();
-        return std::move(planned.items);
+/// Whether blending has made a page much larger than it was, and larger than a picture of it.
+bool isTooLarge(const Items& planned, double bytesBefore, const scene::Rect& paper) {
+    const double bytes = estimatedBytes(planned);
+    return bytes > kGrowth * bytesBefore &&
+           bytes > std::max(kLeastBytes, bytesOfPicture(paper, kUsualDotsPerInch));
+}
+
+/// Plans a page with translucency once or, where vectors do not do, again. There is no need to
+/// cut polygons for long where pixels can stand in.
+Items planBlended(const PlanOptions& options, const scene::ItemList& page, const scene::Rect& paper,
+                  Warnings& warnings) {
+    Warnings ofVectors;
+    PagePlanner vectors(options, ofVectors, false, Budget(Budget::kPage / 4));
+    Items planned = vectors.plan(page, paper);
+    const bool isTooMuch =
+        vectors.budget().isSpent() || isTooLarge(planned, estimatedBytes(page.items), paper);
+    if (!isTooMuch && !vectors.budget().hasAverages()) {
+        warnings.add(ofVectors);
+        return planned;
     }
-
-private:
-    /// Blending costs memory for every shape, so it is left out where nothing asks for it.
-    std::unique_ptr<Stage> opaqueStage(const scene::ItemList& list, Sink& next) {
-        if (!hasTranslucency(list))
-            return nullptr;
-        if (options_.opacity == OpacityWay::white)
-            return std::make_unique<WhiteStage>(next);
-        return std::make_unique<BlendStage>(budget_, warnings_, next);
-    }
-
-    const PlanOptions& options_;
-    Warnings& warnings_;
-    Budget budget_;
-};
+    PixelMaker maker(options.rasterDotsPerInch, paper, warnings);
+    if (!maker.isThere())
+        return PagePlanner(options, warnings).plan(page, paper);
+    if (!isTooMuch)
+        return PagePlanner(options, warnings, true).plan(page, paper);
+    warnings.add("translucent shapes become a picture where there are too many");
+    return PagePlanner(options, warnings).plan(flattened(page, maker), paper);
+}
 
 }  // namespace
 
@@ -63,7 +52,11 @@ scene::Page Planner::plan(scene::Page page, Warnings& warnings) const {
     scene::Page planned;
     planned.width = page.width;
     planned.height = page.height;
-    planned.items = PagePlanner(options_, warnings).plan(std::move(page));
+    const scene::Rect paper{0, 0, page.width, page.height};
+    const bool isBlended = options_.opacity == OpacityWay::blend &&
+                           options_.rasterDotsPerInch > 0 && hasTranslucency(page);
+    planned.items = isBlended ? planBlended(options_, page, paper, warnings)
+                              : PagePlanner(options_, warnings).plan(std::move(page), paper);
     return planned;
 }
 

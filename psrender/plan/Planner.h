@@ -15,6 +15,8 @@ enum class OpacityWay : std::uint8_t { blend, white };
 struct PlanOptions {
     double mostDotsPerInch = 0;  ///< pictures with more are reduced; 0 keeps every pixel
     OpacityWay opacity = OpacityWay::blend;
+    /// Of pictures of what cannot be said in vectors, such as filters; 0 leaves that out.
+    double rasterDotsPerInch = 300;
 };
 
 /// Plans pages, each by itself.

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 /// Pictures of what PostScript cannot say in vectors.
@@ -33,8 +34,16 @@ public:
     virtual ~Rasterizer() = default;
 
     /// What `items` show within the area, on clear ground, masks, filters and blend modes of
-    /// groups included. Transforms of items lead to the page.
+    /// groups included. Transforms of items lead to the page. Throws `std::bad_alloc`, and
+    /// `std::runtime_error` for what the library behind it refuses.
     [[nodiscard]] virtual Pixels paint(const std::vector<scene::Item>& items, const Area& area) = 0;
 };
+
+/// Text is painted as the shape that this makes of it.
+using TextOutlines = std::optional<scene::Shape> (*)(const scene::Text& text);
+
+/// The name of the function by which a module makes a rasterizer, which the caller owns.
+inline constexpr const char* kFactoryName = "makePsrenderRasterizer";
+using Factory = Rasterizer* (*)(TextOutlines outlines);
 
 }  // namespace psrender::raster

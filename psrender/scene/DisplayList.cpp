@@ -18,10 +18,22 @@ public:
     void operator()(BeginGroup& group) const {
         if (group.clip)
             group.clip->transform = map_ * group.clip->transform;
+        if (group.effects)
+            group.effects = std::make_shared<const Effects>(moved(*group.effects));
     }
     void operator()(EndGroup& /*end*/) const {}
 
 private:
+    [[nodiscard]] Effects moved(Effects effects) const {
+        if (effects.filter)
+            effects.filter->transform = map_ * effects.filter->transform;
+        if (effects.mask) {
+            effects.mask->transform = map_ * effects.mask->transform;
+            effects.mask->regionTransform = map_ * effects.mask->regionTransform;
+        }
+        return effects;
+    }
+
     const Affine& map_;
 };
 

@@ -101,6 +101,8 @@ struct Picture {
     Core::SmartPtr<Drawing::Image> image;
     Affine transform;  ///< from the square of side 1 that the image fills, y downwards
     double opacity = 1;
+    /// Each pixel is opaque or clear, and nothing has to be blended with what lies beneath.
+    bool isCutOut = false;
 };
 
 struct ItemList;

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace psrender::scene {
@@ -33,23 +34,27 @@ enum class BlendMode : std::uint8_t {
 /// Shows through where its content is bright, or opaque.
 struct Mask {
     std::shared_ptr<const ItemList> content;
-    Affine transform;       ///< from the content's space to the page
-    bool isAlpha = false;   ///< goes by how opaque the content is, not by how bright
-    bool isLinear = false;  ///< brightness is taken of linear light
+    Affine transform;      ///< from the content's space to the page
+    bool isAlpha = false;  ///< goes by how opaque the content is, not by how bright
+    /// The rectangle outside of which nothing shows through, and its space.
+    std::optional<Rect> region;
+    Affine regionTransform;
 };
 
-/// A chain of image operations, as an SVG document that holds it and everything that it refers
-/// to. It is applied to the pixels of `region`.
+/// Image operations on a group, in the words of Filter Effects Module Level 1.
 struct Filter {
-    std::string document;  ///< has an element "filter" whose id is "filter"
-    Rect region;           ///< in the filter's space
-    Affine transform;      ///< from the filter's space to the page
+    std::string attributes;     ///< markup of the property "filter" and of those that it goes by
+    std::string definitions;    ///< markup of the elements that it refers to
+    Rect region;                ///< in the filter's space; nothing beyond it is changed or seen
+    Affine transform;           ///< from the filter's space to the page
+    bool goesByPixels = false;  ///< what it does depends on the size of a pixel
 };
 
-/// What is done to a group besides opacity and clips, in this order: filter, mask, blending.
+/// What is done to a group besides clips and opacity: it is filtered, then masked, and then
+/// blended.
 struct Effects {
-    std::shared_ptr<const Filter> filter;
-    std::shared_ptr<const Mask> mask;
+    std::optional<Filter> filter;
+    std::optional<Mask> mask;
     BlendMode blendMode = BlendMode::normal;
     bool isIsolated = false;  ///< blend modes within do not reach what lies beneath the group
 };

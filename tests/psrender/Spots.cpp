@@ -2,6 +2,7 @@
 
 #include "Core/MemoryStream.h"
 #include "psrender/paint/Painter.h"
+#include "psrender/raster/Module.h"
 #include "psrender/svg/SvgReader.h"
 #include "tests/support/Interpreter.h"
 
@@ -9,7 +10,15 @@
 
 namespace psrender::tests {
 
+namespace {
+
+/// The tests do not lie beside the module.
+const bool isModuleFound = (raster::lookInFolder(PSRENDER_MODULE_FOLDER), true);
+
+}  // namespace
+
 std::string printed(const scene::Page& page, const plan::PlanOptions& options) {
+    EXPECT_TRUE(isModuleFound);
     Warnings warnings;
     const auto output = Core::makeObject<Core::IO::MemoryStream>();
     const auto document = Core::makeObject<Drawing::Print::PrintDocument>(output);
@@ -19,13 +28,14 @@ std::string printed(const scene::Page& page, const plan::PlanOptions& options) {
     return std::string(output->view());
 }
 
-std::string script(const std::string& body) {
+std::string script(const std::string& body, const plan::PlanOptions& options) {
     Warnings warnings;
     return printed(
         svg::readSvg("<svg xmlns='http://www.w3.org/2000/svg' width='100pt' height='100pt' "
                      "viewBox='0 0 100 100'>" +
                          body + "</svg>",
-                     "test", warnings));
+                     "test", warnings),
+        options);
 }
 
 void expectSpots(const std::string& body, std::initializer_list<Spot> spots) {

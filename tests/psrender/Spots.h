@@ -12,7 +12,7 @@ namespace psrender::tests {
 std::string printed(const scene::Page& page, const plan::PlanOptions& options = {});
 
 /// The script of a page with `body` on it.
-std::string script(const std::string& body);
+std::string script(const std::string& body, const plan::PlanOptions& options = {});
 
 struct Spot {
     double x, y;

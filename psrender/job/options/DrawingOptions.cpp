@@ -14,6 +14,7 @@ namespace psrender::options {
 
 namespace {
 
+constexpr const char* kImages = "Images";
 constexpr std::size_t kHugeDrawing = std::size_t{1} << 32;
 
 std::optional<plan::OpacityWay> opacityNamed(const std::string& name) {
@@ -43,6 +44,7 @@ void DrawingOptions::addTo(CLI::App& app) {
         ->check(check(opacityNamed, "blend or white"));
     addLimitsTo(app);
     addImagesTo(app);
+    addPixelsTo(app);
 }
 
 void DrawingOptions::addLimitsTo(CLI::App& app) {
@@ -58,18 +60,31 @@ void DrawingOptions::addLimitsTo(CLI::App& app) {
         ->excludes(most);
 }
 
+void DrawingOptions::addPixelsTo(CLI::App& app) {
+    auto* resolution =
+        app.add_option("--raster-dpi", chosen_.rasterDotsPerInch,
+                       "resolution of what only pixels can show, such as filters; default 300")
+            ->option_text("N")
+            ->check(CLI::Range(1.0, 2400.0))
+            ->group(kImages);
+    app.add_flag_callback(
+           "--no-raster", [this] { chosen_.rasterDotsPerInch = 0; },
+           "leave out what only pixels can show, with a warning")
+        ->excludes(resolution)
+        ->group(kImages);
+}
+
 void DrawingOptions::addImagesTo(CLI::App& app) {
-    constexpr const char* kGroup = "Images";
     app.add_option("--max-dpi", chosen_.mostDotsPerInch,
                    "reduce images that have more dots per inch on the page")
         ->option_text("N")
         ->check(CLI::Range(1.0, 100'000.0))
-        ->group(kGroup);
+        ->group(kImages);
     app.add_option("--max-pixels", chosen_.mostPixels,
                    "refuse images with more; default " + std::to_string(chosen_.mostPixels))
         ->option_text("N")
         ->check(CLI::Range(std::uint64_t{1}, std::uint64_t{1} << 40))
-        ->group(kGroup);
+        ->group(kImages);
     constexpr const char* kUnlisted = "";  // for scripts that ask for what always happens
     app.add_flag("--keep-image-data")->group(kUnlisted);
 }
@@ -82,6 +97,7 @@ void DrawingOptions::apply(JobRequest& request) const {
     request.limits = chosen_.limits;
     request.mostDotsPerInch = chosen_.mostDotsPerInch;
     request.mostPixels = chosen_.mostPixels;
+    request.rasterDotsPerInch = chosen_.rasterDotsPerInch;
     if (!opacity_.empty())
         request.opacity = *opacityNamed(opacity_);
 }

@@ -19,6 +19,7 @@ public:
 
 private:
     void addImagesTo(CLI::App& app);
+    void addPixelsTo(CLI::App& app);
     void addLimitsTo(CLI::App& app);
 
     JobRequest chosen_;

@@ -35,8 +35,12 @@ void BlendStage::takePainted(Item item) {
         remember(std::move(item), areas.size());
 }
 
+/// What lies beneath a picture that is cut out is not hidden, nor is anything blended with it.
 void BlendStage::on(Picture picture) {
-    takePicture(std::move(picture), clips_, levels_.back().layer.size());
+    if (picture.isCutOut && isPage())
+        remember(std::move(picture), 0);
+    else
+        takePicture(std::move(picture), clips_, levels_.back().layer.size());
 }
 
 /// On the page it becomes opaque.
@@ -156,8 +160,10 @@ std::vector<std::size_t> BlendStage::place(const BlendArea& area, std::size_t be
             over(area.appearance(), layer.appearanceAt(area.box().centre(), beneath, budget_)))};
     else if (!area.appearance().isOpaque())
         mix = layer.mix(area, beneath, budget_);
-    for (std::size_t i = 0; i < mix.averages; ++i)
+    for (std::size_t i = 0; i < mix.averages; ++i) {
+        budget_.noteAverage();
         warnings_.add("patterns and changing colours are blended with an average colour");
+    }
     if (budget_.isSpent())
         warnings_.add("translucent shapes are blended over white where there are too many");
     show(mix);

@@ -24,7 +24,7 @@ public:
     bool operator()(const Painted& item) {
         return isThere(item.fill) || isThere(item.stroke);
     }
-    bool operator()(const scene::BeginGroup& group) { return group.opacity < 1; }
+    bool operator()(const scene::BeginGroup& group) { return group.opacity < 1 || group.effects; }
     bool operator()(const scene::EndGroup& /*end*/) { return false; }
     bool operator()(const scene::Picture& picture) { return isTranslucent(picture); }
     bool operator()(const scene::Placement& placement) { return isIn(*placement.symbol); }
@@ -43,7 +43,7 @@ private:
 }  // namespace
 
 bool isTranslucent(const scene::Picture& picture) {
-    return picture.opacity < 1 || picture.image->hasAlpha();
+    return picture.opacity < 1 || (picture.image->hasAlpha() && !picture.isCutOut);
 }
 
 bool hasTranslucency(const ItemList& list) {

@@ -18,8 +18,6 @@ namespace psrender::svg {
 /// Properties that change the picture and that the reader leaves out, as bits of a set.
 using FeatureSet = std::uint16_t;
 namespace feature {
-constexpr FeatureSet kFilter = 2;
-constexpr FeatureSet kBlendMode = 4;
 constexpr FeatureSet kFixedStrokeWidth = 8;
 }  // namespace feature
 
@@ -64,6 +62,9 @@ struct OwnStyle {
     std::string_view clipPath;  ///< its id, empty for none
     std::string_view mask;      ///< its id, empty for none
     bool isAlphaMask = false;   ///< of a mask: the colours of its content do not matter
+    std::string_view filter;    ///< the operations, empty for none
+    scene::BlendMode blendMode = scene::BlendMode::normal;
+    bool isIsolated = false;
     bool isDisplayed = true;
     bool overflows = false;  ///< what is outside of its viewport is shown
     scene::Affine transform;

@@ -13,10 +13,6 @@ struct LeftOut {
     const char* sentence;
 };
 
-constexpr std::array kLeftOutAnywhere{
-    LeftOut{feature::kFilter, "filters are left out (filter)"},
-    LeftOut{feature::kBlendMode, "blend modes are left out (mix-blend-mode)"},
-};
 constexpr std::array kLeftOutOfShapes{
     LeftOut{feature::kFixedStrokeWidth, "lines are scaled with their shape (vector-effect)"},
 };
@@ -31,8 +27,6 @@ void warn(const LeftOut& leftOut, FeatureSet present, Warnings& warnings) {
 void warnOfLeftOut(const ComputedStyle& style, ElementKind kind, Warnings& warnings) {
     if (style.leftOut == 0)
         return;
-    for (const LeftOut& leftOut : kLeftOutAnywhere)
-        warn(leftOut, style.leftOut, warnings);
     if (!isShape(kind))
         return;
     for (const LeftOut& leftOut : kLeftOutOfShapes)

@@ -31,6 +31,24 @@ constexpr std::array kOverflows{Keyword<bool>{"visible", true}, Keyword<bool>{"a
                                 Keyword<bool>{"hidden", false}, Keyword<bool>{"scroll", false}};
 
 constexpr std::array kMaskTypes{Keyword<bool>{"luminance", false}, Keyword<bool>{"alpha", true}};
+using scene::BlendMode;
+constexpr std::array kBlendModes{Keyword<BlendMode>{"normal", BlendMode::normal},
+                                 Keyword<BlendMode>{"multiply", BlendMode::multiply},
+                                 Keyword<BlendMode>{"screen", BlendMode::screen},
+                                 Keyword<BlendMode>{"overlay", BlendMode::overlay},
+                                 Keyword<BlendMode>{"darken", BlendMode::darken},
+                                 Keyword<BlendMode>{"lighten", BlendMode::lighten},
+                                 Keyword<BlendMode>{"color-dodge", BlendMode::colorDodge},
+                                 Keyword<BlendMode>{"color-burn", BlendMode::colorBurn},
+                                 Keyword<BlendMode>{"hard-light", BlendMode::hardLight},
+                                 Keyword<BlendMode>{"soft-light", BlendMode::softLight},
+                                 Keyword<BlendMode>{"difference", BlendMode::difference},
+                                 Keyword<BlendMode>{"exclusion", BlendMode::exclusion},
+                                 Keyword<BlendMode>{"hue", BlendMode::hue},
+                                 Keyword<BlendMode>{"saturation", BlendMode::saturation},
+                                 Keyword<BlendMode>{"color", BlendMode::color},
+                                 Keyword<BlendMode>{"luminosity", BlendMode::luminosity}};
+constexpr std::array kIsolations{Keyword<bool>{"auto", false}, Keyword<bool>{"isolate", true}};
 constexpr std::array kLayers{Keyword<PaintLayer>{"fill", PaintLayer::fill},
                              Keyword<PaintLayer>{"stroke", PaintLayer::stroke},
                              Keyword<PaintLayer>{"markers", PaintLayer::markers}};
@@ -76,6 +94,11 @@ bool applyStopColor(std::string_view text, Style& style) {
 
 bool applyDisplay(std::string_view text, Style& style) {
     style.isDisplayed = !equalsIgnoringCase(text, "none");
+    return true;
+}
+
+bool applyFilter(std::string_view text, Style& style) {
+    style.filter = equalsIgnoringCase(text, "none") ? std::string_view() : text;
     return true;
 }
 
@@ -228,13 +251,14 @@ constexpr std::array<Property, kPropertyCount> kProperties{{
     {"fill", applyPaint<&Style::fill>, copy<&Style::fill>},
     {"fill-opacity", applyOpacity<&Style::fillOpacity>, copy<&Style::fillOpacity>},
     {"fill-rule", applyKeyword<&Style::fillRule, kFillRules>, copy<&Style::fillRule>},
-    leftOut<feature::kFilter>("filter"),
+    {"filter", applyFilter, copy<&Style::filter>},
     {"font", textProperties::applyFont, copyFont},
     {"font-family", textProperties::applyFamily, copyText<&TextStyle::families>},
     {"font-kerning", textProperties::applyKerning, copyText<&TextStyle::isKerned>},
     {"font-size", textProperties::applySize, copy<&Style::fontSize>},
     {"font-style", textProperties::applySlant, copyText<&TextStyle::slant>},
     {"font-weight", textProperties::applyWeight, copyText<&TextStyle::weight>},
+    {"isolation", applyKeyword<&Style::isIsolated, kIsolations>, copy<&Style::isIsolated>},
     {"letter-spacing", textProperties::applyLetterSpacing, copyText<&TextStyle::letterSpacing>},
     {"marker", applyMarkers, copyMarkers},
     {"marker-end", applyReference<&Style::markerEnd>, copy<&Style::markerEnd>},
@@ -242,7 +266,7 @@ constexpr std::array<Property, kPropertyCount> kProperties{{
     {"marker-start", applyReference<&Style::markerStart>, copy<&Style::markerStart>},
     {"mask", applyReference<&Style::mask>, copy<&Style::mask>},
     {"mask-type", applyKeyword<&Style::isAlphaMask, kMaskTypes>, copy<&Style::isAlphaMask>},
-    leftOut<feature::kBlendMode>("mix-blend-mode"),
+    {"mix-blend-mode", applyKeyword<&Style::blendMode, kBlendModes>, copy<&Style::blendMode>},
     {"opacity", applyOpacity<&Style::opacity>, copy<&Style::opacity>},
     {"overflow", applyKeyword<&Style::overflows, kOverflows>, copy<&Style::overflows>},
     {"paint-order", applyPaintOrder, copy<&Style::paintOrder>},

@@ -102,25 +102,28 @@ void MaskReader::drawWithin(const Surroundings& inside, const std::function<void
         return;
     }
     const ComputedStyle style = styles_.resolveInPlace(mask);
+    const auto content = read(mask, style, inside);
     EvenArea area(style.isAlphaMask);
-    if (!style.mask.empty() || !style.clipPath.empty() || !area.add(*read(mask, style, inside))) {
-        warnings_.add("masks of more than one brightness are left out (mask)");
-        draw();
-        return;
-    }
-    const double level = area.level();
+    if (area.add(*content))
+        drawWithinArea(area.level(), area.takeArea(), mask, inside, draw);
+    else
+        drawThrough({content, inside.toPage, style.isAlphaMask, {}, {}}, mask, inside, draw);
+}
+
+/// What is even is as good as a clip with an opacity.
+void MaskReader::drawWithinArea(double level, std::shared_ptr<const ItemList> area,
+                                pugi::xml_node mask, const Surroundings& inside,
+                                const std::function<void()>& draw) {
     if (level == 0)
         return;
     const auto region = regionOf(mask, inside);
-    const auto outer = items_.beginGroup(level, scene::Clip{area.takeArea(), inside.toPage});
+    const auto outer = items_.beginGroup(level, scene::Clip{std::move(area), inside.toPage});
     const auto inner = items_.beginGroup(
         1, region ? std::optional(scene::rectangleClip(*region, inside.toPage)) : std::nullopt);
     const std::size_t shapesBefore = items_.size().shapes;
     draw();
     if (contentFitsBox(mask) || (region && regionFitsBox(mask))) {
-        references_.spend(items_.size().shapes - shapesBefore, mask);
-        const auto box = items_.boxSince(inner, inside.toPage.inverse());
-        const Affine toPage = inside.toPage * mapToBox(box.value_or(Rect()));
+        const Affine toPage = boxToPage(inner, shapesBefore, mask, inside);
         if (contentFitsBox(mask))
             items_.moveClip(outer, toPage);
         if (region && regionFitsBox(mask))
@@ -128,6 +131,35 @@ void MaskReader::drawWithin(const Surroundings& inside, const std::function<void
     }
     items_.endGroup(inner);
     items_.endGroup(outer);
+}
+
+void MaskReader::drawThrough(scene::Mask mask, pugi::xml_node element, const Surroundings& inside,
+                             const std::function<void()>& draw) {
+    mask.region = regionOf(element, inside);
+    mask.regionTransform = inside.toPage;
+    const auto group = items_.beginGroup(1);
+    const std::size_t shapesBefore = items_.size().shapes;
+    draw();
+    const bool isRegionOfBox = mask.region && regionFitsBox(element);
+    if (contentFitsBox(element) || isRegionOfBox) {
+        const Affine toPage = boxToPage(group, shapesBefore, element, inside);
+        if (contentFitsBox(element))
+            mask.transform = toPage;
+        if (isRegionOfBox)
+            mask.regionTransform = toPage;
+    }
+    scene::Effects effects;
+    effects.mask = std::move(mask);
+    items_.setEffects(group, std::move(effects));
+    items_.endGroup(group);
+}
+
+/// The map from the box of what was drawn since `begin`.
+Affine MaskReader::boxToPage(std::size_t begin, std::size_t shapesBefore, pugi::xml_node mask,
+                             const Surroundings& inside) {
+    references_.spend(items_.size().shapes - shapesBefore, mask);
+    const auto box = items_.boxSince(begin, inside.toPage.inverse());
+    return inside.toPage * mapToBox(box.value_or(Rect()));
 }
 
 std::shared_ptr<const ItemList> MaskReader::read(pugi::xml_node mask, const ComputedStyle& style,
@@ -139,11 +171,21 @@ std::shared_ptr<const ItemList> MaskReader::read(pugi::xml_node mask, const Comp
     return references_
         .symbolOf(mask, {style, measures, std::nullopt},
                   [&] {
-                      references_.drawWithin(mask, [&] {
-                          walker_.drawChildren(mask, {style, {}, measures, inside.depth + 1, true});
-                      });
+                      const Surroundings within{style, {}, measures, inside.depth + 1, true};
+                      references_.drawWithin(mask, [&] { drawContent(mask, within); });
                   })
         .items;
+}
+
+/// A mask may be masked itself.
+void MaskReader::drawContent(pugi::xml_node mask, const Surroundings& within) {
+    const auto draw = [&] { walker_.drawChildren(mask, within); };
+    if (!within.style.clipPath.empty())
+        warnings_.add("clip paths of masks are left out (mask)");
+    if (within.style.mask.empty())
+        draw();
+    else
+        drawWithin(within, draw);
 }
 
 /// The rectangle that a mask keeps to, if it tells one. The usual one, somewhat larger than the

@@ -19,9 +19,9 @@ class References;
 class StyleResolver;
 class XmlTree;
 
-/// Reads `mask` elements whose content has one brightness all over, which is most of them: those
-/// are an area with an opacity. Others are left out with a warning. Touches the groups of the page,
-/// the references and, for what a mask is made of, the walker.
+/// Reads `mask` elements. A mask whose content has one brightness all over, as most have, is an
+/// area with an opacity; others become an effect of the group. Touches the groups of the page, the
+/// references and, for what a mask is made of, the walker.
 class MaskReader {
 public:
     /// All must outlive the reader.
@@ -40,6 +40,14 @@ public:
 private:
     std::shared_ptr<const scene::ItemList> read(pugi::xml_node mask, const ComputedStyle& style,
                                                 const Surroundings& inside);
+    void drawContent(pugi::xml_node mask, const Surroundings& within);
+    void drawWithinArea(double level, std::shared_ptr<const scene::ItemList> area,
+                        pugi::xml_node mask, const Surroundings& inside,
+                        const std::function<void()>& draw);
+    void drawThrough(scene::Mask mask, pugi::xml_node element, const Surroundings& inside,
+                     const std::function<void()>& draw);
+    [[nodiscard]] scene::Affine boxToPage(std::size_t begin, std::size_t shapesBefore,
+                                          pugi::xml_node mask, const Surroundings& inside);
     [[nodiscard]] std::optional<scene::Rect> regionOf(pugi::xml_node mask,
                                                       const Surroundings& inside);
 

@@ -3,6 +3,8 @@
 #include "psrender/scene/OutlineBox.h"
 
 #include <algorithm>
+#include <memory>
+#include <utility>
 
 namespace psrender::svg {
 
@@ -131,6 +133,11 @@ PageItems::Mark PageItems::beginGroup(double opacity, std::optional<scene::Clip>
     return items_.size() - 1;
 }
 
+void PageItems::setEffects(Mark begin, scene::Effects effects) {
+    std::get<scene::BeginGroup>(items_[begin]).effects =
+        std::make_shared<const scene::Effects>(std::move(effects));
+}
+
 std::optional<scene::Rect> PageItems::boxSince(Mark begin, const scene::Affine& fromPage) const {
     BoxFinder finder(fromPage);
     for (std::size_t i = begin + 1; i < items_.size(); ++i)
@@ -151,13 +158,13 @@ void PageItems::moveClip(Mark begin, const scene::Affine& toPage) {
 
 void PageItems::endGroup(Mark begin) {
     const std::size_t count = items_.size() - begin - 1;
-    if (count == 0) {
+    const auto& group = std::get<scene::BeginGroup>(items_[begin]);
+    if (count == 0 && (!group.effects || !group.effects->filter)) {
         items_.pop_back();
         return;
     }
-    const auto& group = std::get<scene::BeginGroup>(items_[begin]);
     const double opacity = group.opacity;
-    if (count == 1 && !group.clip && takeOver(opacity, items_.back())) {
+    if (count == 1 && !group.clip && !group.effects && takeOver(opacity, items_.back())) {
         items_[begin] = std::move(items_.back());
         items_.pop_back();
         return;

@@ -39,7 +39,12 @@ public:
     [[nodiscard]] const ReadingLimits& limits() const { return limits_; }
 
     Mark beginGroup(double opacity, std::optional<scene::Clip> clip = std::nullopt);
+    /// Gives the group that began at `begin` effects. One with a filter may show something though
+    /// nothing is in it.
+    void setEffects(Mark begin, scene::Effects effects);
     void endGroup(Mark begin);
+    /// Takes back what was added since `begin`.
+    void dropSince(Mark begin) { items_.resize(begin + 1, scene::EndGroup{}); }
 
     /// What `draw` adds becomes a group.
     template <class Draw>

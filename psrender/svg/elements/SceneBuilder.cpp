@@ -65,6 +65,9 @@ void makeSilhouette(ComputedStyle& style) {
     style.fillRule = style.clipRule;
     style.markerStart = style.markerMid = style.markerEnd = {};
     style.mask = {};
+    style.filter = {};
+    style.blendMode = scene::BlendMode::normal;
+    style.isIsolated = false;
     style.leftOut = 0;
 }
 
@@ -88,6 +91,7 @@ SceneBuilder::SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warni
       uses_(tree, canvas_, references_, *this, warnings),
       clips_(tree, styles_, canvas_.items(), references_, *this),
       masks_(tree, styles_, canvas_.items(), references_, *this, warnings),
+      filters_(tree, canvas_.items(), warnings),
       markers_(tree, styles_, canvas_, references_, *this, warnings),
       patterns_(tree, styles_, references_, *this, warnings),
       images_(tree, canvas_, links_, warnings),
@@ -133,18 +137,41 @@ void SceneBuilder::draw(pugi::xml_node element, const Surroundings& around, cons
         return;
     warnOfLeftOut(style, kind, warnings_);
     const Surroundings inside = enter(style, around);
+    drawBlended(inside, [&] { drawContent(kind, element, inside, area); });
+}
+
+/// What is drawn is filtered, masked, clipped, faded and then blended.
+void SceneBuilder::drawBlended(const Surroundings& inside, const std::function<void()>& draw) {
+    const ComputedStyle& style = inside.style;
+    const auto drawFiltered = [&] {
+        if (style.filter.empty() || inside.isClip)
+            draw();
+        else
+            filters_.drawWithin(inside, draw);
+    };
     const auto drawMasked = [&] {
         if (style.mask.empty())
-            drawContent(kind, element, inside, area);
+            drawFiltered();
         else
-            masks_.drawWithin(inside, [&] { drawContent(kind, element, inside, area); });
+            masks_.drawWithin(inside, drawFiltered);
     };
-    if (!style.clipPath.empty())
-        clips_.drawWithin(inside, drawMasked);
-    else if (style.opacity == 1)
-        drawMasked();
-    else
-        canvas_.items().group(style.opacity, {}, drawMasked);
+    const auto drawFaded = [&] {
+        if (!style.clipPath.empty())
+            clips_.drawWithin(inside, drawMasked);
+        else if (style.opacity == 1)
+            drawMasked();
+        else
+            canvas_.items().group(style.opacity, {}, drawMasked);
+    };
+    if (style.blendMode == scene::BlendMode::normal && !style.isIsolated) {
+        drawFaded();
+        return;
+    }
+    PageItems& items = canvas_.items();
+    const auto group = items.beginGroup(1);
+    items.setEffects(group, {{}, {}, style.blendMode, style.isIsolated});
+    drawFaded();
+    items.endGroup(group);
 }
 
 Surroundings SceneBuilder::enter(const ComputedStyle& style, const Surroundings& around) {

@@ -5,6 +5,7 @@
 #include "psrender/svg/elements/Canvas.h"
 #include "psrender/svg/elements/ClipReader.h"
 #include "psrender/svg/elements/ElementWalker.h"
+#include "psrender/svg/elements/FilterReader.h"
 #include "psrender/svg/elements/ImageReader.h"
 #include "psrender/svg/elements/MarkerReader.h"
 #include "psrender/svg/elements/MaskReader.h"
@@ -48,6 +49,7 @@ private:
     static Surroundings enter(const ComputedStyle& style, const Surroundings& around);
     std::optional<Surroundings> openWithin(pugi::xml_node element, const scene::Rect& area,
                                            const Surroundings& inside);
+    void drawBlended(const Surroundings& inside, const std::function<void()>& draw);
     void drawContent(ElementKind kind, pugi::xml_node element, const Surroundings& inside,
                      const scene::Rect* area);
     void drawChoice(pugi::xml_node element, const Surroundings& inside);
@@ -68,6 +70,7 @@ private:
     UseReader uses_;
     ClipReader clips_;
     MaskReader masks_;
+    FilterReader filters_;
     MarkerReader markers_;
     PatternReader patterns_;
     ImageReader images_;
