@@ -29,6 +29,7 @@ public:
     [[nodiscard]] const Core::SmartPtr<RowImage>& original() const { return image_; }
     [[nodiscard]] const PixelRect& part() const { return part_; }
 
+    [[nodiscard]] bool isInterpolated() const override { return image_->isInterpolated(); }
     void readRows(std::int32_t first, std::int32_t count, std::uint8_t* pixels,
                   std::uint8_t* alpha) const override {
         if (width() == image_->width())

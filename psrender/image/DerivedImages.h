@@ -17,6 +17,9 @@ Core::SmartPtr<Drawing::Image> cropped(const Core::SmartPtr<Drawing::Image>& ima
 Core::SmartPtr<Drawing::Image> reduced(const Core::SmartPtr<Drawing::Image>& image,
                                        Drawing::PixelSize size);
 
+/// `image` with pixels that run into each other where they are enlarged.
+Core::SmartPtr<Drawing::Image> smoothed(const Core::SmartPtr<Drawing::Image>& image);
+
 /// `image` without alpha, as it looks over a ground of this colour when it is shown with this
 /// opacity, 0 to 1. The image itself if nothing changes; RGB if it is grey and the ground is not.
 Core::SmartPtr<Drawing::Image> flattened(const Core::SmartPtr<Drawing::Image>& image,

@@ -79,6 +79,7 @@ public:
             shares_[alpha] = static_cast<int>(alpha) * opacity;
     }
 
+    [[nodiscard]] bool isInterpolated() const override { return image_->isInterpolated(); }
     void readRows(std::int32_t first, std::int32_t count, std::uint8_t* pixels,
                   std::uint8_t* /*alpha*/) const override {
         std::vector<std::uint8_t> colors(image_->width() * image_->components());

@@ -103,6 +103,7 @@ struct Picture {
     double opacity = 1;
     /// Each pixel is opaque or clear, and nothing has to be blended with what lies beneath.
     bool isCutOut = false;
+    bool isSmooth = true;  ///< enlarged pixels run into each other
 };
 
 struct ItemList;

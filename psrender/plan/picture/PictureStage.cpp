@@ -18,11 +18,21 @@ using scene::Picture;
 namespace {
 
 constexpr double kPointsAnInch = 72;
+constexpr double kFineDotsPerInch = 300;
 
 /// The number of pixels that give `most` dots an inch over `length` points.
 std::int32_t pixelsFor(double length, double most, std::int32_t pixels) {
     const double wanted = std::round(length / kPointsAnInch * most);
     return static_cast<std::int32_t>(std::clamp<double>(wanted, 1, pixels));
+}
+
+/// Whether single pixels may be seen in print.
+bool isEnlarged(const Picture& picture) {
+    const Affine& map = picture.transform;
+    const Drawing::PixelSize size = picture.image->getPixelSize();
+    const double dot = kPointsAnInch / kFineDotsPerInch;
+    return std::hypot(map.a, map.b) > size.width * dot ||
+           std::hypot(map.c, map.d) > size.height * dot;
 }
 
 /// Takes the margin away in which all pixels are clear. False if nothing is left.
@@ -50,6 +60,8 @@ void PictureStage::on(Picture picture) {
     if (!trim(picture))
         return;
     reduce(picture);
+    if (picture.isSmooth && !picture.isCutOut && isEnlarged(picture))
+        picture.image = image::smoothed(picture.image);
     pass(std::move(picture));
 }
 

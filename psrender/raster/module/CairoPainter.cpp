@@ -166,6 +166,8 @@ void CairoPainter::operator()(const scene::Picture& picture) {
     cairo_save(context_);
     setTransform(picture.transform);
     const Pattern pattern = patternOf(*picture.image);
+    if (!picture.isSmooth)
+        cairo_pattern_set_filter(pattern.get(), CAIRO_FILTER_NEAREST);
     cairo_set_source(context_, pattern.get());
     cairo_rectangle(context_, 0, 0, 1, 1);
     cairo_clip(context_);

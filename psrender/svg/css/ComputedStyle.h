@@ -48,6 +48,7 @@ struct InheritedStyle {
     TextStyle text;
     PaintOrder paintOrder{PaintLayer::fill, PaintLayer::stroke, PaintLayer::markers};
     bool isVisible = true;
+    bool hasSmoothImages = true;
     /// Ids of markers, empty for none.
     std::string_view markerStart;
     std::string_view markerMid;

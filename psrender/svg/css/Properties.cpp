@@ -48,6 +48,11 @@ constexpr std::array kBlendModes{Keyword<BlendMode>{"normal", BlendMode::normal}
                                  Keyword<BlendMode>{"saturation", BlendMode::saturation},
                                  Keyword<BlendMode>{"color", BlendMode::color},
                                  Keyword<BlendMode>{"luminosity", BlendMode::luminosity}};
+constexpr std::array kImageRenderings{
+    Keyword<bool>{"auto", true},          Keyword<bool>{"smooth", true},
+    Keyword<bool>{"high-quality", true},  Keyword<bool>{"optimizeQuality", true},
+    Keyword<bool>{"pixelated", false},    Keyword<bool>{"crisp-edges", false},
+    Keyword<bool>{"optimizeSpeed", false}};
 constexpr std::array kIsolations{Keyword<bool>{"auto", false}, Keyword<bool>{"isolate", true}};
 constexpr std::array kLayers{Keyword<PaintLayer>{"fill", PaintLayer::fill},
                              Keyword<PaintLayer>{"stroke", PaintLayer::stroke},
@@ -258,6 +263,8 @@ constexpr std::array<Property, kPropertyCount> kProperties{{
     {"font-size", textProperties::applySize, copy<&Style::fontSize>},
     {"font-style", textProperties::applySlant, copyText<&TextStyle::slant>},
     {"font-weight", textProperties::applyWeight, copyText<&TextStyle::weight>},
+    {"image-rendering", applyKeyword<&Style::hasSmoothImages, kImageRenderings>,
+     copy<&Style::hasSmoothImages>},
     {"isolation", applyKeyword<&Style::isIsolated, kIsolations>, copy<&Style::isIsolated>},
     {"letter-spacing", textProperties::applyLetterSpacing, copyText<&TextStyle::letterSpacing>},
     {"marker", applyMarkers, copyMarkers},

@@ -11,7 +11,7 @@ namespace psrender::svg {
 
 /// The number of properties that the reader knows; they are counted from 0 in the order of
 /// their names.
-constexpr std::size_t kPropertyCount = 49;
+constexpr std::size_t kPropertyCount = 50;
 
 /// The property that lengths in font units depend on, so it is to be applied first.
 extern const std::size_t fontSizeProperty;

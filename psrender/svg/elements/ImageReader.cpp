@@ -110,6 +110,7 @@ void ImageReader::draw(pugi::xml_node element, const Surroundings& inside) {
         return;
     scene::Picture picture = placed(*image, toArea, area);
     picture.transform = inside.toPage * picture.transform;
+    picture.isSmooth = inside.style.hasSmoothImages;
     canvas_.add(std::move(picture), element);
 }
 

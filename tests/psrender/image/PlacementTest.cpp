@@ -39,16 +39,20 @@ std::string colours() {
            "'";
 }
 
-/// The colours at the middles of a grid of 8 by 4 squares on a page of 80 by 40 points; a letter
-/// each.
-std::vector<std::string> seen(const std::string& body) {
+/// A document of a page of 80 by 40 points.
+std::string scriptOf(const std::string& body) {
     image::ImageStore store(1000);
     Warnings warnings;
     const scene::Page page = readSvg(
         "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 80 40' width='80pt' height='40pt'>" +
             body + "</svg>",
         "test", warnings, {&store});
-    const Interpretation result = interpret(tests::printed(page));
+    return tests::printed(page);
+}
+
+/// The colours at the middles of a grid of 8 by 4 squares on the page; a letter each.
+std::vector<std::string> seen(const std::string& body) {
+    const Interpretation result = interpret(scriptOf(body));
     EXPECT_EQ("", result.messages);
     std::vector<std::string> rows;
     for (int y = 5; y < 40; y += 10) {
@@ -103,12 +107,26 @@ TEST(SvgImages, ShowTheColourBeneathThem) {
 }
 
 TEST(SvgImages, ShowThroughTranslucentShapes) {
-    const std::string image = "<image " + colours() + " width='80' height='40'/>";
+    const std::string image =
+        "<image " + colours() + " width='80' height='40' image-rendering='pixelated'/>";
     EXPECT_THAT(seen(image + "<rect x='20' width='40' height='40' fill-opacity='.3'/>"),
                 ElementsAre("rrggbbkk", "rrggbbkk", "wwyyccmm", "wwyyccmm"))
         << "not yet half dark";
     EXPECT_THAT(seen(image + "<circle cx='40' cy='20' r='18' fill='#fff' fill-opacity='.7'/>"),
                 ElementsAre("rrgwwbkk", "rrwwwwkk", "wwwwwwmm", "wwywwcmm"));
+}
+
+TEST(SvgImages, AreSmoothUnlessTheyAreToBePixelated) {
+    const auto isSmooth = [](const std::string& rendering) {
+        const std::string made =
+            scriptOf("<image " + colours() + " width='80' height='40' " + rendering + "/>");
+        return made.find("/Interpolate true") != std::string::npos;
+    };
+    EXPECT_TRUE(isSmooth(""));
+    EXPECT_TRUE(isSmooth("style='image-rendering:optimizeQuality'"));
+    EXPECT_FALSE(isSmooth("image-rendering='pixelated'"));
+    EXPECT_FALSE(isSmooth("style='image-rendering:optimizeSpeed'"));
+    EXPECT_FALSE(isSmooth("transform='scale(.01)'")) << "as fine as print";
 }
 
 TEST(DataUris, AreDecodedInBothForms) {
