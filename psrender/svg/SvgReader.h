@@ -16,9 +16,9 @@ namespace psrender::svg {
 ///
 /// The page has the drawing's own size: width and height of the outermost `svg` element in
 /// points at 96 px an inch, else its viewBox, else the box around what is drawn. Drawings of more
-/// than 14400 points are scaled down to that. An element that is to be shown alone has the page that its ink
-/// needs, in the place and with the styles that it has in the drawing. Elements that the reader
-/// does not know are left out and counted in `warnings`.
+/// than 14400 points are scaled down to that. An element that is to be shown alone has the page
+/// that its ink needs, in the place and with the styles that it has in the drawing. Elements that
+/// the reader does not know are left out and counted in `warnings`.
 ///
 /// `text` is the whole document in UTF-8 (or UTF-16 with a byte order mark); `name` is what
 /// messages call it. Throws `InputError` for what is no SVG, is cut short, or asks for more
