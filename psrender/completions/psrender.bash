@@ -10,14 +10,16 @@ _psrender() {
         --colors) words='rgb gray cmyk' ;;
         --duplex) words='long short off' ;;
         --jog) words='0 1 2 3' ;;
-        --margin | --width | --height | --scale | --dpi | --background | --jobs | --title | --author | --preview-dpi | --max-dpi | --raster-dpi | --max-pixels | --max-shapes | --copies | --tray | --media-color)
+        --margin | --width | --height | --scale | --dpi | --background | --jobs | --title | --author | --preview-dpi | --max-dpi | --raster-dpi | --max-pixels | --max-shapes | --copies | --tray | --media-color | --zoom | --x-zoom | --y-zoom | --dpi-x | --dpi-y | --background-color | --pages | --export-id | --language | --accept-language | --page-width | --page-height | --left | --top)
             return ;;
         *)
             if [[ $current == -* ]]; then
                 words='--help --version --output --preview --preview-dpi --keep-going --max-shapes --opacity
                        --quiet --verbose --paper --fit --landscape --margin --max-dpi --raster-dpi --no-raster --max-pixels
                        --duplex --copies --tray --media-color --jog
-                       --config --format --output-dir --jobs --skip-existing --title --author --embed-fonts --colors --icc --strict --width --height --keep-aspect-ratio --scale --dpi --background'
+                       --config --format --output-dir --jobs --skip-existing --title --author --embed-fonts --colors --icc --strict --width --height --keep-aspect-ratio --scale --zoom --dpi --background
+                       --x-zoom --y-zoom --dpi-x --dpi-y --background-color --pages --export-id --stylesheet
+                       --language --accept-language --unlimited --page-width --page-height --left --top --info --json'
             fi ;;
     esac
     if [[ $words ]]; then

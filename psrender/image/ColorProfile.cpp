@@ -1,8 +1,7 @@
 #include "psrender/image/ColorProfile.h"
 
+#include "psrender/image/ProfileHandles.h"
 #include "psrender/image/ProfileMemory.h"
-
-#include <lcms2.h>
 
 #include <array>
 #include <cstdlib>
@@ -14,16 +13,6 @@ namespace psrender::image {
 using Drawing::ColorSpaceType;
 
 namespace {
-
-struct ProfileCloser {
-    void operator()(void* profile) const { cmsCloseProfile(profile); }
-};
-using Profile = std::unique_ptr<void, ProfileCloser>;
-
-struct TransformDeleter {
-    void operator()(void* transform) const { cmsDeleteTransform(transform); }
-};
-using Transform = std::unique_ptr<void, TransformDeleter>;
 
 struct CurveDeleter {
     void operator()(cmsToneCurve* curve) const { cmsFreeToneCurve(curve); }

@@ -8,6 +8,7 @@
 #include "psrender/job/InputFile.h"
 #include "psrender/job/Message.h"
 #include "psrender/job/OutputFile.h"
+#include "psrender/job/PageFacts.h"
 #include "psrender/job/PageReader.h"
 #include "psrender/job/PdfFile.h"
 #include "psrender/job/Preview.h"
@@ -22,9 +23,11 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
+#include <iostream>
 #include <optional>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 namespace psrender {
 
@@ -63,7 +66,7 @@ public:
           interim_(makesPdf(request) ? std::make_optional<InterimFile>() : std::nullopt),
           document_(Core::makeObject<Drawing::Print::PrintDocument>(
               interim_ ? interim_->stream() : output_.stream(), settingsOf(request))),
-          reader_(request.mostPixels, request.limits),
+          reader_(request.mostPixels, request.limits, request.wishes),
           planner_({request.mostDotsPerInch, request.opacity, request.rasterDotsPerInch}),
           painter_(*document_),
           progress_(request.inputs.size(), !request.quiet && ::isatty(STDERR_FILENO) == 1) {}
@@ -83,6 +86,7 @@ public:
             writePdf(*interim_, output_.stream());
         output_.commit();
         progress_.clear();
+        writeReport();
         if (request_.previewPrefix)
             renderPreview(request_.output, *request_.previewPrefix, request_.previewResolution);
         if (skipped_)
@@ -133,7 +137,11 @@ private:
             throw InputError({name}, error.what());
         }
         scene::dropUnseenText(page, warnings);
+        if (isReported())
+            collector_.noteRead(page);
         page = planner_.plan(std::move(page), warnings);
+        if (isReported())
+            collector_.notePlanned(page);
         paint(name, page);
         report(name, page, warnings, Clock::now() - start);
     }
@@ -159,7 +167,9 @@ private:
     void report(const std::string& name, const scene::Page& page, const Warnings& warnings,
                 Clock::duration time) {
         simplified_ = simplified_ || !warnings.empty();
-        if (!request_.quiet)
+        if (isReported())
+            facts_.push_back(collector_.take(name, warnings));
+        else if (!request_.quiet)
             for (const Warnings::Kind& kind : warnings.kinds())
                 warn(name, kind);
         if (request_.verbose)
@@ -170,6 +180,16 @@ private:
         Place place = kind.first;
         place.file = name;
         say("warning: " + messageAt(place, sentenceOf(kind)));
+    }
+
+    [[nodiscard]] bool isReported() const { return request_.report != ReportForm::none; }
+
+    void writeReport() {
+        if (!isReported())
+            return;
+        std::cout << reportOf(facts_, request_.report) << std::flush;
+        if (!std::cout)
+            throw std::runtime_error(std::string("cannot write to ") + kStandardOutput);
     }
 
     static std::string describe(const scene::Page& page, Clock::duration time) {
@@ -193,6 +213,8 @@ private:
     plan::Planner planner_;
     paint::Painter painter_;
     Progress progress_;
+    FactCollector collector_{request_.settings.embedStandardFonts};
+    std::vector<PageFacts> facts_;
     int pages_ = 0;
     bool skipped_ = false;
     bool simplified_ = false;

@@ -2,6 +2,7 @@
 
 #include "Print/PrintSettings.h"
 #include "psrender/job/PageFrame.h"
+#include "psrender/job/Report.h"
 #include "psrender/plan/Planner.h"
 #include "psrender/svg/SvgReader.h"
 
@@ -34,13 +35,15 @@ struct JobRequest {
     double mostDotsPerInch = 0;  ///< of images, which are reduced to it; 0 keeps every pixel
     std::uint64_t mostPixels = kMostPixels;  ///< of one image
     svg::ReadingLimits limits;               ///< of one drawing
+    svg::ReadingWishes wishes;               ///< for drawings
     plan::OpacityWay opacity = plan::OpacityWay::blend;
     double rasterDotsPerInch = 300;  ///< of what cannot be said in vectors; 0 leaves that out
     std::optional<Drawing::Print::PrintingRequest> printing;
     std::optional<std::string> previewPrefix;
-    int previewResolution = 96;  ///< dots per inch
-    bool strict = false;         ///< what was simplified is told by the exit code
-    bool keepGoing = false;      ///< a bad page is skipped
+    int previewResolution = 96;            ///< dots per inch
+    ReportForm report = ReportForm::none;  ///< of what the pages have, on standard output
+    bool strict = false;                   ///< what was simplified is told by the exit code
+    bool keepGoing = false;                ///< a bad page is skipped
     bool quiet = false;
     bool verbose = false;
 };

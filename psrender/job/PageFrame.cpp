@@ -17,8 +17,15 @@ struct Scale {
     double y = 1;
 };
 
+/// Whether the drawing has a place of its own, instead of the middle.
+bool isPlaced(const PageFrame& frame) {
+    return frame.pageWidth || frame.pageHeight || frame.left || frame.top;
+}
+
 PaperSize pageSize(const PaperSize& drawing, const PageFrame& frame) {
     const Margins& around = frame.margins;
+    if (isPlaced(frame) && !frame.paper)
+        return {frame.pageWidth.value_or(drawing.width), frame.pageHeight.value_or(drawing.height)};
     if (!frame.paper)
         return {drawing.width + around.left + around.right,
                 drawing.height + around.top + around.bottom};
@@ -42,7 +49,7 @@ void requirePossible(const PaperSize& size) {
 
 /// What brings a drawing to the size that was asked for.
 Scale askedScale(const scene::Page& drawing, const PageFrame& frame) {
-    Scale scale{frame.scale, frame.scale};
+    Scale scale{frame.scaleX, frame.scaleY};
     if (frame.width)
         scale.x = *frame.width / drawing.width;
     if (frame.height)
@@ -63,6 +70,14 @@ double fittingScale(const PaperSize& drawing, const PaperSize& room, const PageF
     if (room.width <= 0 || room.height <= 0)
         throw std::runtime_error("the margin leaves no room on the paper; make it smaller");
     return std::min(room.width / drawing.width, room.height / drawing.height);
+}
+
+/// Where on the page the drawing has its top left corner.
+scene::Point cornerOf(const PaperSize& drawing, const PaperSize& room, const PageFrame& frame) {
+    if (isPlaced(frame))
+        return {frame.left.value_or(0), frame.top.value_or(0)};
+    return {frame.margins.left + (room.width - drawing.width) / 2,
+            frame.margins.top + (room.height - drawing.height) / 2};
 }
 
 /// Under everything else, edge to edge.
@@ -93,15 +108,14 @@ void frame(scene::Page& page, const PageFrame& frame, Warnings& warnings) {
                          size.height - around.top - around.bottom};
     const double fitting = fittingScale(drawing, room, frame);
     drawing = {drawing.width * fitting, drawing.height * fitting};
-    if (drawing.width > size.width + kRounding || drawing.height > size.height + kRounding)
+    const scene::Point corner = cornerOf(drawing, room, frame);
+    if (std::min(corner.x, corner.y) < -kRounding ||
+        corner.x + drawing.width > size.width + kRounding ||
+        corner.y + drawing.height > size.height + kRounding)
         warnings.add("the drawing is larger than the paper and is cut off; --fit makes it smaller");
-    const scene::Affine map{asked.x * fitting,
-                            0,
-                            0,
-                            asked.y * fitting,
-                            around.left + (room.width - drawing.width) / 2,
-                            around.top + (room.height - drawing.height) / 2};
-    if (drawing.width < size.width - kRounding || drawing.height < size.height - kRounding)
+    const scene::Affine map{asked.x * fitting, 0, 0, asked.y * fitting, corner.x, corner.y};
+    if (drawing.width < size.width - kRounding || drawing.height < size.height - kRounding ||
+        isPlaced(frame))
         cutOff(page);
     page.width = size.width;
     page.height = size.height;

@@ -51,7 +51,7 @@ PageReader::Input PageReader::readImageFile(const std::string& name, Warnings& w
 PageReader::Input PageReader::readContent(const std::string& content, const std::string& name,
                                           const std::string& folder, Warnings& warnings) {
     if (image::formatOf(content) == ImageFormat::none)
-        return {svg::readSvg(content, name, warnings, {&images_, folder}, limits_), false};
+        return {svg::readSvg(content, name, warnings, {&images_, folder}, limits_, wishes_), false};
     return readPicture(name, warnings, [&]() -> const image::UprightImage& {
         return images_.fromBytes(content, name);
     });

@@ -18,8 +18,9 @@ public:
     };
 
     /// Images larger than `mostPixels` and drawings larger than `limits` are refused.
-    PageReader(std::uint64_t mostPixels, const svg::ReadingLimits& limits)
-        : images_(mostPixels), limits_(limits) {}
+    PageReader(std::uint64_t mostPixels, const svg::ReadingLimits& limits,
+               const svg::ReadingWishes& wishes)
+        : images_(mostPixels), limits_(limits), wishes_(wishes) {}
 
     /// `input` is the name of a file, or "-" for standard input. Throws `InputError`.
     Input read(const std::string& input, Warnings& warnings);
@@ -31,6 +32,7 @@ private:
 
     image::ImageStore images_;
     svg::ReadingLimits limits_;
+    svg::ReadingWishes wishes_;
 };
 
 }  // namespace psrender

@@ -1,9 +1,8 @@
 #include "psrender/job/ProfileConverter.h"
 
-#include <lcms2.h>
+#include "psrender/image/ProfileHandles.h"
 
 #include <algorithm>
-#include <memory>
 #include <stdexcept>
 
 namespace psrender {
@@ -11,18 +10,10 @@ namespace psrender {
 using Drawing::ColorSpaceType;
 using Drawing::Print::ColorConverter;
 using Drawing::Print::Components;
+using image::Profile;
+using image::Transform;
 
 namespace {
-
-struct ProfileCloser {
-    void operator()(void* profile) const { cmsCloseProfile(profile); }
-};
-using Profile = std::unique_ptr<void, ProfileCloser>;
-
-struct TransformDeleter {
-    void operator()(void* transform) const { cmsDeleteTransform(transform); }
-};
-using Transform = std::unique_ptr<void, TransformDeleter>;
 
 struct Device {
     ColorSpaceType space;

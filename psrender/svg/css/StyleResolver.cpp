@@ -33,7 +33,22 @@ StyleSheet readSheets(const XmlTree& tree, Warnings& warnings) {
     return sheet;
 }
 
-enum class Strength : std::uint8_t { attribute, rule, inlined, importantRule, importantInlined };
+StyleSheet readAdded(const std::string& text, Warnings& warnings) {
+    StyleSheet sheet;
+    if (!text.empty())
+        sheet.add(text, warnings);
+    return sheet;
+}
+
+enum class Strength : std::uint8_t {
+    attribute,
+    addedRule,
+    rule,
+    inlined,
+    importantRule,
+    importantInlined,
+    importantAddedRule,
+};
 
 }  // namespace
 
@@ -80,8 +95,13 @@ private:
     std::array<Entry, kPropertyCount> entries_;  // only those in the set are read
 };
 
-StyleResolver::StyleResolver(const XmlTree& tree, Warnings& warnings)
-    : tree_(tree), warnings_(warnings), sheet_(readSheets(tree, warnings)), index_(sheet_) {}
+StyleResolver::StyleResolver(const XmlTree& tree, Warnings& warnings, const std::string& addedSheet)
+    : tree_(tree),
+      warnings_(warnings),
+      sheet_(readSheets(tree, warnings)),
+      index_(sheet_),
+      addedSheet_(readAdded(addedSheet, warnings)),
+      addedIndex_(addedSheet_) {}
 
 ComputedStyle StyleResolver::resolve(pugi::xml_node element, const ComputedStyle& parent) {
     Cascade cascade;
@@ -93,7 +113,7 @@ ComputedStyle StyleResolver::resolve(pugi::xml_node element, const ComputedStyle
         else if (name == "style")
             styleAttribute = attribute.value();
     }
-    if (!index_.empty())
+    if (!index_.empty() || !addedIndex_.empty())
         addSheetRules(element, cascade);
     if (!styleAttribute.empty())
         addStyleAttribute(styleAttribute, cascade);
@@ -115,18 +135,26 @@ ComputedStyle StyleResolver::resolveInPlace(pugi::xml_node element) {
 }
 
 void StyleResolver::addSheetRules(pugi::xml_node element, Cascade& cascade) {
-    for (const StyleRule* rule : index_.rulesFor(element, matcher_)) {
-        declarationSteps_ += rule->endOfDeclarations - rule->firstDeclaration;
-        for (std::uint32_t i = rule->firstDeclaration; i < rule->endOfDeclarations; ++i) {
-            const Declaration& declaration = sheet_.declarations()[i];
-            cascade.add(declaration.property, declaration.value,
-                        declaration.isImportant ? Strength::importantRule : Strength::rule);
-        }
-    }
+    addRules(element, addedIndex_, addedSheet_, true, cascade);
+    addRules(element, index_, sheet_, false, cascade);
     if (matcher_.steps() + declarationSteps_ > kMostSteps)
         tree_.fail(element,
                    "the style sheets have too many rules to try on each element; "
                    "simplify them");
+}
+
+void StyleResolver::addRules(pugi::xml_node element, RuleIndex& index, const StyleSheet& sheet,
+                             bool isAdded, Cascade& cascade) {
+    const Strength usual = isAdded ? Strength::addedRule : Strength::rule;
+    const Strength important = isAdded ? Strength::importantAddedRule : Strength::importantRule;
+    for (const StyleRule* rule : index.rulesFor(element, matcher_)) {
+        declarationSteps_ += rule->endOfDeclarations - rule->firstDeclaration;
+        for (std::uint32_t i = rule->firstDeclaration; i < rule->endOfDeclarations; ++i) {
+            const Declaration& declaration = sheet.declarations()[i];
+            cascade.add(declaration.property, declaration.value,
+                        declaration.isImportant ? important : usual);
+        }
+    }
 }
 
 void StyleResolver::addStyleAttribute(std::string_view text, Cascade& cascade) {

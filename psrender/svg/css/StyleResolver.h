@@ -19,8 +19,9 @@ namespace psrender::svg {
 /// attributes, in that order of strength.
 class StyleResolver {
 public:
-    /// Reads the document's style sheets. Tree and warnings must outlive the resolver.
-    StyleResolver(const XmlTree& tree, Warnings& warnings);
+    /// Reads the document's style sheets and `addedSheet`, which is weaker than they are but for
+    /// what it calls important. Tree and warnings must outlive the resolver.
+    StyleResolver(const XmlTree& tree, Warnings& warnings, const std::string& addedSheet = {});
 
     /// The style of `element` inside of something with the style `parent`. Throws `InputError`
     /// when the style sheets make for too much work.
@@ -36,12 +37,16 @@ private:
     class Cascade;
 
     void addSheetRules(pugi::xml_node element, Cascade& cascade);
+    void addRules(pugi::xml_node element, RuleIndex& index, const StyleSheet& sheet, bool isAdded,
+                  Cascade& cascade);
     void addStyleAttribute(std::string_view text, Cascade& cascade);
 
     const XmlTree& tree_;
     Warnings& warnings_;
     StyleSheet sheet_;
     RuleIndex index_;
+    StyleSheet addedSheet_;
+    RuleIndex addedIndex_;
     SelectorMatcher matcher_;
     std::uint64_t declarationSteps_ = 0;
     std::vector<Declaration> inline_;  ///< kept for its memory

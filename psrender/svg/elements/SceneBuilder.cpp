@@ -75,13 +75,15 @@ void makeSilhouette(ComputedStyle& style) {
 }  // namespace
 
 SceneBuilder::SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warnings& warnings,
-                           const ReadingLimits& limits, std::size_t depth)
+                           const ReadingLimits& limits, const ReadingWishes& wishes,
+                           std::size_t depth)
     : tree_(tree),
+      shown_(wishes.element),
       access_(images),
       limits_(limits),
       depth_(depth),
       warnings_(warnings),
-      styles_(tree, warnings),
+      styles_(tree, warnings, wishes.styleSheet),
       paints_(tree, styles_, warnings,
               [this](pugi::xml_node pattern, const PaintPlace& place) {
                   return patterns_.read(pattern, place);
@@ -107,8 +109,16 @@ scene::Page SceneBuilder::build() {
     const ComputedStyle initial;
     const Rect area = drawingArea(tree_, styles_.resolve(root, initial).fontSize);
     const Affine toPage = Affine::scaling(kPointsPerPixel, kPointsPerPixel);
-    draw(root, {initial, toPage, {area.width, area.height}}, &area);
-    const auto content = isSizedByContent(root) ? canvas_.items().inkBox() : std::optional<Rect>();
+    const Surroundings around{initial, toPage, {area.width, area.height}};
+    const pugi::xml_node shown = shown_.empty() ? root : tree_.byId(shown_);
+    if (shown == root)
+        draw(root, around, &area);
+    else
+        drawAlone(shown, around, &area);
+    const bool isByContent = shown != root || isSizedByContent(root);
+    const auto content = isByContent ? canvas_.items().inkBox() : std::optional<Rect>();
+    if (shown != root && !content)
+        tree_.fail(shown, "nothing is to be seen of it; choose another element for --export-id");
     scene::Page page;
     page.items = canvas_.items().takeItems();
     page.width = area.width * kPointsPerPixel;
@@ -131,13 +141,7 @@ void SceneBuilder::draw(pugi::xml_node element, const Surroundings& around, cons
         makeSilhouette(style);
     if (!style.isDisplayed || style.opacity <= 0)
         return;
-    Surroundings inside{style,
-                        around.toPage * transformOf(style, around.measures),
-                        around.measures,
-                        around.depth + 1,
-                        around.isReferred,
-                        around.isClip};
-    inside.measures.fontSize = style.fontSize;
+    const Surroundings inside = enter(style, around);
     drawBlended(inside, [&] { drawContent(kind, element, inside, area); });
 }
 
@@ -173,6 +177,17 @@ void SceneBuilder::drawBlended(const Surroundings& inside, const std::function<v
     items.setEffects(group, {{}, {}, style.blendMode, style.isIsolated});
     drawFaded();
     items.endGroup(group);
+}
+
+Surroundings SceneBuilder::enter(const ComputedStyle& style, const Surroundings& around) {
+    Surroundings inside{style,
+                        around.toPage * transformOf(style, around.measures),
+                        around.measures,
+                        around.depth + 1,
+                        around.isReferred,
+                        around.isClip};
+    inside.measures.fontSize = style.fontSize;
+    return inside;
 }
 
 void SceneBuilder::drawContent(ElementKind kind, pugi::xml_node element, const Surroundings& inside,
@@ -220,21 +235,29 @@ void SceneBuilder::drawChoice(pugi::xml_node element, const Surroundings& inside
         warnOfElement(ElementKind::foreignObject, warnings_);
 }
 
-void SceneBuilder::drawViewport(pugi::xml_node element, const Rect& area,
-                                const Surroundings& inside) {
+std::optional<Surroundings> SceneBuilder::openWithin(pugi::xml_node element, const Rect& area,
+                                                     const Surroundings& inside) {
     const auto viewport = openViewport(element, area, warnings_);
     if (!viewport)
-        return;
+        return std::nullopt;
     Surroundings within = inside;
     within.toPage = inside.toPage * viewport->map;
     within.measures.width = viewport->width;
     within.measures.height = viewport->height;
+    return within;
+}
+
+void SceneBuilder::drawViewport(pugi::xml_node element, const Rect& area,
+                                const Surroundings& inside) {
+    const auto within = openWithin(element, area, inside);
+    if (!within)
+        return;
     const bool isPage = element == tree_.root() && !inside.isReferred;
     if (isPage || inside.style.overflows)
-        drawChildren(element, within);
+        drawChildren(element, *within);
     else
         canvas_.items().group(1, scene::rectangleClip(area, inside.toPage),
-                              [&] { drawChildren(element, within); });
+                              [&] { drawChildren(element, *within); });
 }
 
 /// A drawing within this one, which links to no files.
@@ -243,7 +266,7 @@ scene::Page SceneBuilder::readWithin(const std::string& text) {
     if (depth_ >= kDeepestDrawing)
         throw InputError({name}, "is within too many others; place its elements instead");
     const XmlTree tree(text, name, limits_);
-    return SceneBuilder(tree, {access_.store, {}}, warnings_, limits_, depth_ + 1).build();
+    return SceneBuilder(tree, {access_.store, {}}, warnings_, limits_, {}, depth_ + 1).build();
 }
 
 void SceneBuilder::checkEffort(pugi::xml_node element, const Surroundings& around) {

@@ -18,8 +18,13 @@
 #include "psrender/svg/paint/PaintResolver.h"
 #include "psrender/svg/paint/ShapePaints.h"
 #include "psrender/svg/path/ShapeReader.h"
+#include "psrender/svg/values/ReadingWishes.h"
 #include "psrender/svg/xml/ElementKind.h"
 #include "psrender/svg/xml/XmlTree.h"
+
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace psrender::svg {
 
@@ -29,7 +34,8 @@ class SceneBuilder : private ElementWalker {
 public:
     /// Tree and warnings must outlive the builder.
     SceneBuilder(const XmlTree& tree, const ImageAccess& images, Warnings& warnings,
-                 const ReadingLimits& limits, std::size_t depth = 0);
+                 const ReadingLimits& limits, const ReadingWishes& wishes = {},
+                 std::size_t depth = 0);
 
     /// To be called once. Throws `InputError`.
     scene::Page build();
@@ -39,6 +45,12 @@ private:
     void drawChildren(pugi::xml_node element, const Surroundings& inside) override;
 
     scene::Page readWithin(const std::string& text);
+    void drawAlone(pugi::xml_node shown, const Surroundings& around, const scene::Rect* area);
+    void descend(std::vector<pugi::xml_node>& ancestors, pugi::xml_node shown,
+                 const Surroundings& around, const scene::Rect* area);
+    static Surroundings enter(const ComputedStyle& style, const Surroundings& around);
+    std::optional<Surroundings> openWithin(pugi::xml_node element, const scene::Rect& area,
+                                           const Surroundings& inside);
     void drawBlended(const Surroundings& inside, const std::function<void()>& draw);
     void drawContent(ElementKind kind, pugi::xml_node element, const Surroundings& inside,
                      const scene::Rect* area);
@@ -47,6 +59,7 @@ private:
     void checkEffort(pugi::xml_node element, const Surroundings& around);
 
     const XmlTree& tree_;
+    const std::string shown_;  ///< the id of the only element that is shown
     ImageAccess access_;
     ReadingLimits limits_;
     std::size_t depth_;  ///< of drawings within drawings

@@ -1,6 +1,7 @@
 #include "psrender/svg/xml/XmlTree.h"
 
 #include "psrender/svg/values/Characters.h"
+#include "psrender/svg/xml/Conditions.h"
 #include "psrender/svg/xml/ElementKind.h"
 #include "psrender/svg/xml/EntityExpander.h"
 #include "psrender/svg/xml/MarkupScanner.h"
@@ -51,7 +52,8 @@ std::string tagOf(pugi::xml_node node) {
 
 }  // namespace
 
-XmlTree::XmlTree(std::string_view bytes, const std::string& name, const ReadingLimits& limits)
+XmlTree::XmlTree(std::string_view bytes, const std::string& name, const ReadingLimits& limits,
+                 const std::vector<std::string>& languages)
     : source_(bytes, name) {
     expandEntities(source_);
     checkSize(limits);
@@ -60,6 +62,8 @@ XmlTree::XmlTree(std::string_view bytes, const std::string& name, const ReadingL
     normalizeNames(*this);
     if (elementKind(root().name()) != ElementKind::svg)
         fail(root(), "the root element is not <svg> of SVG; give an SVG file");
+    if (!languages.empty())
+        chooseLanguages(root(), languages);
     index();
 }
 

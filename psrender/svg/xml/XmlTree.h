@@ -16,8 +16,10 @@ namespace psrender::svg {
 /// its nodes give out lives as long as the tree.
 class XmlTree {
 public:
-    /// Throws `InputError` for anything else. `bytes` must outlive the tree.
-    XmlTree(std::string_view bytes, const std::string& name, const ReadingLimits& limits = {});
+    /// Throws `InputError` for anything else. `bytes` must outlive the tree. Where `languages` are
+    /// named, elements that ask for others are not in the tree.
+    XmlTree(std::string_view bytes, const std::string& name, const ReadingLimits& limits = {},
+            const std::vector<std::string>& languages = {});
 
     [[nodiscard]] pugi::xml_node root() const { return document_.document_element(); }
     /// The first element with this id, or none.
