@@ -5,6 +5,7 @@
 #include "psrender/plan/effect/Flattening.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <utility>
 
 namespace psrender::plan {
@@ -42,8 +43,13 @@ Items planBlended(const PlanOptions& options, const scene::ItemList& page, const
         return PagePlanner(options, warnings).plan(page, paper);
     if (!isTooMuch)
         return PagePlanner(options, warnings, true).plan(page, paper);
-    warnings.add("translucent shapes become a picture where there are too many");
-    return PagePlanner(options, warnings).plan(flattened(page, maker), paper);
+    try {
+        scene::ItemList flat = flattened(page, maker);
+        warnings.add("translucent shapes become a picture where there are too many");
+        return PagePlanner(options, warnings).plan(std::move(flat), paper);
+    } catch (const std::runtime_error&) {
+        return PagePlanner(options, warnings).plan(page, paper);
+    }
 }
 
 }  // namespace

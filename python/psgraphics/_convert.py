@@ -81,13 +81,13 @@ def _read_messages(text, inputs):
         line = line.removeprefix("psrender: ")
         is_warning = line.startswith("warning: ")
         rest = line.removeprefix("warning: ")
-        name = max((name for name in inputs if rest.startswith(name + ": ")), key=len, default=None)
+        name = max((name for name in inputs if rest.startswith(name + ":")), key=len, default=None)
         page = name is not None and _PAGE.fullmatch(rest[len(name) + 2:])
         if page and not is_warning:
             done.pages.append(ConvertedPage(name, float(page[1]), float(page[2]), int(page[3]),
                                             float(page[4]), simplified.pop(name, [])))
         elif name is not None and is_warning:
-            simplified.setdefault(name, []).append(rest[len(name) + 2:])
+            simplified.setdefault(name, []).append(rest[len(name) + 1:].lstrip())
         elif line.endswith(" (page skipped)"):
             done.skipped.append(line.removesuffix(" (page skipped)"))
         else:

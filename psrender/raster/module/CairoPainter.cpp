@@ -1,6 +1,7 @@
 #include "psrender/raster/module/CairoPainter.h"
 
 #include "psrender/raster/module/CairoPaints.h"
+#include "psrender/raster/module/Extent.h"
 #include "psrender/raster/module/FilterRunner.h"
 #include "psrender/raster/module/Luminance.h"
 
@@ -51,8 +52,12 @@ bool needsGround(const scene::BeginGroup& group) {
 }  // namespace
 
 void CairoPainter::paint(const std::vector<scene::Item>& items) {
-    for (const scene::Item& item : items)
+    const scene::Item* const end = items.data() + items.size();
+    for (const scene::Item& item : items) {
+        current_ = &item;
+        end_ = end;
         std::visit(*this, item);
+    }
 }
 
 void CairoPainter::setTransform(const Affine& map) {
@@ -188,10 +193,11 @@ void CairoPainter::operator()(const scene::BeginGroup& group) {
     levels_.push_back({&group, isAside, isClipped});
     if (!isAside)
         return;
-    if (group.effects && group.effects->filter) {
-        cairo_save(context_);
-        cairo_reset_clip(context_);
-    }
+    cairo_save(context_);
+    if (group.effects && group.effects->filter)
+        clipToRegion(*group.effects->filter);
+    else
+        clipToExtent();
     cairo_push_group(context_);
 }
 
@@ -203,10 +209,11 @@ void CairoPainter::operator()(const scene::EndGroup& /*end*/) {
     const scene::BeginGroup& group = *level.group;
     if (level.isAside) {
         Pattern content(cairo_pop_group(context_));
-        if (group.effects && group.effects->filter) {
+        const bool isFiltered = group.effects && group.effects->filter;
+        if (isFiltered)
             cairo_restore(context_);
+        if (isFiltered)
             content = filtered(std::move(content), *group.effects->filter);
-        }
         cairo_identity_matrix(context_);
         if (group.clip && !level.isClipped)
             content = through(std::move(content), coverageOf(*group.clip));
@@ -217,8 +224,23 @@ void CairoPainter::operator()(const scene::EndGroup& /*end*/) {
         cairo_identity_matrix(context_);
         cairo_set_source(context_, content.get());
         cairo_paint_with_alpha(context_, group.opacity);
+        if (!isFiltered)
+            cairo_restore(context_);
     }
     cairo_restore(context_);
+}
+
+/// So that a small group takes a small surface.
+void CairoPainter::clipToExtent() {
+    const auto extent = extentOfGroup(current_, end_, toPixels_);
+    if (!extent)
+        return;
+    constexpr double kMargin = 2;
+    cairo_identity_matrix(context_);
+    cairo_rectangle(context_, std::floor(extent->x) - kMargin, std::floor(extent->y) - kMargin,
+                    std::ceil(extent->width) + 2 * kMargin,
+                    std::ceil(extent->height) + 2 * kMargin);
+    cairo_clip(context_);
 }
 
 /// The state is saved if this is true.
@@ -263,9 +285,21 @@ Pattern CairoPainter::maskOf(const scene::Mask& mask) {
     return content;
 }
 
+/// What a filter looks at, whatever clips there are around it.
+void CairoPainter::clipToRegion(const scene::Filter& filter) {
+    const auto box = pixelsOf(filter, toPixels_ * filter.transform, cairo_get_target(context_));
+    cairo_reset_clip(context_);
+    cairo_identity_matrix(context_);
+    if (box)
+        cairo_rectangle(context_, box->x, box->y, box->width, box->height);
+    cairo_clip(context_);
+}
+
+/// Nothing is left of what a filter does not look at.
 Pattern CairoPainter::filtered(Pattern source, const scene::Filter& filter) const {
-    return applyFilter(std::move(source), filter, toPixels_ * filter.transform,
-                       cairo_get_target(context_));
+    const Affine toPixels = toPixels_ * filter.transform;
+    const auto box = pixelsOf(filter, toPixels, cairo_get_target(context_));
+    return box ? applyFilter(std::move(source), filter, toPixels, *box) : std::move(source);
 }
 
 }  // namespace psrender::raster

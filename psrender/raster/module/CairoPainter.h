@@ -35,6 +35,9 @@ private:
     void layTiles(const scene::Pattern& pattern, const scene::Affine& toPixels);
     void paintAside(const std::vector<scene::Item>& items, const scene::Affine& toPixels);
 
+    void clipToRegion(const scene::Filter& filter);
+    /// Clips to what the group that begins now may paint.
+    void clipToExtent();
     /// Clips to an area of one shape; false if the area is none.
     bool clipToShape(const scene::Clip& clip);
     Pattern coverageOf(const scene::Clip& clip);
@@ -56,6 +59,8 @@ private:
     scene::Affine toPixels_;
     TextOutlines outlines_;
     std::vector<Level> levels_;
+    const scene::Item* current_ = nullptr;  ///< that is being painted
+    const scene::Item* end_ = nullptr;      ///< of those that it is one of
 };
 
 }  // namespace psrender::raster

@@ -3,6 +3,7 @@
 #include <librsvg/rsvg.h>
 
 #include <charconv>
+#include <cmath>
 #include <stdexcept>
 #include <string>
 
@@ -69,31 +70,60 @@ void requireDone(gboolean isDone, GError* error) {
         throw std::runtime_error(error != nullptr ? error->message : "a filter cannot be run");
 }
 
-}  // namespace
+/// The pixels of a group within a box, on a surface of their own.
+Surface cut(cairo_pattern_t* source, const PixelBox& box) {
+    Surface surface = makeSurface(box.width, box.height);
+    const Context context(cairo_create(surface.get()));
+    cairo_translate(context.get(), -box.x, -box.y);
+    cairo_set_source(context.get(), source);
+    cairo_paint(context.get());
+    requireSuccess(cairo_status(context.get()));
+    return surface;
+}
 
-Pattern applyFilter(Pattern source, const scene::Filter& filter, const Affine& toPixels,
-                    cairo_surface_t* target) {
-    if (!toPixels.isInvertible())
-        return source;
-    const int width = cairo_image_surface_get_width(target);
-    const int height = cairo_image_surface_get_height(target);
-    cairo_surface_t* drawn = nullptr;
-    requireSuccess(cairo_pattern_get_surface(source.get(), &drawn));
-    const std::string document = documentOf(drawn, filter, toPixels, width, height);
-    GError* error = nullptr;
+Surface run(const std::string& document, const PixelBox& box) {
     const Stream stream(g_memory_input_stream_new_from_data(
         document.data(), static_cast<gssize>(document.size()), nullptr));
+    GError* error = nullptr;
     const Handle handle(rsvg_handle_new_from_stream_sync(
         stream.get(), nullptr, RSVG_HANDLE_FLAG_UNLIMITED, nullptr, &error));
     requireDone(static_cast<gboolean>(handle != nullptr), error);
-    const Surface result = makeSurface(width, height);
+    Surface result = makeSurface(box.width, box.height);
     const Context context(cairo_create(result.get()));
-    const RsvgRectangle viewport{0, 0, static_cast<double>(width), static_cast<double>(height)};
+    const RsvgRectangle viewport{0, 0, static_cast<double>(box.width),
+                                 static_cast<double>(box.height)};
     error = nullptr;
     const gboolean isDone =
         rsvg_handle_render_document(handle.get(), context.get(), &viewport, &error);
     requireDone(isDone, error);
-    return Pattern(cairo_pattern_create_for_surface(result.get()));
+    return result;
+}
+
+}  // namespace
+
+std::optional<PixelBox> pixelsOf(const scene::Filter& filter, const Affine& toPixels,
+                                 cairo_surface_t* target) {
+    const scene::Rect whole{0, 0, static_cast<double>(cairo_image_surface_get_width(target)),
+                            static_cast<double>(cairo_image_surface_get_height(target))};
+    const auto seen = filter.region.mapped(toPixels).common(whole);
+    if (!seen || !toPixels.isInvertible())
+        return std::nullopt;
+    const int left = static_cast<int>(std::floor(seen->x));
+    const int top = static_cast<int>(std::floor(seen->y));
+    const PixelBox box{left, top, static_cast<int>(std::ceil(seen->right())) - left,
+                       static_cast<int>(std::ceil(seen->bottom())) - top};
+    return box.width > 0 && box.height > 0 ? std::optional(box) : std::nullopt;
+}
+
+Pattern applyFilter(Pattern source, const scene::Filter& filter, const Affine& toPixels,
+                    const PixelBox& box) {
+    const Surface drawn = cut(source.get(), box);
+    const Affine toBox = Affine::translation(-box.x, -box.y) * toPixels;
+    const Surface result = run(documentOf(drawn.get(), filter, toBox, box.width, box.height), box);
+    Pattern pattern(cairo_pattern_create_for_surface(result.get()));
+    const cairo_matrix_t place = matrixOf(Affine::translation(-box.x, -box.y));
+    cairo_pattern_set_matrix(pattern.get(), &place);
+    return pattern;
 }
 
 }  // namespace psrender::raster

@@ -2,12 +2,26 @@
 
 #include "psrender/raster/module/CairoHandles.h"
 
+#include <optional>
+
 namespace psrender::raster {
 
-/// What `filter` makes of a group that was drawn for `target`, a surface of the size in which the
-/// result is wanted. `toPixels` leads from the filter's space to the target. Throws
-/// `std::runtime_error` if the filter cannot be run.
+/// A rectangle of whole pixels.
+struct PixelBox {
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+};
+
+/// The pixels of `target` that a filter can change, and outside of which it looks at nothing;
+/// nothing if there are none. `toPixels` leads from the filter's space to the target.
+std::optional<PixelBox> pixelsOf(const scene::Filter& filter, const scene::Affine& toPixels,
+                                 cairo_surface_t* target);
+
+/// What `filter` makes of the pixels of a group in `box`. Throws `std::runtime_error` if it cannot
+/// be run.
 Pattern applyFilter(Pattern source, const scene::Filter& filter, const scene::Affine& toPixels,
-                    cairo_surface_t* target);
+                    const PixelBox& box);
 
 }  // namespace psrender::raster

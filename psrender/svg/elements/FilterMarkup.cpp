@@ -90,11 +90,27 @@ void inheritInterpolation(pugi::xml_node original, pugi::xml_node copy) {
         }
 }
 
+/// Editors leave attributes of their own, whose namespaces the markup does not declare.
+void dropForeignAttributes(pugi::xml_node element) {
+    for (pugi::xml_attribute attribute = element.first_attribute(); attribute;) {
+        const pugi::xml_attribute next = attribute.next_attribute();
+        const std::string_view name = attribute.name();
+        if (name.ends_with(":href"))
+            attribute.set_name("href");
+        else if (name.find(':') != std::string_view::npos || name.starts_with("xmlns"))
+            element.remove_attribute(attribute);
+        attribute = next;
+    }
+    for (auto child = firstChildElement(element); child; child = nextElement(child))
+        dropForeignAttributes(child);
+}
+
 }  // namespace
 
 Rect FilterMarkup::add(pugi::xml_node filter) {
     const Rect region = regionOf(filter);
     pugi::xml_node copy = document_.append_copy(filter);
+    dropForeignAttributes(copy);
     inheritInterpolation(filter, copy);
     const bool isPrimitiveOfBox = isOfBox(filter, "primitiveUnits", "userSpaceOnUse");
     for (auto child = firstChildElement(copy); child; child = nextElement(child)) {
@@ -207,7 +223,7 @@ void FilterMarkup::addTarget(const char* id) {
     }
     if (!target || target == tree_.root() || count >= kMostTargets)
         return;
-    document_.append_copy(target);
+    dropForeignAttributes(document_.append_copy(target));
     addTargets(target);
 }
 
