@@ -22,8 +22,8 @@ bool asksForOneOf(const std::vector<std::string>& known, std::string_view langua
     while (!languages.empty()) {
         const std::size_t comma = std::min(languages.find(','), languages.size());
         const std::string_view language = trimmed(languages.substr(0, comma));
-        if (std::ranges::any_of(
-                known, [&](const std::string& each) { return includes(each, language); }))
+        if (std::ranges::any_of(known,
+                                [&](const std::string& each) { return includes(each, language); }))
             return true;
         languages.remove_prefix(std::min(comma + 1, languages.size()));
     }
