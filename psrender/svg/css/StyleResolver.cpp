@@ -108,7 +108,8 @@ ComputedStyle StyleResolver::resolve(pugi::xml_node element, const ComputedStyle
     std::string_view styleAttribute;
     for (const pugi::xml_attribute attribute : element.attributes()) {
         const std::string_view name = attribute.name();
-        if (const auto property = findProperty(name))
+        // The shorthand is for style sheets only.
+        if (const auto property = findProperty(name); property && name != "marker")
             cascade.add(*property, attribute.value(), Strength::attribute);
         else if (name == "style")
             styleAttribute = attribute.value();

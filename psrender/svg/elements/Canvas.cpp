@@ -24,6 +24,10 @@ void Canvas::add(scene::Text text, pugi::xml_node element) {
         require(items_.add(std::move(text)), element);
 }
 
+void Canvas::addUnpainted(scene::Shape shape, pugi::xml_node element) {
+    require(items_.add(std::move(shape)), element);
+}
+
 void Canvas::add(scene::Picture picture, pugi::xml_node element) {
     require(items_.add(std::move(picture)), element);
 }

@@ -24,6 +24,8 @@ public:
 
     /// These add what `element` shows. They throw `InputError` when the page is full.
     void add(scene::Shape shape, pugi::xml_node element);
+    /// The same for one that paints nothing.
+    void addUnpainted(scene::Shape shape, pugi::xml_node element);
     void add(scene::Text text, pugi::xml_node element);
     void add(scene::Picture picture, pugi::xml_node element);
     void place(const Symbol& symbol, const scene::Affine& toPage, pugi::xml_node element);

@@ -38,6 +38,7 @@ void ClipReader::drawWithin(const Surroundings& inside, const std::function<void
     }
     const auto begin = items_.beginGroup(opacity, read(clipPath, inside));
     const std::size_t shapesBefore = items_.size().shapes;
+    const auto scope = items_.boxScope(fitsBox(clipPath));
     draw();
     if (fitsBox(clipPath)) {
         references_.spend(items_.size().shapes - shapesBefore, clipPath);

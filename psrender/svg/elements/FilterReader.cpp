@@ -69,6 +69,7 @@ void appendEscaped(std::string_view text, std::string& markup) {
 /// an empty one.
 void FilterReader::drawWithin(const Surroundings& inside, const std::function<void()>& draw) {
     const auto group = items_.beginGroup(1);
+    const auto scope = items_.boxScope(true);
     draw();
     if (inside.toPage.isInvertible()) {
         const auto box = items_.boxSince(group, inside.toPage.inverse());

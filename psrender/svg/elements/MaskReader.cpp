@@ -121,6 +121,7 @@ void MaskReader::drawWithinArea(double level, std::shared_ptr<const ItemList> ar
     const auto inner = items_.beginGroup(
         1, region ? std::optional(scene::rectangleClip(*region, inside.toPage)) : std::nullopt);
     const std::size_t shapesBefore = items_.size().shapes;
+    const auto scope = items_.boxScope(true);
     draw();
     if (contentFitsBox(mask) || (region && regionFitsBox(mask))) {
         const Affine toPage = boxToPage(inner, shapesBefore, mask, inside);
@@ -139,6 +140,7 @@ void MaskReader::drawThrough(scene::Mask mask, pugi::xml_node element, const Sur
     mask.regionTransform = inside.toPage;
     const auto group = items_.beginGroup(1);
     const std::size_t shapesBefore = items_.size().shapes;
+    const auto scope = items_.boxScope(true);
     draw();
     const bool isRegionOfBox = mask.region && regionFitsBox(element);
     if (contentFitsBox(element) || isRegionOfBox) {

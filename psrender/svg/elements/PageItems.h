@@ -46,6 +46,22 @@ public:
     /// Takes back what was added since `begin`.
     void dropSince(Mark begin) { items_.resize(begin + 1, scene::EndGroup{}); }
 
+    /// While one lives, what paints nothing is to be added as well, as it counts for a box.
+    class BoxScope {
+    public:
+        explicit BoxScope(PageItems& items) : items_(items) { ++items_.boxScopes_; }
+        BoxScope(const BoxScope&) = delete;
+        BoxScope& operator=(const BoxScope&) = delete;
+        ~BoxScope() { --items_.boxScopes_; }
+
+    private:
+        PageItems& items_;
+    };
+    [[nodiscard]] std::optional<BoxScope> boxScope(bool isWanted) {
+        return isWanted ? std::optional<BoxScope>(std::in_place, *this) : std::nullopt;
+    }
+    [[nodiscard]] bool countsUnpainted() const { return boxScopes_ > 0; }
+
     /// What `draw` adds becomes a group.
     template <class Draw>
     void group(double opacity, std::optional<scene::Clip> clip, Draw draw) {
@@ -80,6 +96,7 @@ private:
     ReadingLimits limits_;
     std::vector<scene::Item> items_;
     Size size_;
+    std::size_t boxScopes_ = 0;
 };
 
 }  // namespace psrender::svg

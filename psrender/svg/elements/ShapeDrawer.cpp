@@ -28,7 +28,34 @@ std::optional<scene::Rect> boxFor(const ComputedStyle& style, const scene::Outli
     return box && box->width > 0 && box->height > 0 ? box : std::nullopt;
 }
 
+/// Dashes that nobody can tell apart are seen as a line that is partly clear.
+void softenFineDashes(scene::Shape& shape) {
+    constexpr double kFinest = 0.02;  // points
+    auto& dashes = shape.strokeStyle.dashes;
+    double painted = 0;
+    double total = 0;
+    for (std::size_t i = 0; i < dashes.size(); ++i) {
+        painted += i % 2 == 0 ? dashes[i] : 0;
+        total += dashes[i];
+    }
+    if (dashes.empty() || total * shape.transform.meanScale() > kFinest)
+        return;
+    dashes.clear();
+    shape.stroke.opacity *= painted / total;
+}
+
 }  // namespace
+
+void ShapeDrawer::addUnpainted(ElementKind kind, pugi::xml_node element,
+                               const Surroundings& inside) {
+    if (!canvas_.items().countsUnpainted())
+        return;
+    scene::Shape shape;
+    shape.outline = shapes_.read(element, kind, inside.measures, inside.isReferred);
+    shape.transform = inside.toPage;
+    if (shape.outline)
+        canvas_.addUnpainted(std::move(shape), element);
+}
 
 /// The outline moves to the page, where a unit of the stroke is a pixel.
 void ShapeDrawer::fixStrokeWidth(scene::Shape& shape, const Surroundings& inside) {
@@ -49,11 +76,13 @@ void ShapeDrawer::fixStrokeWidth(scene::Shape& shape, const Surroundings& inside
 
 void ShapeDrawer::draw(ElementKind kind, pugi::xml_node element, const Surroundings& inside) {
     const ComputedStyle& style = inside.style;
-    if (!style.isVisible || !canvas_.canShow(inside.toPage))
+    if (!canvas_.canShow(inside.toPage))
         return;
     const bool isMarked = MarkerReader::hasMarkers(kind, style);
-    if (!isMarked && !isPainted(style.fill) && !isPainted(style.stroke))
+    if (!style.isVisible || (!isMarked && !isPainted(style.fill) && !isPainted(style.stroke))) {
+        addUnpainted(kind, element, inside);
         return;
+    }
     const SharedOutline outline = shapes_.read(element, kind, inside.measures, inside.isReferred);
     if (!outline)
         return;
@@ -63,6 +92,7 @@ void ShapeDrawer::draw(ElementKind kind, pugi::xml_node element, const Surroundi
     shape.outline = outline;
     if (style.hasFixedStrokeWidth)
         fixStrokeWidth(shape, inside);
+    softenFineDashes(shape);
     const auto drawLayer = [&](PaintLayer layer) {
         if (layer == PaintLayer::fill)
             canvas_.add(shape.onlyFill(), element);

@@ -32,6 +32,8 @@ public:
     void draw(ElementKind kind, pugi::xml_node element, const Surroundings& inside);
 
 private:
+    /// Adds what cannot be seen but counts for a box, if there is one to be found.
+    void addUnpainted(ElementKind kind, pugi::xml_node element, const Surroundings& inside);
     void fixStrokeWidth(scene::Shape& shape, const Surroundings& inside);
 
     ShapeReader& shapes_;

@@ -74,8 +74,6 @@ std::optional<Paint> GradientReader::read(pugi::xml_node element, const PaintPla
         readLine(server, measures, gradient);
     else
         readCircles(server, measures, gradient);
-    if (gradient.endRadius < 0)
-        return std::nullopt;
     if (!hasLength(gradient) || isOneColor(*stops))
         return solid(stops->back());
     return Paint{std::make_shared<const Gradient>(std::move(gradient))};
@@ -99,7 +97,8 @@ void GradientReader::readCircles(const PaintServer& server, const Measures& meas
     };
     gradient.kind = Gradient::Kind::radial;
     gradient.end = {get("cx", Axis::horizontal, kHalf), get("cy", Axis::vertical, kHalf)};
-    gradient.endRadius = get("r", Axis::other, kHalf);
+    const double radius = get("r", Axis::other, kHalf);
+    gradient.endRadius = radius < 0 ? kHalf.resolve(measures, Axis::other) : radius;
     gradient.startRadius = std::max(0.0, get("fr", Axis::other, kNothing));
     const double x = get("fx", Axis::horizontal, {gradient.end.x}) - gradient.end.x;
     const double y = get("fy", Axis::vertical, {gradient.end.y}) - gradient.end.y;

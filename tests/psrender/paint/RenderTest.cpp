@@ -58,6 +58,25 @@ TEST(Rendering, KeepsDashLengthsAndTheJoinsWithinDashes) {
     expectSpots(whole + "stroke-dashoffset='60'/>", {{28, 18, false}, {14, 14, false}});
 }
 
+TEST(Rendering, ShowsDashesTooFineToSeeAsWhatIsSeenOfThem) {
+    const std::string line = "<path stroke='red' stroke-width='20' d='M10 50H90' ";
+    expectSpots(line + "stroke-dasharray='.001 .004'/>", {{50, 50, false}});
+    expectSpots(line + "stroke-dasharray='.004 .001'/>", {{50, 50, true}});
+}
+
+TEST(Rendering, GoesByTheBoxOfWhatIsNotSeenAsWell) {
+    expectSpots(
+        "<clipPath id='c' clipPathUnits='objectBoundingBox'><rect width='.5' height='1'/>"
+        "</clipPath><g clip-path='url(#c)'><rect width='40' height='40' fill='red'/>"
+        "<rect x='60' y='60' width='30' height='30' visibility='hidden'/></g>",
+        {{30, 30, true}});
+    expectSpots(
+        "<clipPath id='c' clipPathUnits='objectBoundingBox'><rect width='.5' height='1'/>"
+        "</clipPath><g clip-path='url(#c)'><rect width='40' height='40' fill='red'/>"
+        "<rect x='60' y='60' width='30' height='30' display='none'/></g>",
+        {{10, 30, true}, {30, 30, false}});
+}
+
 TEST(Rendering, DrawsDotsByTheirCaps) {
     const auto dot = [](const std::string& cap, const std::string& data) {
         return "<path stroke='red' stroke-width='20' stroke-linecap='" + cap + "' d='" + data +
