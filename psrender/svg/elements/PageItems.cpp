@@ -52,7 +52,11 @@ public:
         if (finder.box)
             addBox(*finder.box);
     }
-    void operator()(const scene::BeginGroup& /*group*/) {}
+    /// A filter may reach beyond what it is applied to.
+    void operator()(const scene::BeginGroup& group) {
+        if (hasStrokes_ && group.effects && group.effects->filter)
+            addBox(group.effects->filter->region.mapped(map_ * group.effects->filter->transform));
+    }
     void operator()(const scene::EndGroup& /*end*/) {}
 
     std::optional<scene::Rect> box;
