@@ -1,5 +1,6 @@
 # Debian packages, one a component: psrender, libpsgraphicsN (N is the number of compatible
-# releases that is part of the libraries' file names), libpsgraphics-dev and psgraphics-doc.
+# releases that is part of the libraries' file names), libpsgraphics-dev, python3-psgraphics and
+# psgraphics-doc.
 # tools/make-packages configures for them, builds and runs CPack.
 find_program(PSGRAPHICS_GZIP gzip REQUIRED)
 mark_as_advanced(PSGRAPHICS_GZIP)
@@ -7,7 +8,7 @@ mark_as_advanced(PSGRAPHICS_GZIP)
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_CONTACT "PSGraphics developers <psgraphics@packages.example.org>")
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_SOURCE_DIR}/out/packages)
-set(CPACK_COMPONENTS_ALL program libraries development documents)
+set(CPACK_COMPONENTS_ALL program libraries development documents python)
 # CPack puts a summary of the project before each description unless it is its own default.
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_NAME} built using CMake")
 set(CPACK_STRIP_FILES ON)
@@ -20,6 +21,8 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/${CMAKE_INSTALL_LIBDIR})
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS OFF)
 set(library_package libpsgraphics${PSGRAPHICS_ABI})
+
+find_package(Python REQUIRED COMPONENTS Interpreter Development.Module)
 
 # psgraphics_package(component name section depends "synopsis" "description")
 macro(psgraphics_package component name section depends synopsis description)
@@ -68,6 +71,13 @@ psgraphics_package(development libpsgraphics-dev libdevel "${library_package} (=
   "drawing calls in, one PostScript file out (development files)"
   "Headers, a CMake package and a pkg-config file for programs that write\n\
 PostScript with the PSGraphics libraries.")
+math(EXPR next_minor "${Python_VERSION_MINOR} + 1")
+psgraphics_package(python python3-psgraphics python
+  "python3 (>= ${Python_VERSION_MAJOR}.${Python_VERSION_MINOR}), python3 (<< ${Python_VERSION_MAJOR}.${next_minor}), ${library_package} (= ${PROJECT_VERSION}), psrender (= ${PROJECT_VERSION})"
+  "drawing calls in, one PostScript file out (Python)"
+  "The drawing interface of the PSGraphics libraries for Python, conversion of\n\
+drawings, and a back end for figures of matplotlib.")
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SUGGESTS "python3-numpy, python3-matplotlib")
 psgraphics_package(documents psgraphics-doc doc ""
   "drawing calls in, one PostScript file out (documents)"
   "How to embed the PSGraphics libraries and use their command-line program,\n\
