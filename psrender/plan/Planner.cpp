@@ -2,6 +2,7 @@
 
 #include "psrender/plan/PagePlanner.h"
 #include "psrender/plan/blend/Translucency.h"
+#include "psrender/plan/effect/EffectSearch.h"
 #include "psrender/plan/effect/Flattening.h"
 
 #include <algorithm>
@@ -25,24 +26,19 @@ bool isTooLarge(const Items& planned, double bytesBefore, const scene::Rect& pap
            bytes > std::max(kLeastBytes, bytesOfPicture(paper, kUsualDotsPerInch));
 }
 
-/// Plans a page with translucency once or, where vectors do not do, again. There is no need to
-/// cut polygons for long where pixels can stand in.
-Items planBlended(const PlanOptions& options, const scene::ItemList& page, const scene::Rect& paper,
-                  Warnings& warnings) {
-    Warnings ofVectors;
-    PagePlanner vectors(options, ofVectors, false, Budget(Budget::kPage / 4));
-    Items planned = vectors.plan(page, paper);
-    const bool isTooMuch =
-        vectors.budget().isSpent() || isTooLarge(planned, estimatedBytes(page.items), paper);
-    if (!isTooMuch && !vectors.budget().hasAverages()) {
-        warnings.add(ofVectors);
-        return planned;
-    }
-    PixelMaker maker(options.rasterDotsPerInch, paper, warnings);
-    if (!maker.isThere())
-        return PagePlanner(options, warnings).plan(page, paper);
-    if (!isTooMuch)
-        return PagePlanner(options, warnings, true).plan(page, paper);
+/// Each picture has to be blended with those beneath it, so many of them, or many large ones, take
+/// too long one by one.
+bool isTooMuch(const EffectLoad& load, double dotsPerInch) {
+    constexpr std::size_t kMostPictures = 200;
+    constexpr double kMostEffort = 2e9;  // pixels looked at
+    const double pixelsAPoint = dotsPerInch / 72;
+    const double effort =
+        static_cast<double>(load.pictures) * load.filteredArea * pixelsAPoint * pixelsAPoint;
+    return load.pictures > kMostPictures || effort > kMostEffort;
+}
+
+Items planFlattened(const PlanOptions& options, const scene::ItemList& page,
+                    const scene::Rect& paper, PixelMaker& maker, Warnings& warnings) {
     try {
         scene::ItemList flat = flattened(page, maker);
         warnings.add("translucent shapes become a picture where there are too many");
@@ -50,6 +46,29 @@ Items planBlended(const PlanOptions& options, const scene::ItemList& page, const
     } catch (const std::runtime_error&) {
         return PagePlanner(options, warnings).plan(page, paper);
     }
+}
+
+/// Plans a page with translucency once or, where vectors do not do, again. There is no need to
+/// cut polygons for long where pixels can stand in.
+Items planBlended(const PlanOptions& options, const scene::ItemList& page, const scene::Rect& paper,
+                  Warnings& warnings) {
+    PixelMaker maker(options.rasterDotsPerInch, paper, warnings);
+    if (isTooMuch(loadOf(page.items), options.rasterDotsPerInch) && maker.isThere())
+        return planFlattened(options, page, paper, maker, warnings);
+    Warnings ofVectors;
+    PagePlanner vectors(options, ofVectors, false, Budget(Budget::kPage / 4));
+    Items planned = vectors.plan(page, paper);
+    const bool isCutTooMuch =
+        vectors.budget().isSpent() || isTooLarge(planned, estimatedBytes(page.items), paper);
+    if (!isCutTooMuch && !vectors.budget().hasAverages()) {
+        warnings.add(ofVectors);
+        return planned;
+    }
+    if (!maker.isThere())
+        return PagePlanner(options, warnings).plan(page, paper);
+    if (!isCutTooMuch)
+        return PagePlanner(options, warnings, true).plan(page, paper);
+    return planFlattened(options, page, paper, maker, warnings);
 }
 
 }  // namespace

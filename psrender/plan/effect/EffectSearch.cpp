@@ -3,6 +3,7 @@
 #include "psrender/plan/geometry/ItemBox.h"
 
 #include <algorithm>
+#include <cmath>
 #include <unordered_set>
 
 namespace psrender::plan {
@@ -44,6 +45,26 @@ bool mayNeedPixels(const scene::ItemList& list) {
 
 bool hasEffects(const std::vector<Item>& items) {
     return Search(false).find(items);
+}
+
+EffectLoad loadOf(const std::vector<Item>& items) {
+    EffectLoad load;
+    for (const Item& item : items) {
+        const auto* group = std::get_if<scene::BeginGroup>(&item);
+        const auto* picture = std::get_if<scene::Picture>(&item);
+        if (group != nullptr && group->effects) {
+            ++load.pictures;
+            if (const auto& filter = group->effects->filter)
+                load.filteredArea += filter->region.mapped(filter->transform).area();
+        } else if (picture != nullptr && picture->image->hasAlpha()) {
+            ++load.pictures;
+        } else if (const auto* placement = std::get_if<scene::Placement>(&item)) {
+            const EffectLoad within = loadOf(placement->symbol->items);
+            load.pictures += within.pictures;
+            load.filteredArea += within.filteredArea * std::abs(placement->transform.determinant());
+        }
+    }
+    return load;
 }
 
 bool goesByPixels(const std::vector<Item>& items) {

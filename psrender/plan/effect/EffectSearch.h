@@ -11,6 +11,13 @@ namespace psrender::plan {
 /// Whether any of these items is a group with effects, or places one.
 [[nodiscard]] bool hasEffects(const std::vector<scene::Item>& items);
 
+/// How much there is to be painted in pixels.
+struct EffectLoad {
+    std::size_t pictures = 0;  ///< groups with effects, and pictures with alpha
+    double filteredArea = 0;   ///< square points, what overlaps counted each time
+};
+[[nodiscard]] EffectLoad loadOf(const std::vector<scene::Item>& items);
+
 /// Whether a filter among them depends on the size of a pixel.
 [[nodiscard]] bool goesByPixels(const std::vector<scene::Item>& items);
 

@@ -5,6 +5,7 @@
 #include "psrender/plan/effect/PixelPicture.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <utility>
 
@@ -61,6 +62,14 @@ double bytesOf(const scene::Paint& paint) {
     return field != nullptr ? kBytesASample * static_cast<double>(field->colors.size()) : 0;
 }
 
+/// Filters take their time for every pixel of their own.
+double feasibleDotsPerInch(const Items& items, double wanted) {
+    constexpr double kMostFilteredPixels = 30e6;
+    const double pixelsAPoint = wanted / kPointsAnInch;
+    const double pixels = loadOf(items).filteredArea * pixelsAPoint * pixelsAPoint;
+    return pixels > kMostFilteredPixels ? wanted * std::sqrt(kMostFilteredPixels / pixels) : wanted;
+}
+
 }  // namespace
 
 double estimatedBytes(const Items& items) {
@@ -97,10 +106,15 @@ scene::ItemList flattened(const scene::ItemList& page, PixelMaker& maker) {
         if (const auto own = boxWithEffects(unit->items()))
             box = around(box, *own);
     }
-    const auto area = box ? maker.areaOf(*box, maker.dotsPerInch()) : std::nullopt;
-    if (!area)
+    if (!box)
         return page;
     const Items seen(page.items.begin(), std::prev(last)->end);
+    const double dotsPerInch = feasibleDotsPerInch(seen, maker.dotsPerInch());
+    if (dotsPerInch < maker.dotsPerInch())
+        maker.tellOfFewer();
+    const auto area = maker.areaOf(*box, dotsPerInch);
+    if (!area)
+        return page;
     scene::ItemList result{std::move(beneath)};
     std::ranges::move(texts, std::back_inserter(result.items));
     result.items.emplace_back(onPaper(maker.paint(seen, *area), *area));

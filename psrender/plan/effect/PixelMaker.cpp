@@ -52,13 +52,17 @@ std::optional<raster::Area> PixelMaker::areaOf(const Rect& box, double dotsPerIn
     const double wanted = seen->area() / (pixel * pixel);
     if (wanted > most) {
         pixel *= std::sqrt(wanted / most);
-        warnings_.add("large areas that need pixels have fewer of them than asked for");
+        tellOfFewer();
     }
     const Rect grid = onGrid(*seen, pixel);
     const raster::Area area{grid, static_cast<std::size_t>(std::lround(grid.width / pixel)),
                             static_cast<std::size_t>(std::lround(grid.height / pixel))};
     pixelsLeft_ -= static_cast<double>(area.width * area.height);
     return area;
+}
+
+void PixelMaker::tellOfFewer() {
+    warnings_.add("large areas that need pixels have fewer of them than asked for");
 }
 
 raster::Pixels PixelMaker::paint(const std::vector<scene::Item>& items,

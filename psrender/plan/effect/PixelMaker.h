@@ -25,6 +25,8 @@ public:
     /// The area that shows `box`, on the page's grid of pixels; nothing if none of it is on the
     /// page.
     [[nodiscard]] std::optional<raster::Area> areaOf(const scene::Rect& box, double dotsPerInch);
+    /// Counts in the warnings that something has fewer pixels than it should have.
+    void tellOfFewer();
     [[nodiscard]] raster::Pixels paint(const std::vector<scene::Item>& items,
                                        const raster::Area& area) const;
 

@@ -148,6 +148,19 @@ TEST(Effects, StandInForTranslucentShapesWithoutNumber) {
     EXPECT_LT(mixed.at(0), 200);
 }
 
+/// Each would be blended with all those beneath it.
+TEST(Effects, OfManyLargeThingsAreOnePicture) {
+    std::string discs = "<filter id='f'><feGaussianBlur stdDeviation='1'/></filter>";
+    for (int i = 0; i < 150; ++i)
+        discs += "<circle cx='50' cy='50' r='" + std::to_string(60 - i / 3) +
+                 "' fill='blue' opacity='.5' filter='url(#f)'/>";
+    const std::string made = script(discs + "<rect width='20' height='20' fill='lime'/>");
+    EXPECT_EQ(std::string::npos, made.find("/ImageType 3"));
+    const Picture seen = shown(discs + "<rect width='20' height='20' fill='lime'/>");
+    expectColor(seen, 50, 50, {0, 0, 255});
+    expectColor(seen, 10, 10, {0, 255, 0});
+}
+
 TEST(Effects, StandInForWhatIsBlendedWithPatterns) {
     const Picture seen = shown(
         "<pattern id='p' width='10' height='10' patternUnits='userSpaceOnUse'>"
