@@ -25,7 +25,7 @@ public:
         explicit Site(Warnings& warnings) : warnings_(warnings), outer_(warnings.site_) {
             warnings.site_ = this;
         }
-        virtual ~Site() { warnings_.site_ = outer_; }
+        ~Site() { warnings_.site_ = outer_; }
 
     private:
         friend class Warnings;

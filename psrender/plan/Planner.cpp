@@ -71,6 +71,17 @@ Items planBlended(const PlanOptions& options, const scene::ItemList& page, const
     return planFlattened(options, page, paper, maker, warnings);
 }
 
+/// Small drawings are made to be enlarged, so pictures are as fine as if the page was larger.
+PlanOptions optionsFor(const scene::Page& page, PlanOptions options) {
+    constexpr double kFewestPixelsAcross = 512;
+    constexpr double kPointsAnInch = 72;
+    const double side = std::max({page.width, page.height, 1.0});
+    if (options.rasterDotsPerInch == kUsualDotsPerInch)
+        options.rasterDotsPerInch =
+            std::max(kUsualDotsPerInch, kFewestPixelsAcross / side * kPointsAnInch);
+    return options;
+}
+
 }  // namespace
 
 scene::Page Planner::plan(scene::Page page, Warnings& warnings) const {
@@ -78,10 +89,11 @@ scene::Page Planner::plan(scene::Page page, Warnings& warnings) const {
     planned.width = page.width;
     planned.height = page.height;
     const scene::Rect paper{0, 0, page.width, page.height};
-    const bool isBlended = options_.opacity == OpacityWay::blend &&
-                           options_.rasterDotsPerInch > 0 && hasTranslucency(page);
-    planned.items = isBlended ? planBlended(options_, page, paper, warnings)
-                              : PagePlanner(options_, warnings).plan(std::move(page), paper);
+    const PlanOptions options = optionsFor(page, options_);
+    const bool isBlended = options.opacity == OpacityWay::blend && options.rasterDotsPerInch > 0 &&
+                           hasTranslucency(page);
+    planned.items = isBlended ? planBlended(options, page, paper, warnings)
+                              : PagePlanner(options, warnings).plan(std::move(page), paper);
     return planned;
 }
 

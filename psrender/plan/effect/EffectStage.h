@@ -19,9 +19,9 @@ namespace psrender::plan {
 class EffectStage : public Stage {
 public:
     /// Both must outlive the stage. `hasPicturesOnPatterns` takes patterns for cut-outs.
-    EffectStage(PixelMaker maker, bool hasPicturesOnPatterns, Warnings& warnings, Sink& next)
+    EffectStage(const PixelMaker& maker, bool hasPicturesOnPatterns, Warnings& warnings, Sink& next)
         : Stage(next),
-          maker_(std::move(maker)),
+          maker_(maker),
           hasPicturesOnPatterns_(hasPicturesOnPatterns),
           warnings_(warnings) {}
 

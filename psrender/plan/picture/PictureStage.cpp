@@ -18,7 +18,7 @@ using scene::Picture;
 namespace {
 
 constexpr double kPointsAnInch = 72;
-constexpr double kFineDotsPerInch = 300;
+constexpr double kFineDotsPerInch = 600;
 
 /// The number of pixels that give `most` dots an inch over `length` points.
 std::int32_t pixelsFor(double length, double most, std::int32_t pixels) {

@@ -6,7 +6,7 @@
 namespace psrender::svg {
 
 /// While it lives, warnings are about this element.
-class ElementSite : private Warnings::Site {
+class ElementSite final : private Warnings::Site {
 public:
     ElementSite(const XmlTree& tree, pugi::xml_node element, Warnings& warnings)
         : Site(warnings), tree_(tree), element_(element) {}

@@ -126,7 +126,7 @@ TEST(SvgImages, AreSmoothUnlessTheyAreToBePixelated) {
     EXPECT_TRUE(isSmooth("style='image-rendering:optimizeQuality'"));
     EXPECT_FALSE(isSmooth("image-rendering='pixelated'"));
     EXPECT_FALSE(isSmooth("style='image-rendering:optimizeSpeed'"));
-    EXPECT_FALSE(isSmooth("transform='scale(.01)'")) << "as fine as print";
+    EXPECT_FALSE(isSmooth("transform='scale(.005)'")) << "as fine as print";
 }
 
 TEST(SvgImages, MayBeDrawings) {

@@ -45,7 +45,7 @@ TEST(Effects, MoveAndSpreadWhatTheyFilter) {
     expectSpots(square + "style='filter:drop-shadow(30px 0 0 red)'/>",
                 {{40, 40, true}, {70, 40, true}, {56, 40, false}});
     const Picture soft = shown(filtered("<feGaussianBlur stdDeviation='4'/>"));
-    expectColor(soft, 30, 40, {255, 118, 118});
+    expectColor(soft, 30, 40, {255, 122, 122});
     expectColor(soft, 18, 40, {255, 255, 255});
 }
 
