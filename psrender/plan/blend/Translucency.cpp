@@ -1,6 +1,7 @@
 #include "psrender/plan/blend/Translucency.h"
 
 #include "psrender/plan/gradient/ColorStops.h"
+#include "psrender/plan/gradient/Cone.h"
 
 #include <algorithm>
 #include <unordered_set>
@@ -32,7 +33,8 @@ public:
 private:
     bool isThere(const Paint& paint) {
         return (isPainted(paint) && paint.opacity < 1) ||
-               (paint.gradient() != nullptr && !isOpaque(*paint.gradient()->stops)) ||
+               (paint.gradient() != nullptr &&
+                (isCone(*paint.gradient()) || !isOpaque(*paint.gradient()->stops))) ||
                (paint.pattern() != nullptr && isIn(*paint.pattern()->content));
     }
     bool isIn(const ItemList& list) { return seen_.insert(&list).second && find(list); }

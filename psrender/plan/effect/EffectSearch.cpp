@@ -1,6 +1,7 @@
 #include "psrender/plan/effect/EffectSearch.h"
 
 #include "psrender/plan/geometry/ItemBox.h"
+#include "psrender/plan/gradient/Cone.h"
 
 #include <algorithm>
 #include <cmath>
@@ -28,6 +29,8 @@ private:
             return group->effects != nullptr;
         if (const auto* picture = std::get_if<scene::Picture>(&item))
             return countsPictures_ && picture->image->hasAlpha();
+        if (hasCone(item))
+            return true;
         const auto* placement = std::get_if<scene::Placement>(&item);
         return placement != nullptr && seen_.insert(placement->symbol.get()).second &&
                find(placement->symbol->items);

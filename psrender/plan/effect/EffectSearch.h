@@ -4,11 +4,11 @@
 
 namespace psrender::plan {
 
-/// Whether a list has groups with effects, or pictures through which something shows: what may
-/// need pixels. What it places is looked at as well.
+/// Whether a list has groups with effects, gradients that are cones, or pictures through which
+/// something shows: what may need pixels. What it places is looked at as well.
 [[nodiscard]] bool mayNeedPixels(const scene::ItemList& list);
 
-/// Whether any of these items is a group with effects, or places one.
+/// Whether any of these items is a group with effects or painted with a cone, or places such.
 [[nodiscard]] bool hasEffects(const std::vector<scene::Item>& items);
 
 /// How much there is to be painted in pixels.

@@ -4,6 +4,7 @@
 #include "psrender/plan/effect/EffectSearch.h"
 #include "psrender/plan/effect/PixelPicture.h"
 #include "psrender/plan/geometry/ItemBox.h"
+#include "psrender/plan/gradient/Cone.h"
 
 #include <algorithm>
 #include <cmath>
@@ -58,7 +59,9 @@ void EffectStage::takeItem(Item item) {
         group_.push_back(std::move(item));
         return;
     }
-    if (!cutOuts_.empty() && liesOnCutOut({item}) && hasTranslucency({{item}}))
+    const bool isBlendedThere =
+        !cutOuts_.empty() && liesOnCutOut({item}) && hasTranslucency({{item}});
+    if (isBlendedThere || hasCone(item))
         showAsPicture({std::move(item)});
     else
         passSingle(std::move(item));
@@ -137,7 +140,7 @@ void EffectStage::showAsPicture(Items items) {
 /// Over one colour, or over nothing, a picture is blended with its own pixels later on.
 void EffectStage::paint(const Items& items, const Area& area) {
     const bool isOnCutOut = !cutOuts_.empty() && liesOnCutOut(items);
-    const bool isOnlyPicture = items.size() == 1;
+    const bool isOnlyPicture = std::holds_alternative<scene::Picture>(items.front());
     Items seen = beneath_.within(area.box);
     if (isOnlyPicture && !isOnCutOut && seen.empty()) {
         pass(items.front());
@@ -194,6 +197,9 @@ void EffectStage::showWithoutEffects(Items items) {
             if (effects.blendMode != scene::BlendMode::normal)
                 warnings_.add("blend modes are left out (mix-blend-mode)");
             group->effects = nullptr;
+        } else if (hasCone(item)) {
+            warnings_.add("gradients that start beyond their end begin at its edge");
+            straighten(item);
         }
         pass(std::move(item));
     }

@@ -42,8 +42,10 @@ bool isOneColor(const std::vector<ColorStop>& stops) {
 
 /// Without a length everything lies behind the end.
 bool hasLength(const Gradient& gradient) {
-    return gradient.kind == Gradient::Kind::linear ? gradient.start != gradient.end
-                                                   : gradient.endRadius > gradient.startRadius;
+    const bool isMoving = gradient.start != gradient.end;
+    if (gradient.kind == Gradient::Kind::linear)
+        return isMoving;
+    return gradient.endRadius > 0 && (isMoving || gradient.endRadius != gradient.startRadius);
 }
 
 std::optional<Affine> readTransform(std::string_view text) {
@@ -88,10 +90,12 @@ void GradientReader::readLine(const PaintServer& server, const Measures& measure
     gradient.end = {get("x2", Axis::horizontal, kAll), get("y2", Axis::vertical, kNothing)};
 }
 
-/// The inner circle is kept within the outer one.
+/// A start that touches the end is drawn a little into it, as nothing could be seen of its side
+/// there. Beyond that it makes a cone.
 void GradientReader::readCircles(const PaintServer& server, const Measures& measures,
                                  Gradient& gradient) {
     constexpr double kClosest = 0.995;  // to the outer circle
+    constexpr double kTouching = 1.0001;
     const auto get = [&](const char* name, Axis axis, const Length& usual) {
         return server.length(name, axis, usual, measures, warnings_);
     };
@@ -104,7 +108,10 @@ void GradientReader::readCircles(const PaintServer& server, const Measures& meas
     const double y = get("fy", Axis::vertical, {gradient.end.y}) - gradient.end.y;
     const double farthest = std::max(0.0, gradient.endRadius - gradient.startRadius) * kClosest;
     const double distance = std::hypot(x, y);
-    const double share = distance > farthest ? farthest / distance : 1;
+    const bool isTouching =
+        distance > farthest &&
+        distance + gradient.startRadius <= gradient.endRadius * kTouching;
+    const double share = isTouching ? farthest / distance : 1;
     gradient.start = {gradient.end.x + x * share, gradient.end.y + y * share};
 }
 

@@ -60,6 +60,20 @@ TEST(Effects, LeaveNothingOfWhatHasNoRegion) {
         {{35, 35, true}, {55, 35, false}});
 }
 
+TEST(Effects, LeaveThePlaceBesideConesAsItIs) {
+    const std::string drawing =
+        "<rect width='100' height='50' fill='lime'/><radialGradient id='g' fx='-.5' fr='.1'>"
+        "<stop stop-color='blue'/><stop offset='.5' stop-color='red'/></radialGradient>"
+        "<rect x='10' y='10' width='80' height='80' fill='url(#g)'/>";
+    const Picture seen = shown(drawing);
+    expectColor(seen, 80, 50, {255, 0, 0});
+    expectColor(seen, 13, 15, {0, 255, 0});
+    expectColor(seen, 13, 85, {255, 255, 255});
+    plan::PlanOptions vectors;
+    vectors.rasterDotsPerInch = 0;
+    expectColor(shown(drawing, vectors), 13, 15, {255, 0, 0});
+}
+
 TEST(Effects, OfMasksGoByBrightnessOrAlpha) {
     const auto masked = [](const std::string& attributes, const std::string& content) {
         return shown(
