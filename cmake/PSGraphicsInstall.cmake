@@ -3,7 +3,7 @@
 # and a pkg-config file. The components are packages: program, libraries, development, documents.
 include(CMakePackageConfigHelpers)
 
-set(components Core Drawing ZipLib Fonts PS Print)
+set(components Core Drawing ZipLib Fonts PS Print Images)
 list(TRANSFORM components PREPEND psgraphics- OUTPUT_VARIABLE libraries)
 set(header_folder ${CMAKE_INSTALL_INCLUDEDIR}/psgraphics)
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/PSGraphics)
@@ -79,7 +79,7 @@ install(FILES ${PROJECT_BINARY_DIR}/PSGraphicsConfig.cmake
 
 # The archives in the order in which a linker wants them: users before what they use.
 set(link_flags "")
-foreach(library Print PS Fonts Drawing ZipLib Core)
+foreach(library Images Print PS Fonts Drawing ZipLib Core)
   string(APPEND link_flags " -lpsgraphics-${library}")
 endforeach()
 file(RELATIVE_PATH prefix_from_pc_file /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)

@@ -8,6 +8,10 @@
 
 namespace psrender::image {
 
+using Images::PixelRect;
+using Images::RowImage;
+using Images::rowsOf;
+
 namespace {
 
 /// A document writes its images in the order of their keys: with the row first and of fixed

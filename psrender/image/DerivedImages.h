@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Images/RowImage.h"
 #include "psrender/image/Backdrop.h"
-#include "psrender/image/RowImage.h"
 #include "psrender/scene/DisplayList.h"
 
 /// Images made of other images. Each decodes its original when it is asked, and has a key made of
@@ -10,7 +10,7 @@ namespace psrender::image {
 
 /// The part of `image` within `part`, which must lie in it and not be empty.
 Core::SmartPtr<Drawing::Image> cropped(const Core::SmartPtr<Drawing::Image>& image,
-                                       const PixelRect& part);
+                                       const Images::PixelRect& part);
 
 /// `image` with fewer pixels, each the average of those that it covers. `size` must be from 1 to
 /// the size that the image has.

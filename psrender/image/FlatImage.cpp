@@ -13,6 +13,9 @@
 
 namespace psrender::image {
 
+using Images::RowImage;
+using Images::rowsOf;
+
 using Drawing::ColorSpaceType;
 using scene::Color;
 

@@ -9,6 +9,8 @@
 
 namespace psrender::image {
 
+using Images::RowImage;
+
 namespace {
 
 Core::String keyOf(Drawing::PixelSize size, const std::vector<std::uint8_t>& colors,

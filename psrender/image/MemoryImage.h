@@ -1,6 +1,6 @@
 #pragma once
 
-#include "psrender/image/RowImage.h"
+#include "Images/RowImage.h"
 
 #include <cstdint>
 #include <vector>

@@ -9,6 +9,9 @@
 
 namespace psrender::image {
 
+using Images::RowImage;
+using Images::rowsOf;
+
 namespace {
 
 /// Which pixels of a row or column of the original one pixel covers, and how much of each.

@@ -5,6 +5,10 @@
 
 namespace psrender::image {
 
+using Images::PixelRect;
+using Images::RowImage;
+using Images::rowsOf;
+
 namespace {
 
 /// Shares the original's key, as its samples are the same.

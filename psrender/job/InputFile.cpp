@@ -1,8 +1,8 @@
 #include "psrender/job/InputFile.h"
 
 #include "Core/Exception.h"
+#include "Core/internal/Descriptor.h"
 #include "ZipLib/GzipReader.h"
-#include "psrender/base/Descriptor.h"
 #include "psrender/base/InputError.h"
 
 #include <fcntl.h>
@@ -32,7 +32,8 @@ namespace {
 }
 
 std::string readBytes(const std::string& name) {
-    const Descriptor file(name == "-" ? STDIN_FILENO : ::open(name.c_str(), O_RDONLY | O_CLOEXEC));
+    const Core::IO::Descriptor file(name == "-" ? STDIN_FILENO
+                                                : ::open(name.c_str(), O_RDONLY | O_CLOEXEC));
     if (file.number() < 0)
         failRead(name);
     std::string content;
@@ -72,7 +73,7 @@ std::string readBeginning(const std::string& name, std::size_t count) {
     struct stat status {};
     if (name == "-" || ::stat(name.c_str(), &status) != 0 || !S_ISREG(status.st_mode))
         return {};
-    const Descriptor file(::open(name.c_str(), O_RDONLY | O_CLOEXEC));
+    const Core::IO::Descriptor file(::open(name.c_str(), O_RDONLY | O_CLOEXEC));
     std::string bytes(count, '\0');
     const ssize_t size = file.number() < 0 ? 0 : ::read(file.number(), bytes.data(), count);
     bytes.resize(static_cast<std::size_t>(std::max<ssize_t>(size, 0)));

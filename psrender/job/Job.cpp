@@ -1,8 +1,9 @@
 #include "psrender/job/Job.h"
 
 #include "Core/Exception.h"
+#include "Core/internal/Absence.h"
+#include "Images/ImageError.h"
 #include "Print/PrintDocument.h"
-#include "psrender/base/Absence.h"
 #include "psrender/base/InputError.h"
 #include "psrender/base/Warnings.h"
 #include "psrender/job/InputFile.h"
@@ -40,7 +41,7 @@ std::optional<struct stat> statusOf(const std::string& name) {
     struct stat status {};
     if (::stat(name.c_str(), &status) == 0)
         return status;
-    if (!isAbsence(errno))
+    if (!Core::IO::isAbsence(errno))
         throw Core::IOException("cannot find out about", name, errno);
     return std::nullopt;
 }
@@ -116,12 +117,19 @@ private:
             addPage(input);
             ++pages_;
         } catch (const InputError& error) {
-            if (!request_.keepGoing)
-                throw;
-            skipped_ = true;
-            say(std::string(error.what()) + " (page skipped)");
+            skip(error);
+        } catch (const Images::ImageGone& error) {
+            skip(error);
         }
         progress_.advance();
+    }
+
+    /// To be called while `error` is handled.
+    void skip(const std::runtime_error& error) {
+        if (!request_.keepGoing)
+            throw;
+        skipped_ = true;
+        say(std::string(error.what()) + " (page skipped)");
     }
 
     /// Everything that can be wrong with an input is found before its page is begun.
@@ -150,6 +158,8 @@ private:
     void paint(const std::string& name, const scene::Page& page) {
         try {
             painter_.paintPage(page);
+        } catch (const Images::ImageGone& error) {
+            throw std::runtime_error(error.what());
         } catch (const InputError& error) {
             throw std::runtime_error(error.what());
         } catch (const Core::NumberRangeException& error) {

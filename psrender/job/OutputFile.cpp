@@ -2,7 +2,7 @@
 
 #include "Core/Exception.h"
 #include "Core/FileStream.h"
-#include "psrender/base/Absence.h"
+#include "Core/internal/Absence.h"
 #include "psrender/base/InputError.h"
 #include "psrender/job/InputFile.h"
 
@@ -55,7 +55,7 @@ std::string resolved(const std::string& name) {
     std::array<char, PATH_MAX> path{};
     if (::realpath(name.c_str(), path.data()) != nullptr)
         return path.data();
-    if (!isAbsence(errno))
+    if (!Core::IO::isAbsence(errno))
         fail("cannot write to", name);
     return name;
 }
@@ -151,7 +151,7 @@ int OutputFile::open() {
     }
     struct stat status {};
     if (::stat(target_.c_str(), &status) != 0) {
-        if (!isAbsence(errno))
+        if (!Core::IO::isAbsence(errno))
             fail("cannot write to", target_);
         return temporary_.emplace(target_, usualMode()).descriptor();
     }

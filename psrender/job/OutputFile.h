@@ -2,7 +2,7 @@
 
 #include "Core/SmartPtr.h"
 #include "Core/Stream.h"
-#include "psrender/base/Descriptor.h"
+#include "Core/internal/Descriptor.h"
 
 #include <sys/types.h>
 
@@ -54,7 +54,7 @@ private:
 
     std::string target_;
     std::optional<Temporary> temporary_;  ///< none if the target is written directly
-    Descriptor file_;
+    Core::IO::Descriptor file_;
     Core::SmartPtr<Core::IO::Stream> stream_;
 };
 

@@ -1,8 +1,8 @@
 #include "psrender/job/PageReader.h"
 
+#include "Images/ImageError.h"
+#include "Images/ImageFormat.h"
 #include "psrender/base/InputError.h"
-#include "psrender/image/ImageError.h"
-#include "psrender/image/ImageFormat.h"
 #include "psrender/job/InputFile.h"
 #include "psrender/job/PicturePage.h"
 #include "psrender/svg/SvgReader.h"
@@ -11,7 +11,7 @@
 
 namespace psrender {
 
-using image::ImageFormat;
+using Images::ImageFormat;
 
 namespace {
 
@@ -24,9 +24,9 @@ template <class Open>
 PageReader::Input readPicture(const std::string& name, Warnings& warnings, Open open) {
     try {
         return {pageOf(open(), warnings), true};
-    } catch (const image::ImageError& error) {
+    } catch (const Images::ImageError& error) {
         throw InputError({name}, error.what());
-    } catch (const image::ImageLost& error) {
+    } catch (const Images::ImageLost& error) {
         throw InputError({name}, error.what());
     }
 }
@@ -36,23 +36,23 @@ PageReader::Input readPicture(const std::string& name, Warnings& warnings, Open 
 PageReader::Input PageReader::read(const std::string& input, Warnings& warnings) {
     if (input == "-")
         return readContent(readInput(input), kStandardInput, "", warnings);
-    if (image::formatOf(readBeginning(input, image::kFormatBytes)) != ImageFormat::none)
+    if (Images::formatOf(readBeginning(input, Images::kFormatBytes)) != ImageFormat::none)
         return readImageFile(input, warnings);
     return readContent(readInput(input), input, folderOf(input), warnings);
 }
 
 /// An image stays in its file, whatever its size.
 PageReader::Input PageReader::readImageFile(const std::string& name, Warnings& warnings) {
-    return readPicture(name, warnings, [&]() -> const image::UprightImage& {
+    return readPicture(name, warnings, [&]() -> const Images::UprightImage& {
         return images_.fromFile(name, name);
     });
 }
 
 PageReader::Input PageReader::readContent(const std::string& content, const std::string& name,
                                           const std::string& folder, Warnings& warnings) {
-    if (image::formatOf(content) == ImageFormat::none)
+    if (Images::formatOf(content) == ImageFormat::none)
         return {svg::readSvg(content, name, warnings, {&images_, folder}, limits_, wishes_), false};
-    return readPicture(name, warnings, [&]() -> const image::UprightImage& {
+    return readPicture(name, warnings, [&]() -> const Images::UprightImage& {
         return images_.fromBytes(content, name);
     });
 }

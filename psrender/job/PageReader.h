@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Images/ImageStore.h"
 #include "psrender/base/Warnings.h"
-#include "psrender/image/ImageStore.h"
 #include "psrender/scene/DisplayList.h"
 #include "psrender/svg/SvgReader.h"
 
@@ -30,7 +30,7 @@ private:
     Input readContent(const std::string& content, const std::string& name,
                       const std::string& folder, Warnings& warnings);
 
-    image::ImageStore images_;
+    Images::ImageStore images_;
     svg::ReadingLimits limits_;
     svg::ReadingWishes wishes_;
 };

@@ -1,5 +1,7 @@
 #include "psrender/job/PicturePage.h"
 
+#include "psrender/image/Upright.h"
+
 namespace psrender {
 
 namespace {
@@ -14,7 +16,7 @@ bool isSensible(double resolution) {
 
 }  // namespace
 
-scene::Page pageOf(const image::UprightImage& image, Warnings& warnings) {
+scene::Page pageOf(const Images::UprightImage& image, Warnings& warnings) {
     const bool isKnown =
         isSensible(image.horizontalResolution) && isSensible(image.verticalResolution);
     if (image.isProfileIgnored)
@@ -25,7 +27,7 @@ scene::Page pageOf(const image::UprightImage& image, Warnings& warnings) {
     page.height =
         image.height * kPointsAnInch / (isKnown ? image.verticalResolution : kUsualResolution);
     page.items.emplace_back(scene::Picture{
-        image.image, scene::Affine::scaling(page.width, page.height) * image.upright, 1});
+        image.image, scene::Affine::scaling(page.width, page.height) * image::uprightOf(image), 1});
     return page;
 }
 

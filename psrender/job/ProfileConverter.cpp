@@ -1,6 +1,6 @@
 #include "psrender/job/ProfileConverter.h"
 
-#include "psrender/image/ProfileHandles.h"
+#include "Images/internal/ProfileHandles.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -10,8 +10,8 @@ namespace psrender {
 using Drawing::ColorSpaceType;
 using Drawing::Print::ColorConverter;
 using Drawing::Print::Components;
-using image::Profile;
-using image::Transform;
+using Images::Profile;
+using Images::Transform;
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "tests/psrender/Spots.h"
 
 #include "Core/MemoryStream.h"
-#include "psrender/image/ImageStore.h"
+#include "Images/ImageStore.h"
 #include "psrender/paint/Painter.h"
 #include "psrender/raster/Module.h"
 #include "psrender/svg/SvgReader.h"
@@ -31,7 +31,7 @@ std::string printed(const scene::Page& page, const plan::PlanOptions& options) {
 
 std::string script(const std::string& body, const plan::PlanOptions& options) {
     Warnings warnings;
-    image::ImageStore store(1'000'000);
+    Images::ImageStore store(1'000'000);
     return printed(
         svg::readSvg("<svg xmlns='http://www.w3.org/2000/svg' width='100pt' height='100pt' "
                      "viewBox='0 0 100 100'>" +

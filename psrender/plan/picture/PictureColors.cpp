@@ -30,7 +30,7 @@ Color colorOf(const std::uint8_t* pixel, std::size_t components) {
 
 image::Backdrop colorsOf(const scene::Picture& picture) {
     const Drawing::PixelSize size = picture.image->getPixelSize();
-    const auto image = image::rowsOf(image::flattened(
+    const auto image = Images::rowsOf(image::flattened(
         image::reduced(picture.image,
                        {std::min(size.width, kMostSide), std::min(size.height, kMostSide)}),
         picture.opacity, scene::kWhite));

@@ -8,7 +8,7 @@
 
 namespace psrender::plan {
 
-using image::PixelRect;
+using Images::PixelRect;
 using scene::Affine;
 using scene::Rect;
 

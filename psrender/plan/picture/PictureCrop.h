@@ -1,6 +1,6 @@
 #pragma once
 
-#include "psrender/image/RowImage.h"
+#include "Images/RowImage.h"
 #include "psrender/scene/DisplayList.h"
 
 namespace psrender::plan {
@@ -10,6 +10,6 @@ namespace psrender::plan {
 void cropTo(scene::Picture& picture, const scene::Rect& box);
 
 /// The part of the square of side 1 that some pixels of an image cover, as a map of the whole.
-scene::Affine shareOf(const image::PixelRect& part, const Drawing::PixelSize& size);
+scene::Affine shareOf(const Images::PixelRect& part, const Drawing::PixelSize& size);
 
 }  // namespace psrender::plan

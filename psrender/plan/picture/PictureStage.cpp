@@ -11,7 +11,7 @@
 
 namespace psrender::plan {
 
-using image::PixelRect;
+using Images::PixelRect;
 using scene::Affine;
 using scene::Picture;
 
@@ -37,7 +37,7 @@ bool isEnlarged(const Picture& picture) {
 
 /// Takes the margin away in which all pixels are clear. False if nothing is left.
 bool trim(Picture& picture) {
-    const PixelRect seen = image::rowsOf(picture.image)->visiblePart();
+    const PixelRect seen = Images::rowsOf(picture.image)->visiblePart();
     if (seen.width == 0 || seen.height == 0)
         return false;
     const Drawing::PixelSize size = picture.image->getPixelSize();

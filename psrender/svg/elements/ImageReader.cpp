@@ -1,9 +1,10 @@
 #include "psrender/svg/elements/ImageReader.h"
 
+#include "Images/ImageError.h"
 #include "psrender/base/InputError.h"
 #include "psrender/base/Warnings.h"
 #include "psrender/image/DerivedImages.h"
-#include "psrender/image/ImageError.h"
+#include "psrender/image/Upright.h"
 #include "psrender/svg/elements/Canvas.h"
 #include "psrender/svg/image/ImageLinks.h"
 #include "psrender/svg/values/Characters.h"
@@ -17,8 +18,8 @@
 
 namespace psrender::svg {
 
-using image::PixelRect;
-using image::UprightImage;
+using Images::PixelRect;
+using Images::UprightImage;
 using scene::Affine;
 using scene::Point;
 using scene::Rect;
@@ -51,7 +52,8 @@ Rect visiblePart(const UprightImage& image, const Affine& toArea, const Rect& ar
 /// The same part in the pixels as they are stored.
 PixelRect storedPart(const UprightImage& image, const Rect& part) {
     const Drawing::PixelSize size = image.image->getPixelSize();
-    const Affine toStored = Affine::scaling(size.width, size.height) * image.upright.inverse() *
+    const Affine toStored = Affine::scaling(size.width, size.height) *
+                            image::uprightOf(image).inverse() *
                             Affine::scaling(1 / image.width, 1 / image.height);
     const Point a = toStored.apply({part.x, part.y});
     const Point b = toStored.apply({part.x + part.width, part.y + part.height});
@@ -82,7 +84,7 @@ scene::Picture placed(const UprightImage& image, const Affine& toArea, const Rec
     const double right = std::min(end.x, area.x + area.width);
     const double bottom = std::min(end.y, area.y + area.height);
     return {isCut ? image::cropped(image.image, storedPart(image, part)) : image.image,
-            Affine{right - left, 0, 0, bottom - top, left, top} * image.upright, 1};
+            Affine{right - left, 0, 0, bottom - top, left, top} * image::uprightOf(image), 1};
 }
 
 }  // namespace
@@ -90,7 +92,7 @@ scene::Picture placed(const UprightImage& image, const Affine& toArea, const Rec
 const UprightImage* ImageReader::find(std::string_view address, pugi::xml_node element) {
     try {
         return links_.find(address);
-    } catch (const image::ImageLost& error) {
+    } catch (const Images::ImageLost& error) {
         tree_.fail(element, error.what());
     }
 }

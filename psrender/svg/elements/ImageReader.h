@@ -15,7 +15,7 @@ namespace psrender {
 class Warnings;
 }
 
-namespace psrender::image {
+namespace Images {
 struct UprightImage;
 }
 
@@ -52,7 +52,7 @@ private:
         double height = 0;
     };
 
-    const image::UprightImage* find(std::string_view address, pugi::xml_node element);
+    const Images::UprightImage* find(std::string_view address, pugi::xml_node element);
 
     void drawDrawing(const std::string& text, pugi::xml_node element, const Surroundings& inside);
     const Drawing* drawingOf(const std::string& text);

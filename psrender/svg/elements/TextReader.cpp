@@ -1,6 +1,7 @@
 #include "psrender/svg/elements/TextReader.h"
 
 #include "psrender/base/Warnings.h"
+#include "psrender/image/Upright.h"
 #include "psrender/scene/OutlineBox.h"
 #include "psrender/svg/css/StyleResolver.h"
 #include "psrender/svg/elements/Canvas.h"
@@ -177,9 +178,9 @@ void TextReader::show(const scene::Text& text, pugi::xml_node element) {
     for (const LetterPicture& picture : colored.pictures) {
         const auto* image = links_.findLetter(picture.png);
         if (image != nullptr && canvas_.canShow(picture.toPage))
-            canvas_.add(
-                scene::Picture{image->image, picture.toPage * image->upright, text.fill.opacity},
-                element);
+            canvas_.add(scene::Picture{image->image, picture.toPage * image::uprightOf(*image),
+                                       text.fill.opacity},
+                        element);
     }
 }
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace psrender::image {
+namespace Images {
 class ImageStore;
 }
 
@@ -10,7 +10,7 @@ namespace psrender::svg {
 
 /// Where the images that a drawing refers to may come from.
 struct ImageAccess {
-    image::ImageStore* store = nullptr;  ///< without one all images are left out
+    Images::ImageStore* store = nullptr;  ///< without one all images are left out
     /// Image files must lie in this folder or in folders within; empty means that none are read.
     std::string folder{};
 };

@@ -1,8 +1,8 @@
 #include "psrender/svg/image/ImageLinks.h"
 
-#include "psrender/base/Absence.h"
+#include "Core/internal/Absence.h"
+#include "Images/ImageError.h"
 #include "psrender/base/Warnings.h"
-#include "psrender/image/ImageError.h"
 #include "psrender/svg/image/DataUri.h"
 #include "psrender/svg/values/Characters.h"
 
@@ -14,9 +14,9 @@
 
 namespace psrender::svg {
 
-using image::ImageError;
-using image::ImageLost;
-using image::UprightImage;
+using Images::ImageError;
+using Images::ImageLost;
+using Images::UprightImage;
 namespace fs = std::filesystem;
 
 namespace {
@@ -49,7 +49,7 @@ bool looksLikeSvg(std::string_view bytes) {
 
 /// The file system may say that there is nothing, but it must say something.
 void requireAnswer(const std::error_code& error) {
-    if (error && !isAbsence(error.value()))
+    if (error && !Core::IO::isAbsence(error.value()))
         throw ImageLost("cannot be found (" + error.message() + "); check the disk and try again");
 }
 

@@ -109,8 +109,7 @@ void GradientReader::readCircles(const PaintServer& server, const Measures& meas
     const double farthest = std::max(0.0, gradient.endRadius - gradient.startRadius) * kClosest;
     const double distance = std::hypot(x, y);
     const bool isTouching =
-        distance > farthest &&
-        distance + gradient.startRadius <= gradient.endRadius * kTouching;
+        distance > farthest && distance + gradient.startRadius <= gradient.endRadius * kTouching;
     const double share = isTouching ? farthest / distance : 1;
     gradient.start = {gradient.end.x + x * share, gradient.end.y + y * share};
 }

@@ -2,8 +2,8 @@
 
 #include "Fonts/FontException.h"
 #include "Fonts/FontManager.h"
+#include "Images/ImageError.h"
 #include "psrender/base/Warnings.h"
-#include "psrender/image/ImageError.h"
 #include "psrender/svg/image/DataUri.h"
 #include "psrender/svg/image/ImageLinks.h"
 #include "psrender/svg/text/FontWish.h"
@@ -86,38 +86,38 @@ std::optional<ChosenFont> FontFaces::opened(std::string_view address, const Text
         return font;
     } catch (const Fonts::FontException& error) {
         warnings_.add("left out (@font-face): " + error.getMessage());
-    } catch (const image::ImageError& error) {
+    } catch (const Images::ImageError& error) {
         warnings_.add(std::string("left out (@font-face): a font ") + error.what());
-    } catch (const image::ImageLost& error) {
+    } catch (const Images::ImageLost& error) {
         warnings_.add(std::string("left out (@font-face): a font ") + error.what());
     }
     return std::nullopt;
 }
 
-/// The bytes that an address stands for. Throws `image::ImageError`.
+/// The bytes that an address stands for. Throws `Images::ImageError`.
 std::string FontFaces::read(std::string_view address) {
     constexpr const char* kTooMuch = "comes after more than 64 MB of fonts; use smaller ones";
     if (equalsIgnoringCase(address.substr(0, 5), "data:")) {
         auto bytes = address.size() / 4 * 3 > bytesLeft_ ? std::nullopt : decodeDataUri(address);
         if (!bytes)
-            throw image::ImageError(address.size() / 4 * 3 > bytesLeft_
-                                        ? kTooMuch
-                                        : "has a damaged data address; embed it anew");
+            throw Images::ImageError(address.size() / 4 * 3 > bytesLeft_
+                                         ? kTooMuch
+                                         : "has a damaged data address; embed it anew");
         bytesLeft_ -= std::min(bytesLeft_, bytes->size());
         return std::move(*bytes);
     }
     if (address.find("://") != std::string_view::npos)
-        throw image::ImageError("is not fetched; embed it, or put the file beside the drawing");
+        throw Images::ImageError("is not fetched; embed it, or put the file beside the drawing");
     const std::string path =
         links_.pathOf(percentDecoded(address.substr(0, address.find_first_of("?#"))));
     std::error_code error;
     const auto size = std::filesystem::file_size(path, error);
     if (error || size > bytesLeft_)
-        throw image::ImageError(error ? "cannot be read; check its name" : kTooMuch);
+        throw Images::ImageError(error ? "cannot be read; check its name" : kTooMuch);
     std::ifstream file(path, std::ios::binary);
     std::string bytes(static_cast<std::size_t>(size), '\0');
     if (!file.read(bytes.data(), static_cast<std::streamsize>(size)))
-        throw image::ImageError("cannot be read; check the file");
+        throw Images::ImageError("cannot be read; check the file");
     bytesLeft_ -= bytes.size();
     return bytes;
 }

@@ -71,10 +71,10 @@ TEST(DerivedImages, LieOverTheirGround) {
 }
 
 /// An image of any size that no memory is needed for.
-class HugeImage : public RowImage {
+class HugeImage : public Images::RowImage {
 public:
     HugeImage(int width, int height, ColorSpaceType space)
-        : RowImage(u"huge", {width, height}, space, false) {}
+        : Images::RowImage(u"huge", {width, height}, space, false) {}
     void readRows(std::int32_t, std::int32_t, std::uint8_t*, std::uint8_t*) const override {}
 };
 

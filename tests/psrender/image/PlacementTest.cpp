@@ -1,8 +1,8 @@
-#include "psrender/image/ImageStore.h"
+#include "Images/ImageStore.h"
 #include "psrender/svg/SvgReader.h"
 #include "psrender/svg/image/DataUri.h"
+#include "tests/Images/ImageFiles.h"
 #include "tests/psrender/Spots.h"
-#include "tests/psrender/image/ImageFiles.h"
 #include "tests/support/Interpreter.h"
 
 #include <gmock/gmock.h>
@@ -16,7 +16,7 @@ namespace psrender::svg {
 namespace {
 
 namespace fs = std::filesystem;
-using image::encode;
+using Images::tests::encode;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
@@ -33,15 +33,15 @@ std::string escaped(const std::string& bytes) {
 /// 4 by 2 pixels: red, green, blue and black above white, yellow, cyan and magenta.
 std::string colours() {
     return "href='data:," +
-           escaped(encode(
-               image::PngFile{4, 2, {255, 0,   0,   0,   255, 0, 0, 0,   255, 0,   0, 0,
-                                     255, 255, 255, 255, 255, 0, 0, 255, 255, 255, 0, 255}})) +
+           escaped(encode(Images::tests::PngFile{
+               4, 2, {255, 0,   0,   0,   255, 0, 0, 0,   255, 0,   0, 0,
+                      255, 255, 255, 255, 255, 0, 0, 255, 255, 255, 0, 255}})) +
            "'";
 }
 
 /// A document of a page of 80 by 40 points.
 std::string scriptOf(const std::string& body) {
-    image::ImageStore store(1000);
+    Images::ImageStore store(1000);
     Warnings warnings;
     const scene::Page page = readSvg(
         "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 80 40' width='80pt' height='40pt'>" +
@@ -86,7 +86,7 @@ TEST(SvgImages, LieUprightAsTheirAspectRatioTells) {
 TEST(SvgImages, ShowTheColourBeneathThem) {
     const std::string clear =
         "<image x='20' y='10' width='40' height='20' preserveAspectRatio='none' href='data:," +
-        escaped(encode(image::PngFile{1, 1, {9, 9, 9, 1}, 6})) + "'/>";
+        escaped(encode(Images::tests::PngFile{1, 1, {9, 9, 9, 1}, 6})) + "'/>";
     const auto over = [&](const std::string& body) { return seen(body + clear).at(1); };
     EXPECT_EQ("yyyyyyyy", over("<rect width='80' height='40' fill='yellow'/>"));
     EXPECT_EQ("wbbbbbbw", over("<path d='M8 4H72L75 36H5zM0 0h4v4h-4z' fill='blue'/>"
@@ -161,12 +161,12 @@ TEST(SvgImages, AreReadFromTheFolderOfTheDrawingOnly) {
     const fs::path outside = ::mkdtemp(name.data());
     const fs::path folder = outside / "inside";
     fs::create_directories(folder / "sub");
-    const std::string png = encode(image::PngFile{1, 1, {1, 2, 3}});
+    const std::string png = encode(Images::tests::PngFile{1, 1, {1, 2, 3}});
     for (const fs::path& file : {outside / "a.png", folder / "b c.png", folder / "sub" / "d.png"})
         std::ofstream(file, std::ios::binary) << png;
     fs::create_symlink(outside / "a.png", folder / "link.png");
     fs::create_symlink(folder / "b c.png", folder / "fine.png");
-    image::ImageStore store(1000);
+    Images::ImageStore store(1000);
     const auto warning = [&](const std::string& address, const std::string& place) {
         Warnings warnings;
         readSvg("<svg xmlns='http://www.w3.org/2000/svg'><image href='" + address + "'/></svg>",

@@ -1,7 +1,7 @@
 // What the system refuses: every kind of call of a job fails in turn, and the output is old or
 // whole.
 
-#include "tests/psrender/image/ImageFiles.h"
+#include "tests/Images/ImageFiles.h"
 #include "tests/psrender/job/Program.h"
 #include "tests/support/Documents.h"
 
@@ -12,9 +12,9 @@
 
 namespace {
 
-using psrender::image::JpegFile;
-using psrender::image::noise;
-using psrender::image::PngFile;
+using Images::tests::JpegFile;
+using Images::tests::noise;
+using Images::tests::PngFile;
 
 std::string base64(const std::string& bytes) {
     static const std::string digits =
@@ -41,7 +41,7 @@ protected:
         const std::string picture = base64(encode(PngFile{8, 8, noise(3 * 8 * 8)}));
         write("photo.jpg", encode(JpegFile{16, 16, 3, noise(3 * 16 * 16)}));
         PngFile scan{8, 8, noise(3 * 8 * 8)};
-        scan.profile = psrender::image::profileOf(1.8);
+        scan.profile = Images::tests::profileOf(1.8);
         write("scan.png", encode(scan));
         write("rich.svg",
               "<svg xmlns='http://www.w3.org/2000/svg' width='200' height='99'><defs>"

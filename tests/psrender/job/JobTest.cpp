@@ -1,6 +1,6 @@
 #include "psrender/job/CommandLine.h"
 #include "psrender/job/InputFile.h"
-#include "tests/psrender/image/ImageFiles.h"
+#include "tests/Images/ImageFiles.h"
 #include "tests/psrender/job/Program.h"
 #include "tests/support/Interpreter.h"
 #include "tests/support/Raises.h"
@@ -17,7 +17,7 @@
 namespace {
 
 namespace fs = std::filesystem;
-using psrender::image::Bytes;
+using Images::tests::Bytes;
 using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
@@ -262,7 +262,7 @@ TEST_F(Psrender, BlendsWithWhitePaperIfAsked) {
 }
 
 TEST_F(Psrender, PrintsPicturesAsPages) {
-    psrender::image::PngFile scan{50, 25, psrender::image::noise(3 * 50 * 25)};
+    Images::tests::PngFile scan{50, 25, Images::tests::noise(3 * 50 * 25)};
     scan.dotsPerMetre = 72 / 0.0254 / 2;
     write("scan.png", encode(scan));
     const Bytes pixels = scan.samples;
