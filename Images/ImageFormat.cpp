@@ -18,8 +18,8 @@ struct Signature {
 constexpr std::array kSignatures{
     Signature{"\x89PNG\r\n\x1A\n"sv, ImageFormat::png, "a PNG"},
     Signature{"\xFF\xD8\xFF"sv, ImageFormat::jpeg, "a JPEG"},
-    Signature{"GIF8"sv, ImageFormat::other, "a GIF"},
-    Signature{"WEBP"sv, ImageFormat::other, "a WebP", 8},
+    Signature{"GIF8"sv, ImageFormat::gif, "a GIF"},
+    Signature{"WEBP"sv, ImageFormat::webp, "a WebP", 8},
     Signature{"II*\0"sv, ImageFormat::other, "a TIFF"},
     Signature{"MM\0*"sv, ImageFormat::other, "a TIFF"},
     Signature{"\0\0\0\x0CjP  "sv, ImageFormat::other, "a JPEG 2000"},
@@ -46,7 +46,7 @@ ImageFormat formatOf(std::string_view beginning) {
 std::string unusableFormat(std::string_view beginning) {
     const Signature* signature = find(beginning);
     if (signature == nullptr)
-        return "is neither a PNG nor a JPEG image; convert it to one of them";
+        return "is no PNG, JPEG, GIF or WebP image; convert it to one of them";
     return std::string("is ") + signature->name + " image; convert it to PNG or JPEG";
 }
 

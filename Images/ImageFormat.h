@@ -10,7 +10,7 @@
 namespace Images {
 
 /// `other` is a raster format that is recognised but not read.
-enum class ImageFormat : std::uint8_t { none, png, jpeg, other };
+enum class ImageFormat : std::uint8_t { none, png, jpeg, gif, webp, other };
 
 /// So many bytes from the beginning of a file tell its format.
 inline constexpr std::size_t kFormatBytes = 12;

@@ -3,7 +3,10 @@
 # and a pkg-config file. The components are packages: program, libraries, development, documents.
 include(CMakePackageConfigHelpers)
 
-set(components Core Drawing ZipLib Fonts PS Print Images)
+set(components Core Drawing ZipLib Fonts PS Print)
+if(TARGET psgraphics-Images)
+  list(APPEND components Images)
+endif()
 list(TRANSFORM components PREPEND psgraphics- OUTPUT_VARIABLE libraries)
 set(header_folder ${CMAKE_INSTALL_INCLUDEDIR}/psgraphics)
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/PSGraphics)
@@ -79,7 +82,8 @@ install(FILES ${PROJECT_BINARY_DIR}/PSGraphicsConfig.cmake
 
 # The archives in the order in which a linker wants them: users before what they use.
 set(link_flags "")
-foreach(library Images Print PS Fonts Drawing ZipLib Core)
+list(REVERSE components)
+foreach(library IN LISTS components)
   string(APPEND link_flags " -lpsgraphics-${library}")
 endforeach()
 file(RELATIVE_PATH prefix_from_pc_file /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)

@@ -61,8 +61,8 @@ install(DIRECTORY docs examples DESTINATION ${documents} COMPONENT documents
 
 psgraphics_package(program psrender graphics "${library_package} (= ${PROJECT_VERSION})"
   "turns SVG drawings and images into PostScript"
-  "Makes one PostScript document of SVG drawings, PNG and JPEG images, a page\n\
-each, for printers, print queues and interpreters.")
+  "Makes one PostScript document of SVG drawings and images (PNG, JPEG, GIF,\n\
+WebP), a page each, for printers, print queues and interpreters.")
 psgraphics_package(libraries ${library_package} libs ""
   "drawing calls in, one PostScript file out"
   "The libraries that programs draw with: pages, paths, text in real fonts,\n\

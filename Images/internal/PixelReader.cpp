@@ -2,8 +2,10 @@
 
 #include "Images/ImageError.h"
 #include "Images/ImageFormat.h"
+#include "Images/internal/GifReader.h"
 #include "Images/internal/JpegReader.h"
 #include "Images/internal/PngReader.h"
+#include "Images/internal/WebpReader.h"
 
 #include <array>
 #include <string_view>
@@ -21,6 +23,10 @@ std::unique_ptr<PixelReader> openImage(ByteReader bytes, std::uint64_t mostPixel
             return openPng(std::move(bytes), mostPixels);
         case ImageFormat::jpeg:
             return openJpeg(std::move(bytes), mostPixels);
+        case ImageFormat::gif:
+            return openGif(std::move(bytes), mostPixels);
+        case ImageFormat::webp:
+            return openWebp(std::move(bytes), mostPixels);
         case ImageFormat::none:
         case ImageFormat::other:
             break;

@@ -45,7 +45,7 @@ protected:
     ImageFacts facts_;
 };
 
-/// A reader for a PNG or JPEG file of at most `mostPixels` pixels, its head read. Throws
+/// A reader for a file of at most `mostPixels` pixels, its head read. Throws
 /// `ImageError` for everything else, and `ImageLost`.
 std::unique_ptr<PixelReader> openImage(ByteReader bytes, std::uint64_t mostPixels);
 

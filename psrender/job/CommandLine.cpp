@@ -53,7 +53,7 @@ class Options {
 public:
     Options()
         : app_(
-              "Turns SVG drawings, PNG and JPEG images into one PostScript document, a page "
+              "Turns SVG drawings and images into one PostScript document, a page "
               "each.",
               "psrender") {
         app_.footer(kExamples);

@@ -5,6 +5,7 @@
 #include "Core/Exception.h"
 #include "Core/Log.h"
 #include "Fonts/FontException.h"
+#include "Images/ImageError.h"
 #include "Print/PrintException.h"
 
 #include <deque>
@@ -25,6 +26,8 @@ struct ErrorClasses {
     py::object font;
     py::object fontNotFound;
     py::object print;
+    py::object image;
+    py::object imageLost;
 };
 
 ErrorClasses& classes() {
@@ -49,6 +52,15 @@ void raise(const py::object& type, const Core::Exception& error) {
     made.attr("source") = error.getSource();
     made.attr("line") = error.getLine();
     made.attr("message") = py::str(error.getMessage());
+    PyErr_SetObject(type.ptr(), made.ptr());
+}
+
+/// For what does not know where in the library it was raised.
+void raisePlain(const py::object& type, const std::exception& error) {
+    const py::object made = type(error.what());
+    made.attr("source") = "";
+    made.attr("line") = 0;
+    made.attr("message") = error.what();
     PyErr_SetObject(type.ptr(), made.ptr());
 }
 
@@ -111,6 +123,12 @@ void setPythonError(const std::exception_ptr& error) {
         raise(classes().print, raised);
     } catch (const Core::Exception& raised) {
         raise(classes().base, raised);
+    } catch (const Images::ImageError& raised) {
+        raisePlain(classes().image, raised);
+    } catch (const Images::ImageLost& raised) {
+        raisePlain(classes().imageLost, raised);
+    } catch (const Images::ImageGone& raised) {
+        raisePlain(classes().imageLost, raised);
     } catch (const std::bad_alloc&) {
         PyErr_NoMemory();
     } catch (const std::exception& raised) {
@@ -146,6 +164,11 @@ void bindErrors(py::module_& module) {
                      "A PrintDocument was asked for something that cannot be done, or not at "
                      "this time. Nothing of the call was drawn.",
                      value);
+    all.image = make("ImageError", "An image file that cannot be used.", value);
+    all.imageLost = make("ImageLostError",
+                         "An image file that the system took away, or that was changed after it "
+                         "was opened.",
+                         system);
     // The signature that translators have.
     // NOLINTNEXTLINE(performance-unnecessary-value-param)
     py::register_exception_translator([](std::exception_ptr error) {

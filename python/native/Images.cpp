@@ -4,6 +4,7 @@
 
 #include "Drawing/RasterImage.h"
 #include "Drawing/TintedImage.h"
+#include "Images/LoadImage.h"
 
 #include <algorithm>
 #include <array>
@@ -127,10 +128,30 @@ py::array arrayOf(const Core::ByteArray& bytes, const Image& image, int componen
     return py::array_t<std::uint8_t>(shape, bytes.data());
 }
 
+SmartPtr<Image> imageFromFile(const py::object& path, std::uint64_t mostPixels) {
+    const auto name = py::module_::import("os").attr("fsdecode")(path).cast<Core::String>();
+    const py::gil_scoped_release unlocked;
+    return Images::loadImage(name, mostPixels).image;
+}
+
+SmartPtr<Image> imageFromBytes(const py::bytes& file, const Core::String& name,
+                               std::uint64_t mostPixels) {
+    const auto bytes = static_cast<std::string_view>(file);
+    const py::gil_scoped_release unlocked;
+    return Images::loadImage(bytes, name, mostPixels).image;
+}
+
 }  // namespace
 
 void bindImages(py::module_& module) {
     py::class_<Image, SmartPtr<Image>>(module, "Image", "A picture.")
+        .def_static("from_file", &imageFromFile, py::arg("path"),
+                    py::arg("most_pixels") = Images::kUsualMostPixels,
+                    "The picture of a PNG, JPEG, GIF or WebP file, upright and in sRGB. The file "
+                    "is read again when the picture is drawn.")
+        .def_static("from_bytes", &imageFromBytes, py::arg("file"), py::arg("name") = "image",
+                    py::arg("most_pixels") = Images::kUsualMostPixels,
+                    "The same from the bytes of such a file; `name` is for messages.")
         .def_property_readonly("size", &sizeOf, "Width and height in pixels.")
         .def_property_readonly("color_space",
                                [](const Image& self) { return self.getColorSpace()->getType(); })

@@ -21,6 +21,7 @@ namespace Images::tests {
 namespace {
 
 using testing::HasSubstr;
+using namespace std::string_literals;
 
 constexpr int kGrey = 0, kRgb = 2, kPalette = 3, kGreyAlpha = 4, kRgba = 6;
 
@@ -189,6 +190,39 @@ TEST(ImageStore, KeysEqualPixelsEqually) {
     EXPECT_NE(plain, key({2, 2, other}));
 }
 
+TEST(Gif, ShowsItsFirstPicture) {
+    Bytes indices(32);
+    for (std::size_t i = 0; i < indices.size(); ++i)
+        indices[i] = i / 4 % 4;
+    indices[0] = 3;
+    for (const bool isInterlaced : {false, true}) {
+        const std::string file = encode(GifFile{6, 9, 1, 0, indices, isInterlaced, 2});
+        const Bytes colors = pixelsOf(file);
+        const Bytes alpha = alphaOf(file);
+        const auto pixel = [&](std::size_t x, std::size_t y) {
+            const std::size_t i = y * 6 + x;
+            return Bytes{colors.at(3 * i), colors.at(3 * i + 1), colors.at(3 * i + 2), alpha.at(i)};
+        };
+        EXPECT_EQ((Bytes{255, 255, 255, 255}), pixel(1, 0));
+        EXPECT_EQ((Bytes{255, 0, 0, 255}), pixel(2, 0));
+        EXPECT_EQ((Bytes{0, 255, 0, 255}), pixel(4, 5));
+        EXPECT_EQ(0, pixel(4, 6).back()) << "clear";
+        EXPECT_EQ((Bytes{255, 255, 255, 255}), pixel(1, 7));
+        EXPECT_EQ(0, pixel(0, 0).back() + pixel(5, 0).back() + pixel(3, 8).back()) << "beside it";
+    }
+    EXPECT_FALSE(decode(encode(GifFile{4, 8, 0, 0, indices}))->hasAlpha());
+}
+
+TEST(Webp, IsExactWithoutLoss) {
+    Bytes samples = noise(4 * 33 * 17);
+    for (std::size_t i = 3; i < samples.size(); i += 4)
+        samples[i] |= 1;  // the colours of clear pixels are not kept
+    const std::string file = encode(WebpFile{33, 17, samples});
+    EXPECT_EQ(every(4, 3, samples), alphaOf(file));
+    EXPECT_EQ(every(4, 1, samples), every(3, 1, pixelsOf(file)));
+    EXPECT_EQ(every(4, 2, samples), every(3, 2, pixelsOf(file)));
+}
+
 TEST(ImageStore, TurnsPicturesUpright) {
     // Where the stored top left corner and the one to its right are shown.
     using Point = std::pair<float, float>;
@@ -238,7 +272,8 @@ TEST(LoadImage, SaysWhichFileIsWrong) {
     const auto image = loadImage(path).image;
     EXPECT_EQ(6U, image->getPixelBytes(0).size());
     std::ofstream(path) << "no picture";
-    EXPECT_THAT(loads, testing::ThrowsMessage<ImageError>(testing::HasSubstr("neither a PNG")));
+    EXPECT_THAT(
+        loads, testing::ThrowsMessage<ImageError>(testing::HasSubstr("no PNG, JPEG, GIF or WebP")));
     EXPECT_THAT([&] { std::ignore = image->getPixelBytes(0); },
                 testing::ThrowsMessage<ImageGone>(testing::StartsWith(path)));
     std::filesystem::remove(path);
@@ -267,6 +302,10 @@ TEST(ImageStore, RefusesWhatIsNoImageOrDamaged) {
     badCheck[badCheck.size() - 14] ^= 1;
     std::string bomb = jpeg;
     bomb.replace(bomb.find("\xFF\xC0") + 5, 4, "\xEA\x60\xEA\x60");
+    const std::string gif = encode(GifFile{4, 8, 0, 0, Bytes(32, 1)});
+    const std::string webp = encode(WebpFile{40, 40, noise(6400)});
+    std::string hugeGif = gif;
+    hugeGif.replace(6, 4, "\xFF\xFF\xFF\xFF");
     const JpegFile scans{40, 40, 3, noise(4800), true};
     const std::pair<std::string, const char*> cases[] = {
         {png.substr(0, 20), "PNG image that is cut short"},
@@ -277,9 +316,13 @@ TEST(ImageStore, RefusesWhatIsNoImageOrDamaged) {
         {jpeg.substr(0, jpeg.size() / 2), "JPEG image that is cut short"},
         {encode(scans).substr(0, 3000), "JPEG image that is cut short"},
         {jpeg.substr(0, jpeg.size() / 2) + "\xFF\xD9", "damaged JPEG image (Corrupt JPEG data"},
-        {"GIF89a", "is a GIF image; convert it to PNG or JPEG"},
-        {"hello", "is neither a PNG nor a JPEG image"},
-        {"", "is neither a PNG nor a JPEG image"}};
+        {"GIF89a", "is a damaged GIF image"},
+        {gif.substr(0, gif.size() - 4), "is a damaged GIF image"},
+        {webp.substr(0, webp.size() / 2), "is a damaged WebP image"},
+        {hugeGif, "has 65535 x 65535 pixels"},
+        {"II*\0"s, "is a TIFF image; convert it to PNG or JPEG"},
+        {"hello", "is no PNG, JPEG, GIF or WebP image"},
+        {"", "is no PNG, JPEG, GIF or WebP image"}};
     for (const auto& [file, sentence] : cases)
         EXPECT_THAT(refusal(file), HasSubstr(sentence));
     EXPECT_EQ("", refusal(jpeg.substr(0, jpeg.size() - 2))) << "only the end mark is missing";

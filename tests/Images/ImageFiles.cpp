@@ -5,9 +5,11 @@
 #include <cstdlib>
 #include <random>
 
+#include <gif_lib.h>
 #include <jpeglib.h>
 #include <lcms2.h>
 #include <png.h>
+#include <webp/encode.h>
 
 namespace Images::tests {
 
@@ -109,6 +111,43 @@ std::string encode(const JpegFile& file) {
     jpeg_destroy_compress(&jpeg);
     std::free(memory);  // NOLINT(cppcoreguidelines-no-malloc): the library allocates so
     return result;
+}
+
+std::string encode(const GifFile& file) {
+    std::string bytes;
+    const auto append = [](GifFileType* gif, const GifByteType* from, int count) {
+        static_cast<std::string*>(gif->UserData)
+            ->append(reinterpret_cast<const char*>(from), static_cast<std::size_t>(count));
+        return count;
+    };
+    GifColorType colors[] = {{255, 0, 0}, {0, 255, 0}, {0, 0, 255}, {255, 255, 255}};
+    ColorMapObject* map = GifMakeMapObject(4, colors);
+    GifFileType* gif = EGifOpen(&bytes, append, nullptr);
+    EGifSetGifVersion(gif, true);
+    EGifPutScreenDesc(gif, file.width, file.height, 2, 0, map);
+    if (file.clearIndex >= 0) {
+        const GraphicsControlBlock control{DISPOSAL_UNSPECIFIED, false, 0, file.clearIndex};
+        GifByteType extension[4];
+        EGifGCBToExtension(&control, extension);
+        EGifPutExtension(gif, GRAPHICS_EXT_FUNC_CODE, sizeof extension, extension);
+    }
+    EGifPutImageDesc(gif, file.left, file.top, 4, 8, file.isInterlaced, nullptr);
+    Bytes indices = file.indices;
+    const int order[] = {0, 4, 2, 6, 1, 3, 5, 7};
+    for (int i = 0; i < 8; ++i)
+        EGifPutLine(gif, indices.data() + 4 * (file.isInterlaced ? order[i] : i), 4);
+    EGifCloseFile(gif, nullptr);
+    GifFreeMapObject(map);
+    return bytes;
+}
+
+std::string encode(const WebpFile& file) {
+    std::uint8_t* memory = nullptr;
+    const std::size_t size = WebPEncodeLosslessRGBA(file.samples.data(), file.width, file.height,
+                                                    4 * file.width, &memory);
+    std::string bytes(reinterpret_cast<const char*>(memory), size);
+    WebPFree(memory);
+    return bytes;
 }
 
 std::string profileOf(std::optional<double> gamma) {

@@ -40,6 +40,26 @@ struct JpegFile {
 
 std::string encode(const JpegFile& file);
 
+struct GifFile {
+    int width = 1;  ///< of the screen
+    int height = 1;
+    int left = 0;  ///< of the picture on it, which has 4 x 8 pixels
+    int top = 0;
+    Bytes indices{};  ///< 0 red, 1 green, 2 blue, 3 white
+    bool isInterlaced = false;
+    int clearIndex = -1;
+};
+
+std::string encode(const GifFile& file);
+
+struct WebpFile {
+    int width = 1;
+    int height = 1;
+    Bytes samples{};  ///< red, green, blue, alpha; kept without loss
+};
+
+std::string encode(const WebpFile& file);
+
 /// An RGB profile with the primaries of sRGB and its own steps, or a gamma instead.
 std::string profileOf(std::optional<double> gamma);
 

@@ -1,4 +1,4 @@
-// Any bytes as a PNG or JPEG file: decoded from end to end and once more in part, or refused.
+// Any bytes as an image file: decoded from end to end and once more in part, or refused.
 
 #include "Images/ImageError.h"
 #include "Images/ImageStore.h"

@@ -4,6 +4,7 @@ import io
 
 import numpy as np
 import pytest
+from matplotlib.image import imsave
 
 import psgraphics as ps
 
@@ -67,6 +68,31 @@ def test_arrays_are_pictures_by_their_components(shape, space, expected, has_alp
         assert (picture.alpha() == colors[..., -1]).all()
     else:
         assert picture.alpha() is None
+
+
+def same_size_png(colors):
+    file = io.BytesIO()
+    imsave(file, colors)
+    return file.getvalue()
+
+
+def test_files_are_pictures(tmp_path):
+    colors = np.arange(24, dtype=np.uint8).reshape(2, 4, 3)
+    path = tmp_path / "löwe.png"
+    imsave(path, colors)
+    picture = ps.Image.from_file(path)
+    assert picture.size == (4, 2) and not picture.has_alpha
+    assert (picture.pixels() == colors).all()
+    same = ps.Image.from_bytes(path.read_bytes())
+    assert same.key == picture.key
+    path.write_bytes(b"no picture")
+    with pytest.raises(ps.ImageLostError, match="löwe.png: "), ps.PrintDocument(io.BytesIO()) as d:
+        with d.page(100, 100):
+            d.draw_image(picture, 0, 0, 40, 20)
+    with pytest.raises(ValueError, match="löwe.png: is no PNG, JPEG, GIF or WebP image"):
+        ps.Image.from_file(path)
+    with pytest.raises(ps.ImageError, match="more than the limit of 7"):
+        ps.Image.from_bytes(same_size_png(colors), most_pixels=7)
 
 
 def test_pictures_that_are_opaque_or_equal_or_wrong():

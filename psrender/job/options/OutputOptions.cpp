@@ -56,8 +56,9 @@ void OutputOptions::addTo(CLI::App& app) {
 }
 
 CLI::Option* OutputOptions::addFilesTo(CLI::App& app) {
-    app.add_option("IN", chosen_.inputs,
-                   "SVG drawings (.svg, .svgz), PNG and JPEG images; - is standard input")
+    app.add_option(
+           "IN", chosen_.inputs,
+           "SVG drawings (.svg, .svgz), PNG, JPEG, GIF and WebP images; - is standard input")
         ->required()
         ->option_text("(at least one)");
     auto* output =
