@@ -24,11 +24,17 @@ int main(int argc, char** argv) {
         if (const auto* code = std::get_if<psrender::ExitCode>(&asked))
             return *code;
         const auto& [request, batch] = std::get<psrender::Asked>(asked);
-        Core::Log::setSink([quiet = request.quiet](const Core::String& text) {
+        bool isWarned = false;
+        Core::Log::setSink([&isWarned, quiet = request.quiet](const Core::String& text) {
+            isWarned = true;
             if (!quiet)
                 psrender::tell("warning: " + text.toUtf8());
         });
-        return batch ? psrender::runBatch(request, *batch) : psrender::runJob(request);
+        const psrender::ExitCode code =
+            batch ? psrender::runBatch(request, *batch) : psrender::runJob(request);
+        Core::Log::setSink({});
+        return code == psrender::success && request.strict && isWarned ? psrender::simplified
+                                                                       : code;
     } catch (const Core::Exception& error) {
         return complain(error.getMessage());
     } catch (const std::bad_alloc&) {

@@ -77,8 +77,10 @@ public:
         document_->startDocument();
         if (request_.printing)
             document_->requestPrinting(*request_.printing);
-        for (const std::string& input : request_.inputs)
+        for (const std::string& input : request_.inputs) {
+            ++number_;
             addOrSkip(input);
+        }
         if (pages_ == 0)
             throw std::runtime_error(
                 "no page is left: every input was skipped, nothing is written");
@@ -178,7 +180,7 @@ private:
                 Clock::duration time) {
         simplified_ = simplified_ || !warnings.empty();
         if (isReported())
-            facts_.push_back(collector_.take(name, warnings));
+            facts_.push_back(collector_.take(name, number_, warnings));
         else if (!request_.quiet)
             for (const Warnings::Kind& kind : warnings.kinds())
                 warn(name, kind);
@@ -225,6 +227,7 @@ private:
     Progress progress_;
     FactCollector collector_{request_.settings.embedStandardFonts};
     std::vector<PageFacts> facts_;
+    std::size_t number_ = 0;  ///< of the input that is read, from 1
     int pages_ = 0;
     bool skipped_ = false;
     bool simplified_ = false;

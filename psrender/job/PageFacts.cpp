@@ -73,12 +73,17 @@ std::string nameOf(const scene::Text& text) {
     return text.run->program->getMetrics().postScriptName.toUtf8();
 }
 
+void noteFont(PageFacts::Font& font, const scene::TextRun& run) {
+    if (!run.standsFor.empty())
+        font.standsFor.insert(run.standsFor);
+}
+
 }  // namespace
 
 void FactCollector::noteRead(const scene::Page& page) {
     ItemWalk([this](const Item& item) {
         if (const auto* text = std::get_if<scene::Text>(&item))
-            facts_.fonts.try_emplace(nameOf(*text), FontWay::outlined);
+            noteFont(facts_.fonts[nameOf(*text)], *text->run);
     }).walk(page);
 }
 
@@ -88,7 +93,7 @@ void FactCollector::notePlanned(const scene::Page& page) {
     std::map<Core::String, PageFacts::Picture> pictures;
     ItemWalk([&](const Item& item) {
         if (const auto* text = std::get_if<scene::Text>(&item))
-            facts_.fonts[nameOf(*text)] = wayOf(*text->run->program, embedsStandardFonts_);
+            facts_.fonts[nameOf(*text)].way = wayOf(*text->run->program, embedsStandardFonts_);
         if (const auto* picture = std::get_if<scene::Picture>(&item)) {
             PageFacts::Picture& known = pictures[picture->image->getHashKey()];
             known.size = picture->image->getPixelSize();
@@ -99,8 +104,10 @@ void FactCollector::notePlanned(const scene::Page& page) {
         facts_.pictures.push_back(picture);
 }
 
-PageFacts FactCollector::take(const std::string& input, const Warnings& warnings) {
+PageFacts FactCollector::take(const std::string& input, std::size_t number,
+                              const Warnings& warnings) {
     facts_.input = input;
+    facts_.number = number;
     facts_.simplified = warnings.kinds();
     return std::exchange(facts_, {});
 }

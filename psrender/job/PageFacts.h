@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -21,15 +22,20 @@ enum class FontWay : std::uint8_t {
 
 /// What there is to tell of a page.
 struct PageFacts {
+    struct Font {
+        FontWay way = FontWay::outlined;
+        std::set<std::string> standsFor;  ///< families that are not installed
+    };
     struct Picture {
         Drawing::PixelSize size;
         std::size_t places = 0;
     };
 
     std::string input;
-    double width = 0;  ///< points
+    std::size_t number = 0;  ///< of the input, from 1
+    double width = 0;        ///< points
     double height = 0;
-    std::map<std::string, FontWay> fonts;  ///< by their names
+    std::map<std::string, Font> fonts;  ///< by their names
     std::vector<Picture> pictures;
     std::vector<Warnings::Kind> simplified;
 };
@@ -45,7 +51,8 @@ public:
     /// After it: what is still text is shown with its font.
     void notePlanned(const scene::Page& page);
 
-    [[nodiscard]] PageFacts take(const std::string& input, const Warnings& warnings);
+    [[nodiscard]] PageFacts take(const std::string& input, std::size_t number,
+                                 const Warnings& warnings);
 
 private:
     PageFacts facts_;

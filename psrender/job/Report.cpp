@@ -34,8 +34,12 @@ std::string textOf(const PageFacts& page) {
     std::ostringstream out = stream();
     out << printable(page.input) << ": " << rounded(page.width) << " x " << rounded(page.height)
         << " points\n";
-    for (const auto& [font, way] : page.fonts)
-        out << "  font " << printable(font) << ": " << nameOf(way) << "\n";
+    for (const auto& [name, font] : page.fonts) {
+        out << "  font " << printable(name) << ": " << nameOf(font.way);
+        for (const std::string& family : font.standsFor)
+            out << ", for " << printable(family);
+        out << "\n";
+    }
     for (const PageFacts::Picture& picture : page.pictures)
         out << "  picture of " << picture.size.width << " x " << picture.size.height
             << " pixels in " << picture.places << (picture.places == 1 ? " place\n" : " places\n");
@@ -71,11 +75,14 @@ void writeArray(std::ostream& out, const Range& range, Write write) {
 
 std::string jsonOf(const PageFacts& page) {
     std::ostringstream out = stream();
-    out << "{\"input\": " << quoted(page.input) << ", \"width\": " << rounded(page.width)
-        << ", \"height\": " << rounded(page.height) << ", \"fonts\": ";
+    out << "{\"input\": " << quoted(page.input) << ", \"number\": " << page.number
+        << ", \"width\": " << rounded(page.width) << ", \"height\": " << rounded(page.height)
+        << ", \"fonts\": ";
     writeArray(out, page.fonts, [&](const auto& font) {
-        out << "{\"name\": " << quoted(font.first) << ", \"way\": " << quoted(nameOf(font.second))
-            << "}";
+        out << "{\"name\": " << quoted(font.first)
+            << ", \"way\": " << quoted(nameOf(font.second.way)) << ", \"for\": ";
+        writeArray(out, font.second.standsFor, [&](const auto& family) { out << quoted(family); });
+        out << "}";
     });
     out << ", \"pictures\": ";
     writeArray(out, page.pictures, [&](const PageFacts::Picture& picture) {

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace psrender::scene {
@@ -28,6 +29,7 @@ struct TextRun {
     Core::SmartPtr<Drawing::Font> font;          ///< under which `program` is found
     Core::SmartPtr<Fonts::FontProgram> program;  ///< never null
     std::shared_ptr<const void> registration{};  ///< keeps a font of the drawing's own known
+    std::string standsFor{};                     ///< a family that is not installed; mostly empty
     double size = 0;                             ///< of the em, in the run's space
     Core::String text;                           ///< what the glyphs show, one after the other
     double spacing = 0;                          ///< behind each glyph, beside its advance

@@ -2,7 +2,7 @@ import os
 from contextlib import AbstractContextManager
 from dataclasses import dataclass
 from types import TracebackType
-from typing import BinaryIO, List, Optional, Sequence, Type, Union
+from typing import BinaryIO, Dict, List, Optional, Sequence, Tuple, Type, Union
 
 from . import _native
 from ._native import *
@@ -29,13 +29,27 @@ class ConversionError(RuntimeError):
     code: int
 
 @dataclass
+class Simplification:
+    sentence: str
+    count: int
+    element: str
+    line: int
+    column: int
+
+@dataclass
+class PageFont:
+    name: str
+    way: str
+    stands_for: List[str]
+
+@dataclass
 class ConvertedPage:
     input: str
     width: float
     height: float
-    shapes: int
-    milliseconds: float
-    simplified: List[str]
+    fonts: List[PageFont]
+    pictures: Dict[Tuple[int, int], int]
+    simplified: List[Simplification]
 
 @dataclass
 class Conversion:

@@ -5,15 +5,16 @@ leaves Python alone.
 """
 
 import dataclasses
+import json
 import os
 import pathlib
-import re
 import shutil
 import subprocess
-from typing import List
+import tempfile
+from typing import Dict, List, Tuple
 
-_WRONG_USAGE, _PAGES_SKIPPED = 2, 3
-_PAGE = re.compile(r"([\d.]+) x ([\d.]+) pt, (\d+) shapes, ([\d.]+) ms")
+_SKIPPED = " (page skipped)"
+_WRONG_USAGE, _PAGES_SKIPPED, _SIMPLIFIED = 2, 3, 4
 
 
 class ConversionError(RuntimeError):
@@ -27,26 +28,55 @@ class ConversionError(RuntimeError):
 
 
 @dataclasses.dataclass
+class Simplification:
+    """A kind of thing that is shown in another way than the drawing says: how often, and where the
+    first one stands (`line` is 0 where that is not known).
+    """
+
+    sentence: str
+    count: int
+    element: str
+    line: int
+    column: int
+
+    def __str__(self):
+        place = f"line {self.line}: " if self.line else ""
+        times = f" ({self.count} times)" if self.count > 1 else ""
+        return place + self.sentence + times
+
+
+@dataclasses.dataclass
+class PageFont:
+    """`way` is "embedded", "printer" (a standard font, which every printer has) or "outlined".
+    `stands_for` has the families that are not installed, in whose place it is.
+    """
+
+    name: str
+    way: str
+    stands_for: List[str]
+
+
+@dataclasses.dataclass
 class ConvertedPage:
-    """What became of one input. `simplified` has a sentence for each kind of thing that is shown
-    in another way than the drawing says.
+    """What became of one input: the size in points, fonts, the pixels of each picture and how
+    often it is shown, and what was simplified.
     """
 
     input: str
     width: float
     height: float
-    shapes: int
-    milliseconds: float
-    simplified: List[str] = dataclasses.field(default_factory=list)
+    fonts: List[PageFont]
+    pictures: Dict[Tuple[int, int], int]
+    simplified: List[Simplification]
 
 
 @dataclasses.dataclass
 class Conversion:
     """The pages in their order, what was skipped with `keep_going`, and all other messages."""
 
-    pages: List[ConvertedPage] = dataclasses.field(default_factory=list)
-    skipped: List[str] = dataclasses.field(default_factory=list)
-    messages: List[str] = dataclasses.field(default_factory=list)
+    pages: List[ConvertedPage]
+    skipped: List[str]
+    messages: List[str]
 
 
 def find_program():
@@ -74,25 +104,34 @@ def _words(options):
     return words
 
 
-def _read_messages(text, inputs):
-    """Sorts the lines of psrender. Names may hold anything, so they are looked for, not parsed."""
-    done, simplified = Conversion(), {}
-    for line in text.splitlines():
-        line = line.removeprefix("psrender: ")
-        is_warning = line.startswith("warning: ")
-        rest = line.removeprefix("warning: ")
-        name = max((name for name in inputs if rest.startswith(name + ":")), key=len, default=None)
-        page = name is not None and _PAGE.fullmatch(rest[len(name) + 2:])
-        if page and not is_warning:
-            done.pages.append(ConvertedPage(name, float(page[1]), float(page[2]), int(page[3]),
-                                            float(page[4]), simplified.pop(name, [])))
-        elif name is not None and is_warning:
-            simplified.setdefault(name, []).append(rest[len(name) + 1:].lstrip())
-        elif line.endswith(" (page skipped)"):
-            done.skipped.append(line.removesuffix(" (page skipped)"))
-        else:
-            done.messages.append(line)
-    return done
+def _page(facts, names):
+    """The page that an object of psrender's report speaks of."""
+    fonts = [PageFont(font["name"], font["way"], font["for"]) for font in facts["fonts"]]
+    pictures = {}
+    for picture in facts["pictures"]:
+        size = picture["width"], picture["height"]
+        pictures[size] = pictures.get(size, 0) + picture["places"]
+    return ConvertedPage(names[facts["number"] - 1], facts["width"], facts["height"], fonts,
+                         pictures, [Simplification(**kind) for kind in facts["simplified"]])
+
+
+def _conversion(report, said, names):
+    lines = [line.removeprefix("psrender: ") for line in said.splitlines()]
+    return Conversion([_page(facts, names) for facts in json.loads(report)],
+                      [line.removesuffix(_SKIPPED) for line in lines if line.endswith(_SKIPPED)],
+                      [line for line in lines if not line.endswith(_SKIPPED)])
+
+
+def _run(command, data):
+    """What psrender reports and says."""
+    ended = subprocess.run(command, capture_output=True, input=data)
+    said = ended.stderr.decode("utf-8", "surrogateescape")
+    if ended.returncode not in (0, _PAGES_SKIPPED, _SIMPLIFIED):
+        lines = said.strip().splitlines() or [f"psrender ended by {ended.returncode}"]
+        # Advice follows a wrong option; all that was said about pages precedes a failure.
+        line = lines[0 if ended.returncode == _WRONG_USAGE else -1]
+        raise ConversionError(line.removeprefix("psrender: "), ended.returncode)
+    return ended.stdout.decode("utf-8"), said
 
 
 def convert(inputs, output, *, program=None, words=(), **options):
@@ -111,20 +150,22 @@ def convert(inputs, output, *, program=None, words=(), **options):
     if len(streams) > 1:
         raise ValueError("only one input can be a file object")
     names = ["-" if hasattr(item, "read") else _plain(item) for item in inputs]
-    to_file = not hasattr(output, "write")
-    command = [program or find_program(), "--verbose", "-o", _plain(output) if to_file else "-",
-               *_words(options), *words, "--", *names]
-    ended = subprocess.run(command, capture_output=True,
-                           input=streams[0].read() if streams else b"")
-    text = ended.stderr.decode("utf-8", "surrogateescape")
-    if ended.returncode not in (0, _PAGES_SKIPPED):
-        lines = text.strip().splitlines() or [f"psrender ended by {ended.returncode}"]
-        # Advice follows a wrong option; all that was said about pages precedes a failure.
-        line = lines[0 if ended.returncode == _WRONG_USAGE else -1]
-        raise ConversionError(line.removeprefix("psrender: "), ended.returncode)
-    if not to_file:
-        output.write(ended.stdout)
-    return _read_messages(text, [*names, "standard input"])
+    data = streams[0].read() if streams else b""
+
+    def run(path):
+        command = [program or find_program(), "--json", "-o", path, *_words(options), *words, "--",
+                   *names]
+        return _conversion(*_run(command, data),
+                           ["standard input" if name == "-" else name for name in names])
+
+    if not hasattr(output, "write"):
+        return run(_plain(output))
+    with tempfile.TemporaryDirectory(prefix="psgraphics-") as folder:
+        path = os.path.join(folder, "document")
+        done = run(path)
+        with open(path, "rb") as document:
+            shutil.copyfileobj(document, output)
+    return done
 
 
 def _plain(path):

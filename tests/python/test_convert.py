@@ -1,10 +1,13 @@
 """Whole drawings through psrender."""
 
+import base64
 import io
 import os
 import pathlib
 
+import numpy as np
 import pytest
+from matplotlib.image import imsave
 
 import psgraphics as ps
 
@@ -29,8 +32,25 @@ def test_pages_and_what_was_simplified_come_back(drawings):
     plain, odd = done.pages
     assert plain.input == str(drawings / "a: 1.svg") and plain.simplified == []
     assert (plain.width, plain.height) == pytest.approx((595.3, 841.9), abs=1)
-    assert len(odd.simplified) == 1 and "foreignObject" in odd.simplified[0]
+    (kind,) = odd.simplified
+    assert "foreignObject" in kind.element and (kind.count, kind.line) == (1, 2)
+    assert str(kind) == f"line 2: {kind.sentence}"
     assert (drawings / "out.ps").read_bytes().startswith(b"%!PS")
+
+
+def test_fonts_and_pictures_are_told(drawings):
+    text = """<svg xmlns="http://www.w3.org/2000/svg" width="90" height="40">
+<text y="9" font-family="DejaVu Sans">a</text><text y="19" font-family="No Such Family">b</text>
+<image width="9" height="9" href="data:image/png;base64,{0}"/>
+<image x="9" width="9" height="9" href="data:image/png;base64,{0}"/></svg>"""
+    png = io.BytesIO()
+    imsave(png, np.zeros((2, 3, 3), np.uint8), format="png")
+    (drawings / "text.svg").write_text(text.format(base64.b64encode(png.getvalue()).decode()))
+    (page,) = ps.convert(drawings / "text.svg", drawings / "out.ps").pages
+    # Whatever stands in for the missing family, which may well be the other font.
+    assert "DejaVuSans" in [font.name for font in page.fonts if font.way == "embedded"]
+    assert sum([font.stands_for for font in page.fonts], []) == ["No Such Family"]
+    assert page.pictures == {(3, 2): 2}
 
 
 def test_files_of_python_serve_on_both_sides(drawings):

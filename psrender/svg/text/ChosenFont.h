@@ -25,6 +25,7 @@ struct ChosenFont {
     Core::SmartPtr<Fonts::FontProgram> program;
     std::vector<CharacterRange> ranges{};        ///< that it is for; empty for all
     std::shared_ptr<const void> registration{};  ///< held as long as the description is to be found
+    std::string standsFor{};                     ///< the family that is not there; mostly empty
 
     [[nodiscard]] Core::SmartPtr<Drawing::Font> ofSize(double size) const {
         return Core::makeObject<Drawing::Font>(family, static_cast<float>(size), weight, slant);

@@ -100,14 +100,17 @@ FontChooser::FontList& FontChooser::listFor(const TextStyle& style) {
 }
 
 /// A drawing may name any number of families, each of any length.
-void FontChooser::tellOfReplacement(std::string_view family, const FontList& list) {
+void FontChooser::tellOfReplacement(std::string_view family, FontList& list) {
     constexpr std::size_t kMostNames = 20;
     constexpr std::size_t kMostLetters = 60;
+    const std::string name(family.substr(0, kMostLetters));
+    ChosenFont stand = *list.fonts.front();
+    stand.standsFor = name;
+    list.fonts.front() = std::make_unique<const ChosenFont>(std::move(stand));
     if (++replaced_ > kMostNames)
         warnings_.add("more font families are not installed");
     else
-        warnings_.add("the font family " + std::string(family.substr(0, kMostLetters)) +
-                      " is not installed; " +
+        warnings_.add("the font family " + name + " is not installed; " +
                       list.fonts.front()->program->getMetrics().familyName.toUtf8() +
                       " stands in for it");
 }

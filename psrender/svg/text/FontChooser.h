@@ -48,8 +48,8 @@ private:
     bool maySearch();
     void addKnown(std::string_view family, const TextStyle& style, FontList& list);
     static void addPreferred(std::string_view family, const TextStyle& style, FontList& list);
-    /// Tells that none of the families asked for is there.
-    void tellOfReplacement(std::string_view family, const FontList& list);
+    /// Tells that none of the families asked for is there, and marks what stands in for it.
+    void tellOfReplacement(std::string_view family, FontList& list);
     static const ChosenFont* search(FontList& list, const TextStyle& style, char32_t character);
     static std::unique_ptr<const ChosenFont> substitute(const ChosenFont& wanted,
                                                         const TextStyle& style, char32_t character);

@@ -87,6 +87,7 @@ private:
         run_->font = glyph.font->ofSize(glyph.size);
         run_->program = glyph.font->program;
         run_->registration = glyph.font->registration;
+        run_->standsFor = glyph.font->standsFor;
         run_->size = glyph.size;
         run_->spacing = glyph.spacing;
         run_->isPlain = glyph.isPlain;

@@ -5,6 +5,7 @@
 
 namespace {
 
+using testing::ContainsRegex;
 using testing::HasSubstr;
 using Pixel = Picture::Pixel;
 
@@ -105,16 +106,24 @@ TEST_F(PsrenderOptions, TellWhatPagesHave) {
     ASSERT_EQ(0, run("--json a.svg red.svg >facts")) << said;
     EXPECT_EQ("", said);
     EXPECT_EQ(
-        "[{\"input\": \"a.svg\", \"width\": 30, \"height\": 20.5, \"fonts\": [{\"name\": "
-        "\"Helvetica\", \"way\": \"printer\"}], \"pictures\": [], \"simplified\": "
+        "[{\"input\": \"a.svg\", \"number\": 1, \"width\": 30, \"height\": 20.5, \"fonts\": "
+        "[{\"name\": "
+        "\"Helvetica\", \"way\": \"printer\", \"for\": []}], \"pictures\": [], \"simplified\": "
         "[{\"sentence\": \"negative sizes are ignored\", \"count\": 1, \"element\": \"<rect "
         "id=\\\"x\\\"y\\\">\", \"line\": 2, \"column\": 2}]},\n"
-        " {\"input\": \"red.svg\", \"width\": 40, \"height\": 20, \"fonts\": [], "
+        " {\"input\": \"red.svg\", \"number\": 2, \"width\": 40, \"height\": 20, \"fonts\": [], "
         "\"pictures\": [], \"simplified\": []}]\n",
         read("facts"));
     ASSERT_EQ(4, run("--info a.svg -o out.ps --embed-fonts all --strict >facts")) << said;
     EXPECT_THAT(read("facts"), HasSubstr("  font Helvetica: embedded\n  simplified: a.svg:2:2: "));
     EXPECT_THAT(read("out.ps"), HasSubstr("%%Pages: 1"));
+    write("odd.svg",
+          "<svg xmlns='http://www.w3.org/2000/svg' width='30' height='20' "
+          "font-family='No Such Family, DejaVu Sans Mono'><text y='9'>a</text><text y='19' "
+          "font-family='No Such Family'>b</text></svg>");
+    ASSERT_EQ(0, run("--info odd.svg >facts")) << said;
+    EXPECT_THAT(read("facts"), ContainsRegex("\n  font DejaVuSansMono: embedded\n"));
+    EXPECT_THAT(read("facts"), ContainsRegex("\n  font [^ ]+: [a-z]+, for No Such Family\n"));
     EXPECT_EQ(2, run("--info a.svg -o -"));
     EXPECT_EQ(2, run("--info a.svg --preview p"));
     EXPECT_EQ(2, run("--info a.svg --output-dir d"));
