@@ -153,6 +153,7 @@ void EffectStage::paint(const Items& items, const Area& area) {
     }
     const Pixels shape = maker_.paint(items, area);
     const bool isPlain = !isOnCutOut && !isBlended(items) && isEven(all);
+    const scene::Color ground = isPlain ? colorOnPaper(all.argb.front()) : scene::Color();
     if (isBlended(items)) {
         seen.insert(seen.end(), items.begin(), items.end());
         all = maker_.paint(seen, area);
@@ -162,20 +163,22 @@ void EffectStage::paint(const Items& items, const Area& area) {
     auto picture = isPlain ? pictureOf(shape, area) : cutOut(all, shape, area);
     if (!picture)
         return;
-    layTextBeneath(items, shape, area);
+    layTextBeneath(items, ground, shape, area);
     if (picture->isCutOut)
         cutOuts_.push_back(area.box);
     pass(std::move(*picture));
 }
 
-/// Text that the picture hides is still found.
-void EffectStage::layTextBeneath(const Items& items, const Pixels& shape, const Area& area) {
+/// Text that the picture hides is still found. A plain picture lets it shine through unless it has
+/// the colour of the ground.
+void EffectStage::layTextBeneath(const Items& items, const scene::Color& ground,
+                                 const Pixels& shape, const Area& area) {
     Items texts;
     for (const Item& item : items)
         if (const auto* text = std::get_if<scene::Text>(&item)) {
             scene::Text hidden = *text;
             hidden.stroke = {};
-            hidden.fill.source = scene::Color();
+            hidden.fill.source = ground;
             hidden.fill.opacity = 1;
             texts.emplace_back(std::move(hidden));
         }

@@ -43,7 +43,8 @@ private:
     /// Shows items as one picture.
     void showAsPicture(Items items);
     void paint(const Items& items, const raster::Area& area);
-    void layTextBeneath(const Items& items, const raster::Pixels& shape, const raster::Area& area);
+    void layTextBeneath(const Items& items, const scene::Color& ground, const raster::Pixels& shape,
+                        const raster::Area& area);
     void showWithoutEffects(Items items);
     [[nodiscard]] bool liesOnCutOut(const Items& items) const;
 

@@ -60,6 +60,12 @@ bool isEven(const Pixels& pixels) {
            std::ranges::all_of(pixels.argb, [first](std::uint32_t it) { return it == first; });
 }
 
+scene::Color colorOnPaper(std::uint32_t pixel) {
+    const std::uint32_t paper = kOpaque - alphaOf(pixel);
+    const auto [red, green, blue] = colorsOf(pixel);
+    return scene::Color::rounded(red + paper, green + paper, blue + paper);
+}
+
 bool covers(const Pixels& pixels, const Pixels& other) {
     for (std::size_t i = 0; i < pixels.argb.size(); ++i)
         if (alphaOf(other.argb[i]) > 0 && alphaOf(pixels.argb[i]) == 0)

@@ -3,6 +3,7 @@
 #include "psrender/raster/Rasterizer.h"
 #include "psrender/scene/DisplayList.h"
 
+#include <cstdint>
 #include <optional>
 
 namespace psrender::plan {
@@ -12,6 +13,9 @@ void layOver(const raster::Pixels& above, raster::Pixels& below);
 
 /// Whether every pixel is the same opaque colour, or every one is clear.
 [[nodiscard]] bool isEven(const raster::Pixels& pixels);
+
+/// What a pixel looks like on white paper.
+[[nodiscard]] scene::Color colorOnPaper(std::uint32_t pixel);
 
 /// Whether something is seen at every pixel at which `other`, of the same size, shows something.
 [[nodiscard]] bool covers(const raster::Pixels& pixels, const raster::Pixels& other);

@@ -129,6 +129,19 @@ TEST(Effects, ArePicturesOfTheirGroupAlone) {
     EXPECT_THAT(vectors, Not(HasSubstr("/ImageType")));
 }
 
+/// The bar of the letter would be at least half as dark if it were painted under its blur.
+TEST(Effects, HideTheTextThatIsFoundBeneathThem) {
+    for (const std::string ground : {"", "<rect width='100' height='100' fill='#ddeeff'/>"}) {
+        const std::string body =
+            ground +
+            "<filter id='f' filterUnits='userSpaceOnUse' width='100' height='100'>"
+            "<feGaussianBlur stdDeviation='12'/></filter><text x='30' y='70' "
+            "font-family='DejaVu Sans' font-size='60' filter='url(#f)'>l</text>";
+        EXPECT_GT(shown(body).at(38, 50).at(1), 190) << ground;
+        EXPECT_THAT(outputOf("ps2pdf - - | pdftotext - -", script(body)), HasSubstr("l"));
+    }
+}
+
 TEST(Effects, AreBlendedWithTranslucentThingsOnTop) {
     const Picture seen = shown(
         "<rect width='100' height='50' fill='#00ff00'/><filter id='f'><feOffset dx='0'/></filter>"
