@@ -16,16 +16,19 @@ using Drawing::Matrix;
 
 namespace {
 
-/// What turns stored pictures upright, by the number that cameras write.
-const std::array<Matrix, 8> kOrientations{
-    Matrix{1, 0, 0, 1, 0, 0},   Matrix{-1, 0, 0, 1, 1, 0}, Matrix{-1, 0, 0, -1, 1, 1},
-    Matrix{1, 0, 0, -1, 0, 1},  Matrix{0, 1, 1, 0, 0, 0},  Matrix{0, 1, -1, 0, 1, 0},
-    Matrix{0, -1, -1, 0, 1, 1}, Matrix{0, -1, 1, 0, 0, 1},
-};
+/// What turns stored pictures upright, by the number that cameras write: from 1.
+Matrix orientation(int number) {
+    static const std::array<Matrix, 8> all{
+        Matrix{1, 0, 0, 1, 0, 0},   Matrix{-1, 0, 0, 1, 1, 0}, Matrix{-1, 0, 0, -1, 1, 1},
+        Matrix{1, 0, 0, -1, 0, 1},  Matrix{0, 1, 1, 0, 0, 0},  Matrix{0, 1, -1, 0, 1, 0},
+        Matrix{0, -1, -1, 0, 1, 1}, Matrix{0, -1, 1, 0, 0, 1},
+    };
+    return all[static_cast<std::size_t>(number - 1)];
+}
 
 UprightImage turnedUpright(const Core::SmartPtr<FileImage>& image) {
     const ImageFacts& facts = image->facts();
-    const Matrix& upright = kOrientations[static_cast<std::size_t>(facts.orientation - 1)];
+    const Matrix upright = orientation(facts.orientation);
     UprightImage result{image,
                         upright,
                         facts.orientation,

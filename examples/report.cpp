@@ -112,7 +112,10 @@ public:
         std::istringstream words(text);
         std::string line;
         for (std::string word; words >> word;) {
-            const std::string longer = line.empty() ? word : line + ' ' + word;
+            std::string longer = line;
+            if (!line.empty())
+                longer += ' ';
+            longer += word;
             if (body_.widthOf(longer) > kRight - kMargin) {
                 writeLine(line);
                 line = word;

@@ -76,7 +76,7 @@ bool ColorProfile::load(std::span<const std::uint8_t> profile, ColorSpaceType sp
         return false;
     ProfileMemory memory;
     Transform transform = transformFrom(memory.context(), profile, space);
-    memory.requireServed();
+    ProfileMemory::requireServed();
     if (!transform)
         return false;
     const std::size_t components = space == ColorSpaceType::gray ? 1 : 3;

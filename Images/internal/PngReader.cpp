@@ -95,7 +95,7 @@ private:
         auto* reader = static_cast<PngReader*>(png_get_mem_ptr(png));
         if (!reader->isHeadRead_ && size > kLargestChunk)
             return nullptr;
-        const png_voidp memory = ::operator new(size, std::nothrow);
+        void* const memory = ::operator new(size, std::nothrow);
         if (memory == nullptr)
             reader->failure_ = std::make_exception_ptr(std::bad_alloc());
         return memory;

@@ -50,7 +50,7 @@ ProfileMemory::ProfileMemory() {
         throw std::bad_alloc();
 }
 
-void ProfileMemory::requireServed() const {
+void ProfileMemory::requireServed() {
     if (wasRefused)
         throw std::bad_alloc();
 }

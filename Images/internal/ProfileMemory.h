@@ -15,9 +15,9 @@ public:
     ProfileMemory();
 
     [[nodiscard]] cmsContext context() const { return context_.get(); }
-    /// Throws `std::bad_alloc` if memory was refused to the library on this thread since this
-    /// object was made.
-    void requireServed() const;
+    /// Throws `std::bad_alloc` if memory was refused to the library on this thread since the
+    /// last object was made there.
+    static void requireServed();
 
 private:
     struct Deleter {

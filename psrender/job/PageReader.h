@@ -6,6 +6,7 @@
 #include "psrender/svg/SvgReader.h"
 
 #include <string>
+#include <utility>
 
 namespace psrender {
 
@@ -19,8 +20,8 @@ public:
 
     /// Images larger than `mostPixels` and drawings larger than `limits` are refused.
     PageReader(std::uint64_t mostPixels, const svg::ReadingLimits& limits,
-               const svg::ReadingWishes& wishes)
-        : images_(mostPixels), limits_(limits), wishes_(wishes) {}
+               svg::ReadingWishes wishes)
+        : images_(mostPixels), limits_(limits), wishes_(std::move(wishes)) {}
 
     /// `input` is the name of a file, or "-" for standard input. Throws `InputError`.
     Input read(const std::string& input, Warnings& warnings);

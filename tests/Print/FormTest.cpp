@@ -16,7 +16,6 @@ using Drawing::PatternBrush;
 using Drawing::Print::PrintDocument;
 using Drawing::Print::PrintException;
 using Drawing::Print::PrintForm;
-using testing::HasSubstr;
 
 namespace {
 
@@ -141,8 +140,9 @@ TEST(PrintForm, mayBeLargerThanAnOperandStack) {
         form->setFill(paintOf(0, 0, 255));
         const auto path = makeObject<Drawing::Path>();
         for (int i = 0; i < 150000; ++i) {
+            const int row = i / 1500;
             const auto x = static_cast<float>(i % 100);
-            const auto y = static_cast<float>(i / 1500);
+            const auto y = static_cast<float>(row);
             i % 3 == 0 ? path->moveTo(x, y) : path->lineTo(x, y);
         }
         form->drawPath(path);

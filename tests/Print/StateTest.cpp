@@ -16,7 +16,6 @@ using Core::makeObject;
 using Drawing::FillRule;
 using Drawing::LineCap;
 using Drawing::LineJoin;
-using Drawing::Matrix;
 using Drawing::Print::PrintDocument;
 
 TEST(PrintState, writesOnlyWhatChanges) {

@@ -40,7 +40,7 @@ std::string finished(const std::function<void(OpenDocument&)>& draw, bool kernin
 }
 
 std::string normalised(std::string document) {
-    document = std::regex_replace(document, std::regex("%%CreationDate:\\d+/\\d+/\\d+"),
+    document = std::regex_replace(document, std::regex(R"(%%CreationDate:\d+/\d+/\d+)"),
                                   "%%CreationDate:D/M/Y");
     const std::regex numbered(R"(\b(shader_|docf_|pattern_|F)(\d+)\b)");
     std::map<std::string, std::map<std::string, std::size_t>> seen;

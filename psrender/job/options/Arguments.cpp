@@ -6,6 +6,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <utility>
 
 namespace psrender::options {
 
@@ -19,7 +20,7 @@ std::string variable(const char* name) {
 }  // namespace
 
 std::string settingsFile() {
-    if (const auto named = variable("PSRENDER_CONFIG"); !named.empty())
+    if (auto named = variable("PSRENDER_CONFIG"); !named.empty())
         return named;
     std::filesystem::path folder = variable("XDG_CONFIG_HOME");
     if (const auto home = variable("HOME"); folder.empty() && !home.empty())
@@ -29,8 +30,8 @@ std::string settingsFile() {
 
 std::vector<std::string> allArguments(int argc, char** argv) {
     std::vector<std::string> result;
-    if (const std::string defaults = variable("PSRENDER_OPTIONS"); !defaults.empty())
-        result = CLI::detail::split_up(defaults);
+    if (std::string defaults = variable("PSRENDER_OPTIONS"); !defaults.empty())
+        result = CLI::detail::split_up(std::move(defaults));
     for (int i = 1; i < argc; ++i) {
         const bool isHelp = argv[i] == std::string("-h") && (i + 1 == argc || !isSide(argv[i + 1]));
         result.emplace_back(isHelp ? "--help" : argv[i]);

@@ -6,7 +6,6 @@
 
 namespace psrender::plan {
 
-using scene::Affine;
 using scene::Rect;
 
 namespace {

@@ -144,10 +144,10 @@ void CairoPainter::layTiles(const scene::Pattern& pattern, const Affine& toPixel
     const double rows = std::ceil((box.bottom() - tile.y) / tile.height) - firstRow;
     if (columns * rows > kMostTiles)
         return;
-    for (double row = firstRow; row < firstRow + rows; ++row)
-        for (double column = firstColumn; column < firstColumn + columns; ++column) {
-            const Affine place =
-                toPixels * Affine::translation(column * tile.width, row * tile.height);
+    for (int row = 0; row < static_cast<int>(rows); ++row)
+        for (int column = 0; column < static_cast<int>(columns); ++column) {
+            const Affine place = toPixels * Affine::translation((firstColumn + column) * tile.width,
+                                                                (firstRow + row) * tile.height);
             cairo_save(context_);
             const cairo_matrix_t toPlace = matrixOf(place);
             cairo_set_matrix(context_, &toPlace);

@@ -4,6 +4,7 @@
 #include "psrender/svg/values/NumberScanner.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace psrender::svg::textProperties {
 
@@ -150,7 +151,7 @@ bool applyStretch(std::string_view text, ComputedStyle& style) {
     const auto share = parseLength(text, style.fontSize);
     if (!share || !share->isShare || share->value < 0 || share->value > 10)
         return false;
-    style.text.stretch = static_cast<int>(share->value * 100 + 0.5);
+    style.text.stretch = static_cast<int>(std::lround(share->value * 100));
     return true;
 }
 

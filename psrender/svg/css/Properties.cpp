@@ -116,7 +116,7 @@ bool applyTransform(std::string_view text, Style& style) {
 /// The layers that are named come first; the others follow in their usual order.
 bool applyPaintOrder(std::string_view text, Style& style) {
     PaintOrder order = Style().paintOrder;
-    auto next = order.begin();
+    auto* next = order.begin();
     bool isUnderstood = true;
     const auto take = [&](std::string_view word) {
         const auto layer = lookUp(kLayers, word);

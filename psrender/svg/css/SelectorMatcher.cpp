@@ -3,6 +3,8 @@
 #include "psrender/svg/values/Characters.h"
 #include "psrender/svg/xml/XmlWalk.h"
 
+#include <algorithm>
+
 namespace psrender::svg {
 
 namespace {
@@ -36,10 +38,9 @@ bool fitsValue(const AttributeTest& test, std::string_view value) {
 
 /// Whether an element has neither children nor text.
 bool isEmpty(pugi::xml_node element) {
-    for (const pugi::xml_node child : element.children())
-        if (child.type() != pugi::node_comment && child.type() != pugi::node_pi)
-            return false;
-    return true;
+    return std::ranges::all_of(element.children(), [](pugi::xml_node child) {
+        return child.type() == pugi::node_comment || child.type() == pugi::node_pi;
+    });
 }
 
 }  // namespace
@@ -116,10 +117,8 @@ bool SelectorMatcher::fits(const Compound& compound, pugi::xml_node element) {
     for (const PlaceTest& test : compound.places)
         if (!fits(test, element))
             return false;
-    for (const Compound& exception : compound.exceptions)
-        if (fits(exception, element))
-            return false;
-    return true;
+    return std::ranges::none_of(
+        compound.exceptions, [&](const Compound& exception) { return fits(exception, element); });
 }
 
 bool SelectorMatcher::fits(const PlaceTest& test, pugi::xml_node element) {

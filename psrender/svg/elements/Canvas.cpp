@@ -10,8 +10,6 @@
 
 namespace psrender::svg {
 
-using scene::Paint;
-
 void Canvas::add(scene::Shape shape, pugi::xml_node element) {
     if (!hasInside(*shape.outline))
         shape.fill = {};

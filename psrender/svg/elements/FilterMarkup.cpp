@@ -193,7 +193,7 @@ void FilterMarkup::divide(pugi::xml_node primitive) const {
         return;
     const double turns = std::min(std::ceil(pixels / kFarthestTurn), kMostTurns);
     setPair(primitive, "radius", x / turns, y / turns);
-    for (double turn = 1; turn < turns; ++turn) {
+    for (int turn = 1; turn < static_cast<int>(turns); ++turn) {
         pugi::xml_node before = primitive.parent().insert_copy_before(primitive, primitive);
         before.remove_attribute("result");
         primitive.remove_attribute("in");

@@ -7,7 +7,6 @@
 
 namespace psrender::svg {
 
-using scene::Affine;
 using scene::Outline;
 using scene::Point;
 using scene::Rect;
@@ -67,8 +66,8 @@ void addBar(Outline& outline, const Rect& bar) {
 /// A line of pieces of `on`, with gaps of `off` between them.
 void addPieces(Outline& outline, const Rect& bar, double on, double off) {
     constexpr double kMostPieces = 2000;
-    const double count = std::min(std::ceil(bar.width / (on + off)), kMostPieces);
-    for (double i = 0; i < count; ++i) {
+    const int count = static_cast<int>(std::min(std::ceil(bar.width / (on + off)), kMostPieces));
+    for (int i = 0; i < count; ++i) {
         const double x = bar.x + i * (on + off);
         addBar(outline, {x, bar.y, std::min(on, bar.right() - x), bar.height});
     }

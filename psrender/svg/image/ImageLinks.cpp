@@ -123,7 +123,7 @@ const std::string* ImageLinks::findDrawing(std::string_view address) {
 }
 
 /// What cannot be read is no drawing, so it is told of as an image.
-std::optional<std::string> ImageLinks::loadDrawing(std::string_view address) {
+std::optional<std::string> ImageLinks::loadDrawing(std::string_view address) const {
     if (equalsIgnoringCase(address.substr(0, 5), "data:")) {
         auto bytes = decodeDataUri(address);
         return bytes && startsLikeXml(*bytes) ? std::move(bytes) : std::nullopt;
@@ -142,7 +142,7 @@ std::optional<std::string> ImageLinks::loadDrawing(std::string_view address) {
     }
 }
 
-const UprightImage& ImageLinks::loadFile(std::string_view address) {
+const UprightImage& ImageLinks::loadFile(std::string_view address) const {
     if (isAddress(address))
         throw ImageError("is not fetched; embed it, or put the file beside the drawing");
     const std::string name = percentDecoded(address.substr(0, address.find_first_of("?#")));

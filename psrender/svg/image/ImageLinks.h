@@ -34,9 +34,9 @@ public:
     const std::string* findDrawing(std::string_view address);
 
 private:
-    std::optional<std::string> loadDrawing(std::string_view address);
+    std::optional<std::string> loadDrawing(std::string_view address) const;
     const Images::UprightImage* load(std::string_view address);
-    const Images::UprightImage& loadFile(std::string_view address);
+    const Images::UprightImage& loadFile(std::string_view address) const;
 
     ImageAccess access_;
     Warnings& warnings_;

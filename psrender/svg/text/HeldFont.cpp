@@ -29,13 +29,13 @@ std::shared_ptr<const HeldFont> HeldFont::of(std::string_view bytes, const TextS
     ChosenFont font{Core::String(nameOf(bytes, style)), style.weight, style.slant, nullptr};
     const std::string key = font.ofSize(1)->getHashKey().toUtf8();
     const std::scoped_lock guard(lock);
-    if (const auto held = known[key].lock())
+    if (auto held = known[key].lock())
         return held;
     std::erase_if(known, [](const auto& entry) { return entry.second.expired(); });
     font.program =
         FontManager::openFontData(Core::ByteArray(bytes), "an embedded font", wishOf(font, style));
     // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): its constructor is its own affair.
-    const std::shared_ptr<const HeldFont> held(new HeldFont(std::move(font)));
+    std::shared_ptr<const HeldFont> held(new HeldFont(std::move(font)));
     known[key] = held;
     return held;
 }

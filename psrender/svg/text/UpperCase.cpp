@@ -11,9 +11,9 @@ namespace {
 /// Small letters in a row whose capitals stand `down` below them; where they alternate with their
 /// capitals, only those at an even distance from the first are small.
 struct Letters {
-    char32_t first;
-    char32_t last;
-    std::int32_t down;
+    char32_t first = 0;
+    char32_t last = 0;
+    std::int32_t down = 0;
     bool alternate = false;
 };
 

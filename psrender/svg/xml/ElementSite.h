@@ -6,6 +6,7 @@
 namespace psrender::svg {
 
 /// While it lives, warnings are about this element.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): it is final, its base is private.
 class ElementSite final : private Warnings::Site {
 public:
     ElementSite(const XmlTree& tree, pugi::xml_node element, Warnings& warnings)

@@ -205,12 +205,19 @@ TEST(PrintFont, ShowsHundredsOfGlyphsInSeveralParts) {
     }
 }
 
+/// Rows of 25 glyphs.
+void glyphInTable(FontPage& page, std::uint32_t number, const GlyphCode& code) {
+    const std::uint32_t row = number / 25;
+    const std::uint32_t column = number % 25;
+    page.glyph(20 + column * 22, 20 + row * 20, 20, code);
+}
+
 TEST(PrintFont, OfAStandardFontShowsAllItsGlyphs) {
     const auto times = Fonts::StandardFont::findByName("Times-Roman");
     FontPage page(times);
     for (std::uint32_t glyph = 0; glyph < times->getGlyphCount(); ++glyph) {
         const GlyphCode code = page.font().encode(glyph, U'\uE000' + glyph);
-        page.glyph(20 + glyph % 25 * 22, 20 + glyph / 25 * 20, 20, code);
+        glyphInTable(page, glyph, code);
     }
     EXPECT_EQ(2U, page.font().partCount());
     EXPECT_EQ("Times-Roman", page.font().neededFont());
@@ -218,8 +225,7 @@ TEST(PrintFont, OfAStandardFontShowsAllItsGlyphs) {
     FontPage embedded(times, {true, true});
     EXPECT_EQ("", embedded.font().neededFont());
     for (std::uint32_t glyph = 0; glyph < times->getGlyphCount(); ++glyph)
-        embedded.glyph(20 + glyph % 25 * 22, 20 + glyph / 25 * 20, 20,
-                       embedded.font().encode(glyph, U'\uE000' + glyph));
+        glyphInTable(embedded, glyph, embedded.font().encode(glyph, U'\uE000' + glyph));
     const double ink = page.ink();
     EXPECT_GT(ink, 0.04);
     EXPECT_NEAR(ink, embedded.ink(), ink / 100) << "one design, one weight";
@@ -256,8 +262,14 @@ std::string composedFont() {
         return "/" + std::string(name) + " " + std::to_string(cipher.size()) + " RD " +
                std::string(cipher.begin(), cipher.end()) + " ND\n";
     };
-    constexpr int sidebearing = 10013, move = 10021, across = 10006, up = 10007, close = 10009,
-                  end = 10014, escape = 10012, accented = 10006;
+    constexpr int sidebearing = 10013;
+    constexpr int move = 10021;
+    constexpr int across = 10006;
+    constexpr int up = 10007;
+    constexpr int close = 10009;
+    constexpr int end = 10014;
+    constexpr int escape = 10012;
+    constexpr int accented = 10006;
     const auto box = [&](const char* name, int x, int y, int side) {
         return glyph(name, {0, 500, sidebearing, x, y, move, side, across, side, up, -side, across,
                             close, end});

@@ -3,6 +3,7 @@
 #include "tests/support/Raises.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <random>
 #include <sstream>
@@ -29,12 +30,10 @@ Bytes variedPixels(int width, int height, int components) {
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x)
             for (int i = 0; i < components; ++i)
-                bytes.push_back(static_cast<std::uint8_t>(y % 6 == 0   ? 7 * x + 40 * i
-                                                          : y % 6 == 1 ? 7 * x + 40 * i + 3
-                                                          : y % 6 == 2 ? 9 * x * i
-                                                          : y % 6 == 3 ? 200
-                                                          : y % 6 == 4 ? static_cast<int>(random())
-                                                                       : x * y));
+                bytes.push_back(static_cast<std::uint8_t>(
+                    std::array{7 * x + 40 * i, 7 * x + 40 * i + 3, 9 * x * i, 200,
+                               static_cast<int>(random()), x * y}
+                        .at(static_cast<std::size_t>(y % 6))));
     return bytes;
 }
 
@@ -54,13 +53,14 @@ TEST(Pictures, EveryPixelArrivesOnceAndShared) {
     const Picture page = prints.rendered();
     for (int y = 0; y < 31; ++y)
         for (int x = 0; x < 37; ++x) {
-            const auto at = static_cast<std::size_t>(3 * (37 * y + x));
+            const auto at = 3 * (37 * static_cast<std::size_t>(y) + static_cast<std::size_t>(x));
             ASSERT_EQ((Pixel{rgb[at], rgb[at + 1], rgb[at + 2]}), page.at(x, 13 + y))
                 << x << " " << y;
         }
     for (int y = 0; y < 13; ++y)
         for (int x = 0; x < 39; ++x) {
-            const std::uint8_t value = grey[static_cast<std::size_t>(39 * y + x)];
+            const std::uint8_t value =
+                grey[39 * static_cast<std::size_t>(y) + static_cast<std::size_t>(x)];
             ASSERT_EQ((Pixel{value, value, value}), page.at(x, y)) << x << " " << y;
             ASSERT_EQ((Pixel{value, value, value}), page.at(x, 44 + y)) << x << " " << y;
         }

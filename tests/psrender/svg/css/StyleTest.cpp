@@ -9,7 +9,6 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 /// Whether `selector` means the rectangle of `body`.
 bool selects(const std::string& selector, const std::string& body) {
@@ -138,7 +137,7 @@ TEST(SvgStyle, SheetsAreReadInAllTheirForms) {
         "<style>@charset \"x{\"; @font-face{src:url(a)} rect{fill:red}</style>",
         "<style>@media tv{rect{fill:blue}} @media print{a{fill:lime} rect{fill:red}}</style>",
         "<style>@keyframes k{from{fill:lime}to{fill:blue}} rect{fill:red}</style>",
-        "<style>a[b=\"}\"]{} rect{x:\"}\";fill:red</style>",
+        R"(<style>a[b="}"]{} rect{x:"}";fill:red</style>)",
         "<defs><style>rect{fill:red}</style></defs>",
         "<style>rect{fill:blue}</style><style>rect{fill:red}</style>",
     };

@@ -11,9 +11,7 @@ namespace {
 
 using testing::AllOf;
 using testing::ElementsAre;
-using testing::ElementsAreArray;
 using testing::HasSubstr;
-using testing::IsEmpty;
 using testing::StartsWith;
 
 std::string boxes(const std::string& attributes, const std::string& content) {
