@@ -5,8 +5,10 @@
 #include "Print/internal/Ink.h"
 #include "Print/internal/Prolog.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <iterator>
 
 namespace Drawing::Print {
 
@@ -101,9 +103,7 @@ void Assembly::writeHeader(std::uint32_t pageCount, const Box& ink) {
     writeBounds(ink);
     output_.write("%%Pages: " + std::to_string(pageCount) + "\n%%PageOrder: Ascend\n");
     writeResourceList("%%DocumentNeededResources:", parts_.fonts.neededFonts());
-    std::vector<std::string> supplied = parts_.fonts.suppliedFonts();
-    supplied.insert(supplied.begin(), std::string());
-    writeResourceList("%%DocumentSuppliedResources:", supplied);
+    writeResourceList("%%DocumentSuppliedResources:", suppliedResources());
     output_.write("%%EndComments\n");
 }
 
@@ -132,11 +132,22 @@ void Assembly::writeBounds(const Box& ink) {
     out.flushTo(output_);
 }
 
-/// The empty name stands for the procedure set.
-void Assembly::writeResourceList(std::string_view comment, const std::vector<std::string>& fonts) {
-    for (const std::string& font : fonts) {
+/// What several pages use; the rest belongs to its page.
+std::vector<std::string> Assembly::suppliedResources() const {
+    std::vector<std::string> supplied{"procset PSGraphicsPrint 1 0"};
+    std::ranges::move(parts_.fonts.suppliedFonts(), std::back_inserter(supplied));
+    for (const PictureStore::Id id : sharedPictures_)
+        supplied.push_back(parts_.pictures.resourceOf(id));
+    for (const FormStore::Id id : sharedForms_)
+        supplied.push_back(parts_.forms.resourceOf(id));
+    return supplied;
+}
+
+void Assembly::writeResourceList(std::string_view comment,
+                                 const std::vector<std::string>& resources) {
+    for (const std::string& resource : resources) {
         output_.write(comment);
-        output_.write(font.empty() ? " procset PSGraphicsPrint 1 0\n" : " font " + font + "\n");
+        output_.write(" " + resource + "\n");
         comment = "%%+";
     }
 }
@@ -147,10 +158,16 @@ void Assembly::writeSetup() {
     if (!parts_.isEps())
         output_.write(parts_.setupRequest);
     parts_.fonts.writeDefinitions(output_);
-    for (const PictureStore::Id id : sharedPictures_)
+    for (const PictureStore::Id id : sharedPictures_) {
+        output_.write("%%BeginResource: " + parts_.pictures.resourceOf(id) + "\n");
         parts_.pictures.writeDefinition(id, output_);
-    for (const FormStore::Id id : sharedForms_)
+        output_.write("%%EndResource\n");
+    }
+    for (const FormStore::Id id : sharedForms_) {
+        output_.write("%%BeginResource: " + parts_.forms.resourceOf(id) + "\n");
         parts_.forms.writeDefinition(id, output_);
+        output_.write("%%EndResource\n");
+    }
     output_.write("%%EndSetup\n");
 }
 

@@ -30,7 +30,8 @@ private:
     void gatherResources();
     void writeHeader(std::uint32_t pageCount, const Box& ink);
     void writeBounds(const Box& ink);
-    void writeResourceList(std::string_view comment, const std::vector<std::string>& fonts);
+    [[nodiscard]] std::vector<std::string> suppliedResources() const;
+    void writeResourceList(std::string_view comment, const std::vector<std::string>& resources);
     void writeSetup();
     void writeInformation();
     void copyScript(Core::IO::Stream& script);

@@ -47,16 +47,19 @@ FontStore::Entry& FontStore::entryOf(const Core::SmartPtr<Fonts::FontProgram>& p
 
 void FontStore::writeDefinitions(Core::IO::Stream& output) const {
     for (const auto& entry : entries_)
-        if (entry->font)
+        if (entry->font && entry->font->partCount() > 0) {
+            output.write("%%BeginResource: font " + entry->font->partName(0) + "\n");
             entry->font->writeDefinitions(output);
+            output.write("%%EndResource\n");
+        }
 }
 
 std::vector<std::string> FontStore::suppliedFonts() const {
     std::vector<std::string> names;
     for (const auto& entry : entries_)
-        if (entry->font && entry->font->neededFont().empty())
+        if (entry->font)
             for (std::size_t part = 0; part < entry->font->partCount(); ++part)
-                names.push_back(entry->font->partName(part));
+                names.push_back("font " + entry->font->partName(part));
     return names;
 }
 
@@ -64,7 +67,7 @@ std::vector<std::string> FontStore::neededFonts() const {
     std::vector<std::string> names;
     for (const auto& entry : entries_)
         if (entry->font && entry->font->partCount() > 0 && !entry->font->neededFont().empty())
-            names.push_back(entry->font->neededFont());
+            names.push_back("font " + entry->font->neededFont());
     std::sort(names.begin(), names.end());
     names.erase(std::unique(names.begin(), names.end()), names.end());
     return names;

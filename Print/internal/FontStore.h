@@ -49,7 +49,7 @@ public:
     Entry& entryOf(const Core::SmartPtr<Fonts::FontProgram>& program);
 
     void writeDefinitions(Core::IO::Stream& output) const;
-    /// Names for the header: of the fonts that the file brings, and of those that it needs.
+    /// DSC resources for the header: the fonts that the file brings, and those that it needs.
     [[nodiscard]] std::vector<std::string> suppliedFonts() const;
     [[nodiscard]] std::vector<std::string> neededFonts() const;
 

@@ -30,6 +30,10 @@ public:
     Id add(std::string_view drawing, const Shape& shape);
     [[nodiscard]] static std::string nameOf(Id id) { return "X" + std::to_string(id + 1); }
     [[nodiscard]] const Shape& shapeOf(Id id) const { return forms_[id].shape; }
+    /// Its kind and name, as DSC comments have them.
+    [[nodiscard]] std::string resourceOf(Id id) const {
+        return (shapeOf(id).isTile ? "pattern " : "form ") + nameOf(id);
+    }
 
     /// Notes that the form is shown on `page` (0 ...), or within another one.
     void noteUse(Id id, std::uint32_t page);

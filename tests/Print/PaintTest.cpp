@@ -88,13 +88,13 @@ long inkOnPlate(const std::string& document, const std::string& plate) {
     const std::string folder = std::string(std::getenv("TMPDIR") ? std::getenv("TMPDIR") : "/tmp") +
                                "/psgraphics-plates-" + std::to_string(::getpid());
     std::filesystem::create_directories(folder);
-    outputOf("gs -q -dSAFER -sDEVICE=tiffsep -r72 -dNOPAUSE -dBATCH -o " + folder + "/p.tif -",
+    outputOf("gs -q -dSAFER -sDEVICE=tiffsep -sCompression=none -r72 -dNOPAUSE -dBATCH -o " +
+                 folder + "/p.tif -",
              document);
-    const std::string plateFile = folder + "/p(" + plate + ").tif";
-    const std::string pixels =
-        outputOf("tifftopnm 2>/dev/null '" + plateFile + "' || cat '" + plateFile + "'", "");
+    // Uncompressed pixels are the end of the file.
+    const std::string file = outputOf("cat '" + folder + "/p(" + plate + ").tif'", "");
     long inked = 0;
-    for (const char level : pixels.substr(pixels.size() > 10000 ? pixels.size() - 10000 : 0))
+    for (const char level : file.substr(file.size() > 10000 ? file.size() - 10000 : 0))
         inked += static_cast<unsigned char>(level) < 250 ? 1 : 0;
     std::filesystem::remove_all(folder);
     return inked;

@@ -55,6 +55,9 @@ public:
     /// Pictures have the ids from 0 to below it.
     [[nodiscard]] Id count() const { return static_cast<Id>(pictures_.size()); }
 
+    /// Its kind and name, as DSC comments have them.
+    [[nodiscard]] std::string resourceOf(Id id) const { return "form " + pictures_.at(id).name; }
+
     /// Nothing is defined yet in the file that is now written; a document can be written again.
     void beginFile();
     /// Lines that define a shared picture, once for each.
