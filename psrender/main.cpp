@@ -1,6 +1,7 @@
 #include "Core/Exception.h"
 #include "Core/Log.h"
 #include "psrender/job/CommandLine.h"
+#include "psrender/job/JoinJob.h"
 #include "psrender/job/Message.h"
 #include "psrender/job/ProcessState.h"
 
@@ -30,8 +31,9 @@ int main(int argc, char** argv) {
             if (!quiet)
                 psrender::tell("warning: " + text.toUtf8());
         });
-        const psrender::ExitCode code =
-            batch ? psrender::runBatch(request, *batch) : psrender::runJob(request);
+        const psrender::ExitCode code = request.joins ? psrender::runJoin(request)
+                                        : batch       ? psrender::runBatch(request, *batch)
+                                                      : psrender::runJob(request);
         Core::Log::setSink({});
         return code == psrender::success && request.strict && isWarned ? psrender::simplified
                                                                        : code;

@@ -17,7 +17,7 @@ _psrender() {
                 words='--help --version --output --preview --preview-dpi --keep-going --max-shapes --opacity
                        --quiet --verbose --paper --fit --landscape --margin --max-dpi --raster-dpi --no-raster --max-pixels
                        --duplex --copies --tray --media-color --jog
-                       --config --format --output-dir --jobs --skip-existing --title --author --embed-fonts --colors --icc --strict --width --height --keep-aspect-ratio --scale --zoom --dpi --background
+                       --config --format --output-dir --jobs --skip-existing --join --title --author --embed-fonts --colors --icc --strict --width --height --keep-aspect-ratio --scale --zoom --dpi --background
                        --x-zoom --y-zoom --dpi-x --dpi-y --background-color --pages --export-id --stylesheet
                        --language --accept-language --unlimited --page-width --page-height --left --top --info --json'
             fi ;;

@@ -27,6 +27,7 @@ complete -c psrender -s f -l format -x -a 'ps eps pdf' -d 'The kind of file, wha
 complete -c psrender -l output-dir -r -d 'A file an input, of the same name, in this folder'
 complete -c psrender -l jobs -x -d 'With output-dir, programs at a time; one a processor by default'
 complete -c psrender -l skip-existing -d 'With output-dir, leave files that are there already'
+complete -c psrender -l join -d 'The inputs are documents of psrender, which become one'
 complete -c psrender -l title -x -d 'Title of the document'
 complete -c psrender -l author -x -d 'Author of the document'
 complete -c psrender -l embed-fonts -x -a 'all subset' -d 'Whether the 14 standard fonts are embedded, too'

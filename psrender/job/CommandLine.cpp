@@ -34,6 +34,8 @@ constexpr const char* kExamples = R"(Examples:
       PDF with its fonts in it, through Ghostscript
   psrender *.svg --output-dir out --format eps --jobs 2 --skip-existing
       a file a drawing
+  psrender --join part-*.ps -o book.ps
+      documents of psrender, made side by side, as one
   psrender *.svg -o book.ps --keep-going --preview book
       skips bad drawings and renders book-1.png, book-2.png ...
 
@@ -84,6 +86,8 @@ public:
         page_.apply(request);
         drawing_.apply(request);
         printing_.apply(request);
+        if (request.joins)
+            options::requireOnlyForJoining(argc, argv);
         return {request, output_.batch()};
     }
 

@@ -28,6 +28,7 @@ struct JobRequest {
     std::vector<std::string> inputs;  ///< "-" is standard input
     std::string output;               ///< "-" is standard output
     OutputFormat format = OutputFormat::ps;
+    bool joins = false;  ///< the inputs are documents, which become one
     std::string title;   ///< of the document; none if empty
     std::string author;  ///< likewise
     Drawing::Print::PrintSettings settings;

@@ -17,7 +17,7 @@ import tempfile as _tempfile
 
 from . import _native
 from ._convert import (  # noqa: F401
-    Conversion, ConversionError, ConvertedPage, PageFont, Simplification, convert)
+    Conversion, ConversionError, ConvertedPage, PageFont, Simplification, convert, join)
 from ._native import *  # noqa: F401,F403
 from ._native import __version__  # noqa: F401
 

@@ -134,6 +134,18 @@ def _run(command, data):
     return ended.stdout.decode("utf-8"), said
 
 
+def join(parts, output, *, program=None):
+    """Makes one document of those that `convert` or psrender wrote to the paths `parts`, in their
+    order: fonts, forms and pictures that they have in common are there once. `output` is a path,
+    whose file takes its place when it is whole.
+
+    Returns psrender's messages; raises ConversionError, and then nothing was written.
+    """
+    _, said = _run([program or find_program(), "--join", "-o", _plain(output), "--",
+                    *map(_plain, parts)], b"")
+    return [line.removeprefix("psrender: ") for line in said.splitlines()]
+
+
 def convert(inputs, output, *, program=None, words=(), **options):
     """Makes one document, a page for each of `inputs`: paths of drawings and pictures, or one
     alone; a binary file object is read as standard input. `output` is a path, whose file takes its

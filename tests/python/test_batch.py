@@ -68,6 +68,10 @@ def test_a_folder_is_converted_though_workers_are_killed(engine, folder, tmp_pat
         assert path.read_bytes().rstrip().endswith(b"%%EOF")
     failure, = (out / "failures.txt").read_text().splitlines()
     assert failure.startswith(str(folder / "broken.svg") + "\t") and "not well-formed" in failure
+    (folder / "broken.svg").unlink()
+    joined = tmp_path / "all.ps"
+    run(engine, "-o", str(out), "--join", str(joined), str(folder)).check_returncode()
+    assert b"%%Pages: 8\n" in joined.read_bytes()
     # Nothing half made lies about.
     assert not [path for path in out.rglob(".*.ps*") if path.is_file()]
 

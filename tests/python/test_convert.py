@@ -60,6 +60,16 @@ def test_files_of_python_serve_on_both_sides(drawings):
     assert done.pages[0].width == pytest.approx(72, abs=0.1)
 
 
+def test_parts_become_one_document(drawings):
+    parts = [drawings / f"{i}.ps" for i in range(3)]
+    for part in parts:
+        ps.convert([drawings / "a: 1.svg", drawings / "odd.svg"], part)
+    assert ps.join(parts, drawings / "all.ps") == []
+    assert b"%%Pages: 6\n" in (drawings / "all.ps").read_bytes()
+    with pytest.raises(ps.ConversionError, match="odd.svg: is no PostScript document"):
+        ps.join([parts[0], drawings / "odd.svg"], drawings / "all.ps")
+
+
 def test_failures_write_nothing_and_say_why(drawings):
     target = drawings / "out.ps"
     target.write_text("before")

@@ -10,9 +10,10 @@ most_rounds=3
 
 usage_of_engine() {
     cat <<END
-Usage: ${0##*/} -o OUTDIR [-j WORKERS] $1 FOLDER|- [-- PSRENDER-OPTIONS]
+Usage: ${0##*/} -o OUTDIR [-j WORKERS] [--join FILE.ps] $1 FOLDER|- [-- PSRENDER-OPTIONS]
 Converts each drawing or picture of FOLDER, or of the list on standard input, to a document of its
-own below OUTDIR. Finished outputs are kept; failures end in OUTDIR/failures.txt.
+own below OUTDIR. Finished outputs are kept; failures end in OUTDIR/failures.txt. With --join, all of
+them become one document, too, in the order of their names or of the list.
 END
 }
 
@@ -23,11 +24,12 @@ fail() {
 
 # Sets outdir, workers, hosts, source and options from the arguments.
 read_arguments() {
-    outdir='' workers=2 hosts='' source='' options=()
+    outdir='' workers=2 hosts='' source='' joined='' options=()
     while (($#)); do
         case $1 in
             -o) outdir=${2:?} && shift ;;
             -j) workers=${2:?} && shift ;;
+            --join) joined=${2:?} && shift ;;
             --hosts) hosts=${2:?} && shift ;;
             --) shift && options=("$@") && break ;;
             --help | -h) usage_of_engine "${engine_usage:-}" && exit 0 ;;
@@ -93,6 +95,13 @@ finish() {
     ((failed == 0)) || { echo "${0##*/}: see $outdir/failures.txt" >&2; return 1; }
 }
 
+# Makes one document of all outputs.
+join_outputs() {
+    local outputs
+    mapfile -t outputs < <(cut -f2 "$1")
+    "${PSRENDER:-psrender}" --join -o "$joined" -- "${outputs[@]}"
+}
+
 # Runs `run_round LIST`, a list of lines "INPUT<TAB>OUTPUT<TAB>NOTE", until nothing is left, or the same work has died too often.
 run_rounds() {
     local work all round
@@ -110,4 +119,5 @@ run_rounds() {
     done
     unfinished <"$work/all" >"$work/left"
     finish "$work/all" "$work/left"
+    if [[ -n $joined ]]; then join_outputs "$work/all"; fi
 }

@@ -4,8 +4,11 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <filesystem>
+#include <string_view>
 #include <utility>
 
 namespace psrender::options {
@@ -37,6 +40,23 @@ std::vector<std::string> allArguments(int argc, char** argv) {
         result.emplace_back(isHelp ? "--help" : argv[i]);
     }
     return result;
+}
+
+void requireOnlyForJoining(int argc, char** argv) {
+    constexpr std::array<std::string_view, 9> kFitting{"--join",    "--output", "--format",
+                                                       "--config",  "--strict", "--quiet",
+                                                       "--verbose", "-q",       "-v"};
+    for (int i = 1; i < argc && argv[i] != std::string_view("--"); ++i) {
+        const std::string_view argument = argv[i];
+        const std::string_view name = argument.substr(0, argument.find('='));
+        const bool isOption = argument.size() > 1 && argument.front() == '-';
+        const bool fits = name.starts_with("-o") || name.starts_with("-f") ||
+                          std::ranges::find(kFitting, name) != kFitting.end();
+        if (isOption && !fits)
+            throw CLI::ValidationError(
+                "--join",
+                "takes parts as they are; give " + std::string(name) + " where the parts are made");
+    }
 }
 
 }  // namespace psrender::options

@@ -12,4 +12,8 @@ std::string settingsFile();
 /// "-h" asks for help where no length follows, as it is the height, too.
 std::vector<std::string> allArguments(int argc, char** argv);
 
+/// Raises `CLI::ValidationError` for an argument that says how drawings become pages: parts are
+/// joined as they are. Defaults of the user are no matter.
+void requireOnlyForJoining(int argc, char** argv);
+
 }  // namespace psrender::options

@@ -51,6 +51,8 @@ bool isWithin(const std::vector<PageRange>& ranges, std::size_t page) {
 void OutputOptions::addTo(CLI::App& app) {
     CLI::Option* output = addFilesTo(app);
     addBatchTo(app, output);
+    app.add_flag("--join", chosen_.joins,
+                 "the inputs are PostScript documents of psrender: parts that become one");
     app.add_option("--title", chosen_.title, "of the document")->option_text("TEXT");
     app.add_option("--author", chosen_.author, "of the document")->option_text("TEXT");
 }
@@ -92,6 +94,10 @@ void OutputOptions::complete(bool isReported) {
     choosePages();
     chooseOutput(isReported);
     chooseFormat();
+    if (chosen_.joins && std::ranges::count(chosen_.inputs, "-") > 0)
+        throw CLI::ValidationError("--join", "reads its parts twice; give files, not -");
+    if (chosen_.joins && chosen_.format != OutputFormat::ps)
+        throw CLI::ValidationError("--join", "makes PostScript; name the output .ps");
     if (std::ranges::count(chosen_.inputs, "-") > 1)
         throw CLI::ValidationError("IN", "standard input can be read once only");
 }
@@ -149,6 +155,7 @@ void OutputOptions::chooseFormat() {
 }
 
 void OutputOptions::apply(JobRequest& request) const {
+    request.joins = chosen_.joins;
     request.inputs = chosen_.inputs;
     request.output = chosen_.output;
     request.format = chosen_.format;
