@@ -110,6 +110,10 @@ public:
     Core::SmartPtr<IOutputContext> createDocumentFragment(float width, float height) override;
     /// Raises `PrintException` for a context that is no fragment of this document.
     void drawDocumentFragment(Core::SmartPtr<IOutputContext> context) override;
+    /// Places the fragment with its origin at each of `places` in user space: so many calls after a
+    /// translation each, in a third of the bytes. Raises as for one.
+    void drawDocumentFragments(const Core::SmartPtr<IOutputContext>& context,
+                               std::span<const XPointF> places);
     [[nodiscard]] bool isFragmentOf(Core::SmartPtr<IOutputContext> context) const override;
     /// The tile of a `PatternBrush`: what lies outside of (0, 0, width, height) is cut off unless
     /// `PrintForm::setBounds` says otherwise. Both must be above 0.
@@ -139,6 +143,7 @@ private:
     /// Raises `PrintException` outside of a page.
     void checkPage() const;
     void writePageBegin(const SizeF& size);
+    std::uint32_t beginPlacing(const Core::SmartPtr<IOutputContext>& context);
     void showPicture(std::uint32_t id, const Image& image, float x, float y, float width,
                      float height, Brush* fill);
     void showText(const TextRun& run);

@@ -137,7 +137,8 @@ SmartPtr<IOutputContext> PrintDocument::createPatternOutputContext(float width, 
     return Core::makeObject<PrintForm>(*this, SizeF{width, height}, PrintForm::Kind::tile);
 }
 
-void PrintDocument::drawDocumentFragment(SmartPtr<IOutputContext> context) {
+/// The id under which the fragment is known from now on.
+std::uint32_t PrintDocument::beginPlacing(const SmartPtr<IOutputContext>& context) {
     checkPage();
     const auto form = context.dynamicCast<PrintForm>();
     if (!form || !form->belongsTo(*this))
@@ -147,9 +148,24 @@ void PrintDocument::drawDocumentFragment(SmartPtr<IOutputContext> context) {
     contentWriter->flush();
     const FormStore::Id id = form->seal();
     documentParts->noteForm(id, contentWriter->isForm());
+    return id;
+}
+
+void PrintDocument::drawDocumentFragment(SmartPtr<IOutputContext> context) {
+    const std::uint32_t id = beginPlacing(context);
     contentWriter->drawForm(place(), documentParts->forms.shapeOf(id).bounds, [&](TextBuffer& out) {
         out << FormStore::nameOf(id) << " execform\n";
     });
+}
+
+void PrintDocument::drawDocumentFragments(const SmartPtr<IOutputContext>& context,
+                                          std::span<const XPointF> places) {
+    if (places.empty())
+        return;
+    const std::uint32_t id = beginPlacing(context);
+    documentParts->usesPlaces = true;
+    contentWriter->drawForms(place(), FormStore::nameOf(id),
+                             documentParts->forms.shapeOf(id).bounds, places);
 }
 
 bool PrintDocument::isFragmentOf(SmartPtr<IOutputContext> /*context*/) const {

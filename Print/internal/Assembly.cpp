@@ -54,6 +54,8 @@ void Assembly::write(Core::IO::Stream& script, std::uint32_t pageCount, const Bo
     writeHeader(pageCount, ink);
     output_.write("%%BeginProlog\n%%BeginResource: procset PSGraphicsPrint 1 0\n");
     output_.write(kBasicProcedures);
+    if (parts_.usesPlaces)
+        output_.write(kPlacingProcedures);
     if (parts_.usesGradients)
         output_.write(kGradientProcedures);
     if (parts_.usesText)

@@ -36,6 +36,7 @@ void ContentWriter::begin(const Box& sheet) {
     sheet_ = sheet;
     ink_ = {};
     levels_[0] = {};
+    clips_.forget();
 }
 
 void ContentWriter::end() {
@@ -56,6 +57,7 @@ void ContentWriter::flush() {
 /// Back to the first state of the page, which is known, whatever the call did on its way.
 void ContentWriter::Attempt::takeBack() {
     writer_.out_.truncate(size_);
+    writer_.clips_.forget();
     for (; depth_ > 0; --depth_)
         writer_.out_ << "Q\n";
     writer_.out_ << "fs\n";
@@ -101,8 +103,11 @@ void ContentWriter::openClip(const std::vector<ClipPart>& clip) {
 /// Paths are brought to the space of the page; glyphs need their own for a moment.
 void ContentWriter::writeClipPart(const ClipPart& part) {
     if (part.path) {
+        const std::size_t begin = out_.size();
         writePath(*part.path, part.matrix);
         out_ << (part.path->getFillRule() == FillRule::evenOdd ? "E\n" : "W\n");
+        if (kind_ != Kind::form)
+            shortenClip(begin);
         return;
     }
     const auto back = inverse(part.matrix);
@@ -116,6 +121,15 @@ void ContentWriter::writeClipPart(const ClipPart& part) {
         writeMatrix(*back, out_);
         out_ << "cm\n";
     }
+}
+
+/// `begin`: where in the text the clip does.
+void ContentWriter::shortenClip(std::size_t begin) {
+    const std::string shorter = clips_.shorter(out_.view().substr(begin));
+    if (shorter.empty())
+        return;
+    out_.truncate(begin);
+    out_ << shorter;
 }
 
 void ContentWriter::closeClip() {
@@ -219,6 +233,26 @@ void ContentWriter::drawEllipse(const Place& place, Spot centre, double radiusX,
         out_.number(radiusX, decimals_);
         out_.number(radiusY, decimals_);
         out_ << " el ";
+    });
+}
+
+/// Few places a line: an interpreter gathers an array on its operand stack.
+void ContentWriter::drawForms(const Place& place, std::string_view name, const Box& box,
+                              std::span<const XPointF> offsets) {
+    constexpr std::size_t kPlacesALine = 10;
+    Box all;
+    for (const XPointF& offset : offsets)
+        all.holdBox(
+            {box.left + offset.x, box.top + offset.y, box.right + offset.x, box.bottom + offset.y});
+    drawForm(place, all, [&](TextBuffer& out) {
+        while (!offsets.empty()) {
+            const auto line = offsets.first(std::min(kPlacesALine, offsets.size()));
+            offsets = offsets.subspan(line.size());
+            out << name << '[';
+            for (const XPointF& offset : line)
+                writePoint(offset.x, offset.y);
+            out << "]xf\n";
+        }
     });
 }
 

@@ -12,6 +12,7 @@
 #include "Print/internal/DocumentParts.h"
 #include "Print/internal/GradientPaint.h"
 #include "Print/internal/Ink.h"
+#include "Print/internal/RepeatedClips.h"
 #include "Print/internal/TextBuffer.h"
 #include "Print/internal/TextRun.h"
 
@@ -77,6 +78,9 @@ public:
     /// What `use` writes, in the space of `place`, covering `box` of it.
     template <class Use>
     void drawForm(const Place& place, const Box& box, Use use);
+    /// A form that covers `box` around its origin, at each of `offsets`, of which there are some.
+    void drawForms(const Place& place, std::string_view name, const Box& box,
+                   std::span<const XPointF> offsets);
 
     /// Whether nothing can be seen there: no interpreter divides by such a matrix.
     [[nodiscard]] static bool isFlat(const Place& place) { return !inverse(place.matrix); }
@@ -118,6 +122,7 @@ private:
     void closeMatrix();
     void closeClip();
     void writeClipPart(const ClipPart& part);
+    void shortenClip(std::size_t begin);
     [[nodiscard]] Known& known() { return levels_[depth_]; }
     void push();
     void pop();
@@ -152,6 +157,7 @@ private:
     bool hasMatrixLevel_ = false;
     std::vector<ClipPart> wantedClip_;
     std::vector<ClipPart> clip_;  ///< the one that is open
+    RepeatedClips clips_;
     Matrix matrix_;
     int decimals_ = 3;
 };

@@ -46,6 +46,7 @@ public:
     std::string pageRequest;     ///< and from the next page on
     bool usesText = false;       ///< and so the procedures that text takes
     bool usesGradients = false;  ///< and so theirs
+    bool usesPlaces = false;     ///< of forms, and so likewise
     SizeF largestPage;           ///< of both sides the largest so far
 };
 

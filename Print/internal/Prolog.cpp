@@ -8,6 +8,8 @@
 //   g rg k sp         colour: grey, RGB, CMYK, ink
 //   la ra gF gR gS P  gradients: linear, radial, function, repeated function, shading, paint
 //   cf                colour field
+//   xf                a form at several places
+//   C1 ...            clips that come back, defined on their page
 //   tf t T a A Z      text: font, show, with moves, with spacing, both, outlines
 //   ps bp ep fs       page: size, begin, end, first state
 
@@ -39,6 +41,10 @@ const std::string_view kBasicProcedures =
     "/bp{/pg save def .002 setsmoothness fs[1 0 0 -1 0 7 -1 roll]concat}bind def\n"
     "/ep{pg restore showpage}bind def\n"
     "/rq{mark exch{setpagedevice}stopped cleartomark}bind def\n";
+
+const std::string_view kPlacingProcedures =
+    "/xf{0 2 2 index length 2 sub{1 index exch 2 getinterval aload pop\n"
+    "gsave translate 1 index execform grestore}for pop pop}bind def\n";
 
 const std::string_view kGradientProcedures =
     "/gF{8 dict begin/gb exch def/gn exch def/gc exch def/gk gb length 1 add def\n"

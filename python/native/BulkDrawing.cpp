@@ -4,8 +4,10 @@
 
 #include "Drawing/Brush.h"
 #include "Drawing/Matrix.h"
+#include "Print/PrintDocument.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace psgraphics::python {
 
@@ -112,12 +114,21 @@ void placeFragment(IOutputContext& context, const Core::SmartPtr<IOutputContext>
                    const Numbers& offsets, const Matrix& transform) {
     const Rows<float> places = rowsOf(offsets, 2, "offsets");
     const py::gil_scoped_release unlocked;
+    if (auto* document = dynamic_cast<Print::PrintDocument*>(&context)) {
+        std::vector<XPointF> points;
+        for (std::size_t i = 0; i < places.size(); ++i)
+            points.push_back({places[i][0], places[i][1]});
+        document->setTransform(transform);
+        document->drawDocumentFragments(fragment, points);
+        return;
+    }
     for (std::size_t i = 0; i < places.size(); ++i) {
         Matrix place = transform;
         place.translate(places[i][0], places[i][1]);
         context.setTransform(place);
         context.drawDocumentFragment(fragment);
     }
+    context.setTransform(transform);
 }
 
 }  // namespace psgraphics::python

@@ -110,7 +110,7 @@ void bindBulk(Context& context) {
         .def("place_fragment", &placeFragment, py::arg("fragment"), py::arg("offsets"),
              py::arg("transform") = Matrix(),
              "Places the fragment at each row of an (n, 2) array, given in the space that "
-             "`transform` leads to. Leaves the last place's transform.");
+             "`transform` leads to, which holds afterwards.");
 }
 
 }  // namespace

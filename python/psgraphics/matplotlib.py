@@ -37,6 +37,9 @@ _PAPERS = {
 
 # Below it, recording a shape costs more than drawing it anew.
 _LEAST_PLACEMENTS = 4
+# Shorter paths are not searched for curves without extent, and what such curves keep to, in points.
+_LEAST_CURVES = 40
+_LEAST_STEP = 1e-4
 # Side of a hatch's tile in points.
 _HATCH_SIDE = 72
 
@@ -254,19 +257,25 @@ class Renderer(RendererBase):
                       (kind == "square" and gc.get_joinstyle() != "miter")):
             return False
         scale = np.abs([matrix[0, 0], matrix[1, 1]])
-        shapes = np.empty((len(places), 4))
-        self._set_transform()
-        self._set_style(None, self._brush(face))
+        fragment = self._fragment(None, self._brush(face))
         if kind == "disc":
-            shapes[:, :2] = places + (matrix[0, 2], -matrix[1, 2])
-            shapes[:, 2:] = scale + width / 2
-            self._document.draw_ellipses(shapes)
+            fragment.draw_ellipse(matrix[0, 2], -matrix[1, 2], *(scale + width / 2))
         else:
-            middle = matrix[:2] @ (0.5, 0.5, 1)
-            shapes[:, 2:] = scale + width
-            shapes[:, :2] = places + middle * (1, -1) - shapes[:, 2:] / 2
-            self._document.draw_rectangles(shapes)
+            size = scale + width
+            corner = (matrix[:2] @ (0.5, 0.5, 1)) * (1, -1) - size / 2
+            fragment.draw_rectangle(*corner, *size)
+        self._place(fragment, places)
         return True
+
+    def _fragment(self, stroke, fill):
+        fragment = self._document.create_document_fragment(0, 0)
+        fragment.set_stroke(stroke)
+        fragment.set_fill(fill)
+        return fragment
+
+    def _place(self, fragment, places):
+        self._document.place_fragment(fragment, places)
+        self._has_transform = False
 
     def _draw_once(self, path, matrix, place, stroke, fill):
         """A shape around its own origin, at a place of figure space."""
@@ -290,12 +299,9 @@ class Renderer(RendererBase):
             for place in places:
                 self._document.draw_path(ps.Path.from_arrays(vertices + place, codes))
             return
-        fragment = self._document.create_document_fragment(0, 0)
-        fragment.set_stroke(stroke)
-        fragment.set_fill(fill)
+        fragment = self._fragment(stroke, fill)
         fragment.draw_path(ps.Path.from_arrays(vertices, codes))
-        self._document.place_fragment(fragment, places)
-        self._has_transform = True
+        self._place(fragment, places)
 
     def draw_path_collection(self, gc, master_transform, paths, all_transforms, offsets,
                              offset_trans, facecolors, edgecolors, linewidths, linestyles,
@@ -464,7 +470,25 @@ class Renderer(RendererBase):
 
 def _arrays(path, matrix, clip=None, simplify=False, sketch=None):
     """Vertices and codes of a path that a matrix maps, without what is not finite."""
-    return _path.cleanup_path(path, matrix, True, clip, False, 1.0, simplify, True, sketch)
+    return _without_points(*_path.cleanup_path(path, matrix, True, clip, False, 1.0, simplify,
+                                               True, sketch))
+
+
+def _without_points(vertices, codes):
+    """Curves that stay where they begin are left out but for the first of a part, which may show as
+    a dot: the edges of round axes are full of them.
+    """
+    if len(codes) < _LEAST_CURVES:
+        return vertices, codes
+    starts = np.flatnonzero(codes == Path.CURVE4)[::3]
+    starts = starts[codes[starts - 1] != Path.MOVETO]
+    steps = np.abs(vertices[starts[:, None] + (0, 1, 2)] - vertices[starts - 1][:, None])
+    idle = starts[steps.max(axis=(1, 2), initial=0) < _LEAST_STEP]
+    if not len(idle):
+        return vertices, codes
+    kept = np.ones(len(codes), dtype=bool)
+    kept[(idle[:, None] + (0, 1, 2)).ravel()] = False
+    return vertices[kept], codes[kept]
 
 
 def _six(matrix):

@@ -93,9 +93,13 @@ private:
             return;
         output.write("/" + dictionaryOf(part) + " " + std::to_string(names.size() + 2) +
                      " dict def " + dictionaryOf(part) + " begin\n");
-        for (const auto& [own, common] : names)
-            output.write("/" + own + "/" + common +
-                         (own.starts_with('F') ? " def\n" : " load def\n"));
+        for (const auto& [own, common] : names) {
+            output.write("/");
+            output.write(own);
+            output.write("/");
+            output.write(common);
+            output.write(own.starts_with('F') ? " def\n" : " load def\n");
+        }
         output.write("end\n");
     }
 

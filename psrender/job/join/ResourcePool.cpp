@@ -25,6 +25,7 @@ void forEachPiece(const Resource& resource, LineReader& file, Action action) {
 
 /// A digest of the text in which the resource's own names are numbers, and others those of the
 /// whole document.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): final, and never held as a sink.
 class Digester final : public NameSink {
 public:
     Digester(const Resource& resource, const NameTable& known)
@@ -78,6 +79,7 @@ private:
 };
 
 /// Writes the text under the names of the whole document.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): likewise.
 class Renamer final : public NameSink {
 public:
     Renamer(const NameTable& names, Core::IO::Stream& output) : names_(names), output_(output) {}
