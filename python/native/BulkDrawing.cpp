@@ -114,7 +114,8 @@ void placeFragment(IOutputContext& context, const Core::SmartPtr<IOutputContext>
                    const Numbers& offsets, const Matrix& transform) {
     const Rows<float> places = rowsOf(offsets, 2, "offsets");
     const py::gil_scoped_release unlocked;
-    if (auto* document = dynamic_cast<Print::PrintDocument*>(&context)) {
+    auto* document = dynamic_cast<Print::PrintDocument*>(&context);
+    if (document != nullptr && transform == Matrix()) {
         std::vector<XPointF> points;
         for (std::size_t i = 0; i < places.size(); ++i)
             points.push_back({places[i][0], places[i][1]});

@@ -113,6 +113,32 @@ TEST(PrintForm, startsInAStateOfItsOwn) {
     EXPECT_EQ(page.at(30, 27), kWhite) << "its line is 1 wide";
 }
 
+TEST(PrintForm, isPlacedAtManyPointsAtOnce) {
+    const auto draw = [](bool atOnce) {
+        return onePage([=](PrintDocument& document) {
+            std::vector<Drawing::XPointF> places;
+            for (int i = 0; i < 23; ++i)
+                places.push_back({static_cast<float>(i * 17 % 45), static_cast<float>(2 * i)});
+            const auto form = document.createDocumentFragment(5, 5);
+            fill(*form, paintOf(0, 0, 255), 1, 1, 3, 2);
+            document.setTransform({0, 2, -2, 0, 100, 0});
+            if (atOnce)
+                document.drawDocumentFragments(form, places);
+            else
+                for (const Drawing::XPointF& point : places) {
+                    document.setTransform({0, 2, -2, 0, 100 - 2 * point.y, 2 * point.x});
+                    document.drawDocumentFragment(form);
+                }
+            document.drawDocumentFragments(form, {});
+        });
+    };
+    const std::string atOnce = draw(true);
+    const std::string singly = draw(false);
+    EXPECT_EQ(shownPage(singly).bytes, shownPage(atOnce).bytes);
+    EXPECT_EQ(shownPage(atOnce).at(97, 3), kBlue);
+    EXPECT_LT(atOnce.size() + 400, singly.size());
+}
+
 TEST(PrintForm, isDefinedWhereItIsNeeded) {
     const std::string document = printed([](PrintDocument& target) {
         const auto often = target.createDocumentFragment(1, 1);

@@ -80,6 +80,35 @@ TEST(PrintState, clipsToAllPathsInTheSpaceOfTheirTime) {
     EXPECT_EQ(page.at(5, 95), (Picture::Pixel{255, 0, 0})) << "clip taken off";
 }
 
+TEST(PrintState, writesAClipThatComesBackOnce) {
+    const std::string document = onePage([](PrintDocument& page) {
+        const auto disc = makeObject<Drawing::Path>();
+        disc->moveTo(50, 0);
+        for (int i = 1; i < 12; ++i)
+            disc->lineTo(50 + 50 * std::sin(static_cast<float>(i) / 2),
+                         50 - 50 * std::cos(static_cast<float>(i) / 2));
+        page.setStroke(nullptr);
+        page.setFill(paintOf(255, 0, 0));
+        for (int i = 0; i < 4; ++i) {
+            page.setClip({disc});
+            page.drawRectangle(0, static_cast<float>(25 * i), 100, 20, 0, 0);
+            page.setClip({});
+            page.drawRectangle(0, static_cast<float>(25 * i + 22), 3, 1, 0, 0);
+        }
+    });
+    const std::string point = "50 0 m\n";
+    const std::size_t first = document.find(point);
+    const std::size_t second = document.find(point, first + 1);
+    ASSERT_NE(std::string::npos, second);
+    EXPECT_EQ(std::string::npos, document.find(point, second + 1));
+    const Picture page = shownPage(document);
+    for (const int top : {0, 25, 75}) {
+        EXPECT_EQ(page.at(50, top + 10), (Picture::Pixel{255, 0, 0})) << top;
+        EXPECT_EQ(page.at(1, top + 2), kWhite) << top;
+        EXPECT_EQ(page.at(1, top + 22), (Picture::Pixel{255, 0, 0})) << "without the clip";
+    }
+}
+
 TEST(PrintState, clipsToTextAndForgetsTheClipOnTheNextPage) {
     const Interpretation result = interpret(printed([](PrintDocument& document) {
         document.startPage({100, 100});
